@@ -1,0 +1,21 @@
+# shellcheck shell=bash
+# Programs with windows on machines without a screen.
+
+# on_virtual_display COMMAND...: runs the command on an X display that exists in memory only, large
+# enough for all the windows side by side. The command's exit status is kept.
+on_virtual_display() {
+    env --unset=WAYLAND_DISPLAY --unset=QT_SCALE_FACTOR QT_QPA_PLATFORM=xcb \
+        xvfb-run --auto-servernum --server-args='-screen 0 1920x1200x24' "$@"
+}
+
+# The same surroundings for every user and on every machine: texts in UTF-8, messages in English, and
+# the folder for sockets that Qt asks for, where the session gives none (as in a container). That
+# folder goes when the script ends.
+provide_plain_session() {
+    export LC_ALL=C.UTF-8
+    if [[ -z ${XDG_RUNTIME_DIR:-} ]]; then
+        XDG_RUNTIME_DIR=$(mktemp --directory)
+        export XDG_RUNTIME_DIR
+        trap 'rm -rf "$XDG_RUNTIME_DIR"' EXIT
+    fi
+}
