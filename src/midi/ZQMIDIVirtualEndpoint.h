@@ -1,0 +1,36 @@
+#pragma once
+
+#include <atomic>
+
+#include "midi/ZQMIDIEndpoint.h"
+
+namespace midi {
+
+/// An endpoint that this process publishes; it is there from construction to destruction. It must
+/// not outlive its manager.
+class ZQMIDIVirtualEndpoint : public ZQMIDIEndpoint {
+public:
+    /// Whether other programs are asked not to show the endpoint.
+    [[nodiscard]] bool isPrivate() const;
+    void makePrivate(bool isPrivate);
+
+    /// While there is a sender or a receiver.
+    [[nodiscard]] bool ioIsRunning() const final { return ioIsRunning_; }
+    void startIO() final { ioIsRunning_ = true; }
+    void stopIO() final { ioIsRunning_ = false; }
+
+protected:
+    explicit ZQMIDIVirtualEndpoint(ZQMIDIManager& manager) : ZQMIDIEndpoint(manager) {}
+
+    /// Publishes the endpoint under a unique ID of its own, marked as this process's, and binds to
+    /// it; all of it unnoticed by the manager.
+    void publish(std::string_view name);
+    void withdraw();
+
+private:
+    [[nodiscard]] virtual platform::MIDIEndpointRef create(std::string_view name) = 0;
+
+    std::atomic<bool> ioIsRunning_ = false;
+};
+
+}  // namespace midi
