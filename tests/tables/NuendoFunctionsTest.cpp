@@ -1,0 +1,158 @@
+#include <array>
+#include <string_view>
+
+#include "tables/ExpectTexts.h"
+#include "tables/data.h"
+
+namespace tables {
+namespace {
+
+// clang-format off
+constexpr auto everyNote = std::to_array<std::string_view>({
+    "-1(C)   REC CH.1",
+    "-1(C#) REC CH.2",
+    "-1(D)   REC CH.3",
+    "-1(D#) REC CH.4",
+    "-1(E)   REC CH.5",
+    "-1(F)   REC CH.6",
+    "-1(F#) REC CH.7",
+    "-1(G)   REC CH.8",
+    "-1(G#) SOLO CH.1",
+    "-1(A)   SOLO CH.2",
+    "-1(A#) SOLO CH.3",
+    "-1(B)   SOLO CH.4",
+    "(C)     SOLO CH.5",
+    "(C#)   SOLO CH.6",
+    "(D)     SOLO CH.7",
+    "(D#)   SOLO CH.8",
+    "(E)     MUTE CH.1",
+    "(F)     MUTE CH.2",
+    "(F#)   MUTE CH.3",
+    "(G)     MUTE CH.4",
+    "(G#)   MUTE CH.5",
+    "(A)     MUTE CH.6",
+    "(A#)   MUTE CH.7",
+    "(B)     MUTE CH.8",
+    "1(C)    SELECT CH.1",
+    "1(C#)  SELECT CH.2",
+    "1(D)    SELECT CH.3",
+    "1(D#)  SELECT CH.4",
+    "1(E)    SELECT CH.5",
+    "1(F)    SELECT CH.6",
+    "1(F#)  SELECT CH.7",
+    "1(G)    SELECT CH.8",
+    "1(G#)  V_Select CH.1",
+    "1(A)    V_Select CH.2",
+    "1(A#)  V_Select CH.3",
+    "1(B)    V_Select CH.4",
+    "2(C)    V_Select CH.5",
+    "2(C#)  V_Select CH.6",
+    "2(D)    V_Select CH.7",
+    "2(D#)   V_Select CH.8",
+    "2(E)    Page UP",
+    "2(F)    Page DOWN",
+    "2(F#)  ASSIGNMENT:PAN/SURROUND",
+    "2(G)    ASSIGNMENT:PLUG-IN",
+    "2(G#)  ASSIGNMENT:EQ",
+    "2(A)    FX Send",
+    "2(A#)  ASSIGNMENT:BANK Left",
+    "2(B)    ASSIGNMENT:BANK Right",
+    "3(C)    ASSIGNMENT:CHANNEL Left",
+    "3(C#)  ASSIGNMENT:CHANNEL Right",
+    "3(D)    FLIP",
+    "3(D#)  GLOBAL VIEW",
+    "3(E)    NAME/VALUE",
+    "3(F)    SMPTE/BEATS",
+    "3(F#)  F1",
+    "3(G)    F2",
+    "3(G#)  F3",
+    "3(A)    F4",
+    "3(A#)  F5",
+    "3(B)    F6",
+    "4(C)    F7",
+    "4(C#)  F8",
+    "4(D)    GLOBAL VIEW:MIDI TRACKS",
+    "4(D#)  GLOBAL VIEW:INPUTS",
+    "4(E)    GLOBAL VIEW:AUDIO TRACKS",
+    "4(F)    GLOBAL VIEW:AUDIO INSTRUMENT",
+    "4(F#)  GLOBAL VIEW:AUX",
+    "4(G)    GLOBAL VIEW:BUSSES",
+    "4(G#)  GLOBAL VIEW:OUTPUTS",
+    "4(A)    GLOBAL VIEW:USER",
+    "4(A#)  SHIFT",
+    "4(B)    OPTION",
+    "5(C)    CONTROL",
+    "5(C#)  CMD/ALT",
+    "5(D)    AUTOMATION:READ/OFF",
+    "5(D#)  AUTOMATION:WRITE",
+    "5(E)    AUTOMATION:TRIM",
+    "5(F)    AUTOMATION:TOUCH",
+    "5(F#)  AUTOMATION:LATCH",
+    "5(G)    GROUP",
+    "5(G#)  UTILITIES:SAVE",
+    "5(A)    UTILITIES:UNDO",
+    "5(A#)  UTILITIES:CANCEL",
+    "5(B)    UTILITIES:ENTER",
+    "6(C)    MARKER",
+    "6(C#)  NUDGE",
+    "6(D)    CYCLE",
+    "6(D#)  DROP",
+    "6(E)    REPLACE",
+    "6(F)    CLICK",
+    "6(F#)  SOLO",
+    "6(G)    REWIND",
+    "6(G#)  FAST FWD",
+    "6(A)    STOP",
+    "6(A#)  PLAY",
+    "6(B)    RECORD",
+    "7(C)    Cursor UP",
+    "7(C#)  Cursor DOWN",
+    "7(D)    Cursor Left",
+    "7(D#)  Cursor Right",
+    "7(E)    Zoom",
+    "7(F)    Scrub",
+    "7(F#)  User Switch A",
+    "7(G)    User Switch B",
+    "7(G#)  Fader Touch CH.1",
+    "7(A)    Fader Touch CH.2",
+    "7(A#)  Fader Touch CH.3",
+    "7(B)    Fader Touch CH.4",
+    "8(C)    Fader Touch CH.5",
+    "8(C#)  Fader Touch CH.6",
+    "8(D)    Fader Touch CH.7",
+    "8(D#)  Fader Touch CH.8",
+    "8(E)    Fade Touch Master",
+    "8(F)    SMPTE LED",
+    "8(F#)  BEATS LED",
+    "8(G)    RUDE SOLO LIGHT",
+    "8(G#)  Relay click",
+    "8(A)   - - -",
+    "8(A#)  - - -",
+    "8(B)   - - -",
+    "9(C)   - - -",
+    "9(C#)  - - -",
+    "9(D)   - - -",
+    "9(D#)  - - -",
+    "9(E)   - - -",
+    "9(F)   - - -",
+    "9(F#)  - - -",
+    "9(G)   - - -",
+});
+// clang-format on
+
+TEST(NuendoFunctions, NameEveryNoteAndWhatItDoes) {
+    expectTexts(data::ND(), everyNote);
+}
+
+TEST(NuendoFunctions, Note39HasThreeBlanksWhereItsNeighboursHaveTwoOrFour) {
+    EXPECT_EQ(data::ND()[37], "2(C#)  V_Select CH.6");
+    EXPECT_EQ(data::ND()[38], "2(D)    V_Select CH.7");
+    EXPECT_EQ(data::ND()[39], "2(D#)   V_Select CH.8");
+}
+
+TEST(NuendoFunctions, Note40IsPageUp) {
+    EXPECT_EQ(data::ND()[40], "2(E)    Page UP");
+}
+
+}  // namespace
+}  // namespace tables
