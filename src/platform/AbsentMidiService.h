@@ -12,6 +12,7 @@ public:
         *client = 0;
         return kMIDIServerStartErr;
     }
+    OSStatus MIDIClientDispose(MIDIClientRef) override { return kMIDIInvalidClient; }
     std::uint32_t MIDIGetNumberOfSources() override { return 0; }
     MIDIEndpointRef MIDIGetSource(std::uint32_t) override { return 0; }
     std::uint32_t MIDIGetNumberOfDestinations() override { return 0; }

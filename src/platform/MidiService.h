@@ -5,7 +5,8 @@
 // computer without MIDI). Handles are plain integers, 0 is none; results are codes, 0 is success.
 //
 // All operations belong to the main thread, with these exceptions: MIDIReceived may be called on
-// any thread, and a read callback runs on the service's input thread. Once MIDIPortDispose or
+// any thread, a read callback runs on the service's input thread, and a read callback may itself
+// send and create, connect, disconnect and dispose of ports. Once MIDIPortDispose or
 // MIDIEndpointDispose has returned, no read callback of that port or endpoint runs any more,
 // unless the call came from within that very callback.
 
@@ -87,7 +88,10 @@ public:
     /// A failure leaves `*client` 0.
     virtual OSStatus MIDIClientCreate(std::string_view name, MIDINotifyProc notify, void* refCon,
                                       MIDIClientRef* client) = 0;
+    /// Ends the connection, as the end of the process does: `notify` is not called any more.
+    virtual OSStatus MIDIClientDispose(MIDIClientRef client) = 0;
 
+    /// Without a client nothing is listed.
     virtual std::uint32_t MIDIGetNumberOfSources() = 0;
     virtual MIDIEndpointRef MIDIGetSource(std::uint32_t index) = 0;  ///< 0 outside the list
     virtual std::uint32_t MIDIGetNumberOfDestinations() = 0;

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "platform/PacketList.h"
+
+namespace platform::software {
+
+struct RecordedPacket {
+    std::uint64_t timeStamp = 0;
+    std::vector<std::uint8_t> bytes;
+
+    bool operator==(const RecordedPacket&) const = default;
+};
+
+/// A packet list, kept.
+using RecordedPacketList = std::vector<RecordedPacket>;
+
+[[nodiscard]] inline RecordedPacketList recordOf(const MIDIPacketList& list) {
+    RecordedPacketList record;
+    forEachPacket(list, [&](std::uint64_t timeStamp, std::span<const std::uint8_t> bytes) {
+        record.push_back({timeStamp, {bytes.begin(), bytes.end()}});
+    });
+    return record;
+}
+
+}  // namespace platform::software
