@@ -1,0 +1,109 @@
+#pragma once
+
+// Everything the editor knows, apart from what its widgets show. The main window's actions and the
+// pad editor share it; the composition root creates it. Control indexes are 0 to 79 or 127 (none),
+// layers 0 to 3 or 255 (none lit).
+
+#include <array>
+#include <cstdint>
+
+#include "config/layout.h"
+#include "config/stores.h"
+
+namespace editor {
+
+inline constexpr int noControl = config::noControl;
+inline constexpr int noLayer = 255;
+
+/// Message kinds as `combo_type` lists them.
+inline constexpr int kindNote = 0;
+inline constexpr int kindControlChange = 1;
+inline constexpr int kindProgramChange = 2;
+inline constexpr int kindUnknown = 63;
+
+/// DAW modes as `combo_mode` lists them; 1 to 5 are the factory modes.
+inline constexpr int userDefinedMode = 0;
+inline constexpr int nuendoMode = 1;
+inline constexpr int samplitudeMode = 2;
+inline constexpr int liveMode = 3;
+inline constexpr int logicMode = 4;
+inline constexpr int huiMode = 5;
+
+/// Positions of the blank entry: the lengths of the lists it is appended to.
+inline constexpr std::array<int, 5> tcmtv = {
+    3,    // combo_type
+    16,   // combo_chan
+    128,  // combo_cc
+    4,    // combo_trig
+    108,  // the pad editor's combo_curConst
+};
+
+/// One flag a layer; a layer outside 0 to 3 has none.
+class LayerFlags {
+public:
+    [[nodiscard]] bool isSet(int layer) const { return exists(layer) && flags_[index(layer)] != 0; }
+    void set(int layer, bool on) {
+        if (exists(layer)) {
+            flags_[index(layer)] = on ? 1 : 0;
+        }
+    }
+    void clear() { flags_ = {}; }
+
+private:
+    static bool exists(int layer) { return layer >= 0 && layer < config::layerCount; }
+    static std::size_t index(int layer) { return static_cast<std::size_t>(layer); }
+    std::array<std::uint8_t, config::layerCount> flags_{};
+};
+
+/// Which control is edited.
+struct Selection {
+    int keyEvnt = 0;               ///< the control being edited
+    int keyEvnt_bak = 0;           ///< the one before; its button is highlighted
+    int keyEvnt_bak_pad = 0;       ///< parked while a factory mode is shown
+    std::array<int, 4> key_sel{};  ///< last ordinary control of each mode layer
+    int msg_Typ = kindNote;        ///< message kind shown in `combo_type`
+    int select_type = kindNote;    ///< message kind a person chose last
+    int selTag2 = noControl;
+};
+
+/// Which layer block is shown and edited, and which layer buttons stand for it.
+struct Layers {
+    int layrData = 0;  ///< block whose bytes are shown and edited
+    int m_moLa = 0;    ///< current mode layer
+    int m_moLa_bakup = 0;
+    int m_paLa = 0;  ///< current pad layer
+    int varPaLaDwn = 0;
+    LayerFlags bTrigAll;  ///< an "All Momentary" or "All Toggle" choice is in force
+};
+
+/// DAW mode.
+struct Modes {
+    int machn_mod = 0;
+    int machn_mod_bakup = 0;  ///< the mode before the current switch
+    int sysExData_modeBackup = 0;
+};
+
+/// The pad editor's working copy and state.
+struct PadEditing {
+    config::Image sysbuf_domal{};  ///< laid out like `sysData`; blocks 1 to 3 are used
+    int m_zPaLayer_CurSel = 0;     ///< pad layer shown in the pad editor
+    int m_zPaLayer_FirSel = 0;     ///< pad layer at which it was opened
+    int m_pad_CurSel = 0;          ///< control last selected in the pad editor
+    int pad_modal = 0;             ///< 1 while the pad editor is open
+    LayerFlags abChAll;            ///< a channel change applies to all nine pads
+    std::array<std::int8_t, 4> SYSBuf_vel_bak{};  ///< last constant velocity of each layer
+    int isInit2 = 0;
+};
+
+struct EditorState {
+    config::Image sysData{};
+    config::Stores stores;
+    Selection selection;
+    Layers layers;
+    Modes modes;
+    PadEditing pads;
+    int bChange = 0;  ///< 1: a channel or number was changed since the last save or load
+    int isInit = 0;   ///< 1: the main window has finished waking
+};
+
+}  // namespace editor

@@ -1,0 +1,179 @@
+#pragma once
+
+// The main window's controller: every action of the window, and what the actions are made of. The
+// actions are grouped by subject, a file each:
+//
+//   startUp.cpp     the image is built, the window wakes, the window follows the image
+//   selection.cpp   a control is selected and its assignment shown
+//   layers.cpp      mode layers, pad layers, the lock
+//   properties.cpp  a choice in a property box is written into the image
+//   modeSwitch.cpp  DAW modes and User Defined mode
+//   typeJudge.cpp   boxes brought in line with the image after a load
+//   labels.cpp      host function labels for one control
+//   transfer.cpp    Send
+//   shell.cpp       the other windows, the end of the program
+//
+// The pad editor is `pad`. Nothing here draws: the widgets are models.
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "devices/seldev.h"
+#include "editor/EditorState.h"
+#include "editor/MainWindow.h"
+#include "platform/PacketList.h"
+#include "shell/about.h"
+#include "tables/List.h"
+#include "toolkit/Desktop.h"
+
+namespace editor {
+
+class mainController {
+public:
+    /// Builds the image and both stores. Everything handed in must outlive the controller.
+    mainController(EditorState& state, MainWindow& window, toolkit::Desktop& desktop,
+                   devices::seldevChoice& devices);
+    mainController(const mainController&) = delete;
+    mainController& operator=(const mainController&) = delete;
+
+    /// The window is loaded: fills the button tables and the boxes.
+    void awakeFromNib();
+
+    // Start-up and loads
+    void update_Aft_LoadFile();
+    void judge();
+
+    // Selection
+    void typeSelect1(toolkit::Button& sender);
+    void dataChg(int control);
+    void dataChgCore(int control);
+    void cleanBnSel();
+    void keepBnSel(int control);
+    void getKeySel(int modeLayer);
+    void setKeySel();
+    void rmTypSel();
+    void rmChanSel();
+    void rmTrigSel();
+    void rmMsgSel();
+    void toggle();
+    void gradual();
+
+    // Connection points without an effect
+    void typeSelect2() {}
+    void substain() {}
+    void drv_ver_func() {}
+    void next() {}
+    void back() {}
+    void subUpdate2() {}
+    void ik_Push() {}
+    void ik_Pop() {}
+
+    // Mode layers, pad layers, lock
+    void onMoLa(toolkit::Button& sender);
+    void moLa(int modeLayer);
+    void off_MoLa();
+    void on_MoLa(int modeLayer);
+    void set_MoLa(int modeLayer);
+    void set_PaLa(int padLayer);
+    void onPaLa(toolkit::Button& sender);
+    void paLa(int padLayer);
+    void paLa234(int padLayer);
+    void pad234();
+    void paLa_Pre();
+    void paLa_Post(int padLayer);
+    void dataChgCore_pad(int control);
+    void onLok();
+    void lockCheck();
+
+    // Property boxes
+    /// A person chose in `box`; boxes of other windows are ignored.
+    void comboBoxSelectionIsChanging(toolkit::ComboBox& box);
+    /// Position in `combo_type` for a mode byte.
+    [[nodiscard]] static int TypOxOX_2Index(int modeByte);
+    void toggleGray();
+    void triggerEnable();
+    void setPaCc_domal(int layer, int control, int value);
+    void setPaChan_domal(int layer, int control, int value);
+    void setPaIntrvl_domal(int layer, int value);
+    void setPaCurv_domal(int layer, int value);
+
+    // After a load
+    void typeJudge();
+    void selchange_Aft_TypeJudg();
+
+    // Host function labels
+    /// Sets type, value and channel box and the value's caption for one control under the current
+    /// mode. No action calls it.
+    void lie_note(int control);
+
+    // Send
+    void sendData();
+    /// A second form of message, which no command sends; the caller owns the list.
+    [[nodiscard]] static platform::MIDIPacketListPtr getMidiPacketList();
+
+    // The program and its other windows
+    void exit();
+    void windowWillClose();
+    /// Brings the main window back; the answer is always no.
+    [[nodiscard]] bool applicationShouldTerminateAfterLastWindowClosed();
+    /// The answer is always yes: there is no question about unsaved changes.
+    [[nodiscard]] static bool applicationShouldTerminate();
+    void about();
+    void midiSelect();
+    void setver(std::int32_t version) { version_ = version; }
+    [[nodiscard]] std::int32_t ver() const { return version_; }
+
+    [[nodiscard]] const std::string& prog_name() const { return programName_; }
+
+private:
+    void connectActions();
+    void fillBoxes();
+    /// `combo_chan`, `combo_type`, `combo_cc`, `combo_trig`.
+    [[nodiscard]] std::array<toolkit::ComboBox*, 4> propertyBoxes();
+
+    /// The button of a control; a pad's is found through `aMapPad`.
+    [[nodiscard]] toolkit::Button& buttonOf(int control);
+    void showBlank(toolkit::ComboBox& box);
+    void showBlanksBesidePadEditor();
+    void showControl(tables::List listForUnknownKind);
+    void showSelectionAfresh();
+    void showChannelAfresh();
+    void greyTrigger(int control);
+    void judgeKind(int modeByte);
+    void refillValues(tables::List listForUnknownKind);
+    void showAssignment(int layer, int control);
+    [[nodiscard]] int triggerIndex(int layerOfFlag, int control, int modeByte) const;
+
+    void refillForKind(int modeByte);
+    void labelUserDefined(int control);
+    void labelFactoryMode(int mode, int control);
+
+    void copyToWorkingCopy();
+    void takeBackPadEdits();
+    void showLock(int layer);
+
+    void chooseChannel(int index);
+    void chooseNumber(int index);
+    void chooseKind(int index);
+    void chooseTrigger(int index);
+    void makeWholeLayerTrigger(int layer, bool toggles);
+
+    void switchMode(int newMode);
+    void clearSelection();
+    void leaveForFactoryMode();
+    void returnToUserDefined();
+    void settleInUserDefined(bool modeChanged);
+
+    EditorState& state_;
+    MainWindow& window_;
+    toolkit::Desktop& desktop_;
+    devices::seldevChoice& devices_;
+
+    std::unique_ptr<shell::about> ab_;  // made on first use, then kept
+    std::string programName_;
+    std::int32_t version_ = 0;
+};
+
+}  // namespace editor

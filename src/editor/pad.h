@@ -1,0 +1,94 @@
+#pragma once
+
+// The pad editor: the nine pads of pad layers 1 to 3 (shown as 2 to 4), edited in a modal window
+// on a working copy of the image. What a change also writes into the live image at once is part of
+// the product, although the main window takes the whole working copy back when the editor closes.
+
+#include <array>
+
+#include "editor/EditorState.h"
+#include "editor/MainWindow.h"
+#include "toolkit/Button.h"
+#include "toolkit/ComboBox.h"
+#include "toolkit/Desktop.h"
+#include "toolkit/TextField.h"
+#include "toolkit/WindowController.h"
+
+namespace editor {
+
+class pad final : public toolkit::WindowController {
+public:
+    pad(EditorState& state, MainWindow& mainWindow, toolkit::Desktop& desktop);
+
+    // Outlets. The pad-layer buttons carry the tags 36 to 39; `m_paLa0` is never used.
+    toolkit::Button m_paLa0;
+    toolkit::Button m_paLa1;
+    toolkit::Button m_paLa2;
+    toolkit::Button m_paLa3;
+    /// The outlets `p1` to `p9`, tags 65 to 73.
+    std::array<toolkit::Button, config::padCount> m_pads =
+        lightingButtons<config::padCount>(config::firstPad);
+    toolkit::Button finish;
+    toolkit::TextField tx_Non;         ///< "Const" or "None"
+    toolkit::ComboBox combo_chan;      ///< channel of the pad, or of all pads
+    toolkit::ComboBox combo_chanMod;   ///< which of the two
+    toolkit::ComboBox combo_msg;       ///< note of the pad
+    toolkit::ComboBox combo_intervl;   ///< pad interval of the layer: item 0 is 25 ms
+    toolkit::ComboBox combo_curv;      ///< velocity curve of the layer
+    toolkit::ComboBox combo_curConst;  ///< constant velocity of the layer: item 0 is 20
+
+    void awakeFromNib() override;
+    void windowWillClose() override;
+    void OnFinish();
+
+    void onSele(toolkit::Button& sender);
+    /// The operation `pad:`; a constructor's name is not free for it.
+    void selectPad(int control);
+    void pad_core(int control);
+    void data_change_pad(int control);
+    void OnzPaLa(toolkit::Button& sender);
+    void zPaLa(int padLayer);
+    void PaLa(int padLayer);
+    void rmVelSel();
+    void comboBoxSelectionIsChanging(toolkit::ComboBox& box);
+
+    void setPaCc_domal(int layer, int control, int value);
+    void setPaChan_domal(int layer, int control, int value);
+    void setPaIntrvl_domal(int layer, int value);
+    void setPaCurv_domal(int layer, int value);
+
+    // Not called by anything, and not to be: they take the tag itself for a position. Outside the
+    // nine pads they do nothing.
+    void cleanPadSel();
+    void keepPadSel(int tag);
+
+private:
+    void connectActions();
+    void fillBoxes();
+    void showLayerSettings(int padLayer);
+    void showVelocity(int padLayer);
+    void enableBoxes();
+
+    void chooseChannel(int index);
+    void chooseInterval(int index);
+    void chooseCurve(int index);
+    void chooseConstantVelocity(int index);
+    void chooseChannelMode(int index);
+    void chooseNote(int index);
+
+    [[nodiscard]] int currentLayer() const { return state_.pads.m_zPaLayer_CurSel; }
+    [[nodiscard]] int currentPad() const { return state_.pads.m_pad_CurSel; }
+    [[nodiscard]] toolkit::Button& ownButtonOf(int control);
+    [[nodiscard]] toolkit::Button& mainButtonOf(int control);
+    [[nodiscard]] toolkit::Button& layerButton(int padLayer);
+    [[nodiscard]] std::int8_t& keptVelocity(int padLayer);
+
+    EditorState& state_;
+    MainWindow& mainWindow_;
+    toolkit::Desktop& desktop_;
+
+    /// The layer buttons by pad layer. The first entry repeats the second.
+    std::array<toolkit::Button*, 4> m_paLas_;
+};
+
+}  // namespace editor

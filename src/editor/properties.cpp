@@ -1,0 +1,135 @@
+// A person's choice in a property box is written into the image, for the edited control in the
+// edited layer.
+
+#include "editor/mainController.h"
+#include "editor/padWriters.h"
+
+namespace editor {
+
+namespace {
+
+constexpr int blankKind = tcmtv[0];
+constexpr int blankChannel = tcmtv[1];
+constexpr int blankNumber = tcmtv[2];
+constexpr int blankTrigger = tcmtv[3];
+
+/// The message kind's bits of the mode byte, for each position of `combo_type`.
+constexpr std::array<int, 3> kindBits = {9, 11, 12};
+
+}  // namespace
+
+void mainController::comboBoxSelectionIsChanging(toolkit::ComboBox& box) {
+    const int index = box.indexOfSelectedItem();
+    if (&box == &window_.combo_mode) {
+        switchMode(index);
+        return;
+    }
+    if (state_.selection.keyEvnt == noControl) {
+        return;
+    }
+    if (&box == &window_.combo_chan) {
+        chooseChannel(index);
+    } else if (&box == &window_.combo_type) {
+        chooseKind(index);
+    } else if (&box == &window_.combo_cc) {
+        chooseNumber(index);
+    } else if (&box == &window_.combo_trig) {
+        chooseTrigger(index);
+    }
+}
+
+void mainController::chooseChannel(int index) {
+    const int layer = state_.layers.layrData;
+    const int control = state_.selection.keyEvnt;
+    const int stored = config::channel(state_.sysData, layer, control);
+    if (index == blankChannel) {
+        window_.combo_chan.selectItemAtIndex(stored);
+    } else if (index >= 0 && index != stored) {
+        config::setChannel(state_.sysData, layer, control, index);
+        state_.bChange = 1;
+    }
+}
+
+void mainController::chooseNumber(int index) {
+    const int layer = state_.layers.layrData;
+    const int control = state_.selection.keyEvnt;
+    const int stored = config::number(state_.sysData, layer, control);
+    if (index == blankNumber) {
+        window_.combo_cc.selectItemAtIndex(stored);
+    } else if (index >= 0 && index != stored) {
+        config::setNumber(state_.sysData, layer, control, index);
+        state_.bChange = 1;
+    }
+}
+
+void mainController::chooseKind(int index) {
+    const int layer = state_.layers.layrData;
+    const int control = state_.selection.keyEvnt;
+    const int modeByte = config::mode(state_.sysData, layer, control);
+    state_.selection.msg_Typ = index;
+    if (index == blankKind) {
+        window_.combo_type.selectItemAtIndex(TypOxOX_2Index(modeByte));
+    } else if (index >= 0) {
+        state_.selection.select_type = index;
+        config::setMode(state_.sysData, layer, control,
+                        (modeByte & 0xE0) + kindBits[static_cast<std::size_t>(index)]);
+    }
+    dataChgCore(control);
+}
+
+int mainController::TypOxOX_2Index(int modeByte) {
+    const int bits = (modeByte & 6) >> 1;
+    return bits % 3 + bits / 3;
+}
+
+void mainController::chooseTrigger(int index) {
+    const int layer = state_.layers.layrData;
+    const int control = state_.selection.keyEvnt;
+    const int modeByte = config::mode(state_.sysData, layer, control);
+    if (index == 0 || index == 1) {
+        state_.layers.bTrigAll.set(layer, false);
+        config::setMode(state_.sysData, layer, control, (modeByte & 0x1F) | (index * 0x40));
+    } else if (index == 2 || index == 3) {
+        state_.layers.bTrigAll.set(layer, true);
+        makeWholeLayerTrigger(layer, index == 3);
+    } else if (index == blankTrigger && window_.combo_cc.indexOfSelectedItem() == blankTrigger) {
+        // It is the value box that decides whether the stored choice is shown again, and the pad
+        // layer's "All" flag that is asked. Both are meant.
+        window_.combo_trig.selectItemAtIndex(triggerIndex(state_.layers.m_paLa, control, modeByte));
+    }
+}
+
+/// Controls 0 to 46. The last encoder push, 47, is left out although it has a trigger behaviour;
+/// that is meant.
+void mainController::makeWholeLayerTrigger(int layer, bool toggles) {
+    constexpr int lastControl = 46;
+    for (int control = 0; control <= lastControl; ++control) {
+        const int modeByte = config::mode(state_.sysData, layer, control);
+        config::setMode(state_.sysData, layer, control, (modeByte & 0xBF) | (toggles ? 0x40 : 0));
+    }
+}
+
+void mainController::toggleGray() {
+    window_.combo_trig.setEnabled(false);
+}
+
+void mainController::triggerEnable() {
+    constexpr std::size_t triggerByte = 73;
+    window_.trigger.setEnabled(true);
+    window_.trigger.setState(state_.sysData[triggerByte] != 0 ? 1 : 0);
+}
+
+void mainController::setPaCc_domal(int layer, int control, int value) {
+    padWriters::setPaCc_domal(state_.sysData, layer, control, value);
+}
+void mainController::setPaChan_domal(int layer, int control, int value) {
+    padWriters::setPaChan_domal(state_.sysData, layer, control, value);
+}
+void mainController::setPaIntrvl_domal(int layer, int value) {
+    padWriters::setPaIntrvl_domal(state_.sysData, layer, value);
+}
+void mainController::setPaCurv_domal(int layer, int value) {
+    padWriters::setPaCurv_domal(state_.sysData, layer, value);
+}
+
+}  // namespace editor

@@ -1,0 +1,36 @@
+// The program's other windows, and its end.
+
+#include "editor/mainController.h"
+
+namespace editor {
+
+void mainController::exit() {
+    desktop_.exit(0);
+}
+
+void mainController::windowWillClose() {
+    desktop_.exit(0);
+}
+
+bool mainController::applicationShouldTerminateAfterLastWindowClosed() {
+    window_.window.makeKeyAndOrderFront();
+    return false;
+}
+
+bool mainController::applicationShouldTerminate() {
+    return true;
+}
+
+void mainController::about() {
+    if (!ab_) {
+        ab_ = std::make_unique<shell::about>();
+    }
+    desktop_.showWindow(*ab_);
+}
+
+void mainController::midiSelect() {
+    devices::seldev dialog(devices_, desktop_);
+    desktop_.runModalForWindow(dialog);
+}
+
+}  // namespace editor

@@ -1,0 +1,32 @@
+// Send: the whole image to the controller, a message for each layer.
+
+#include "config/transfer.h"
+
+#include "editor/mainController.h"
+
+namespace editor {
+
+void mainController::sendData() {
+    midi::ZQMIDIRealDestination* output = devices_.OutDevice();
+    if (output == nullptr || !output->isOnline()) {
+        desktop_.runAlertPanel({"Tormelk Wyro", "Please select MIDI device first"});
+        return;
+    }
+    output->addSender(this);
+    for (int layer = 0; layer < config::layerCount; ++layer) {
+        const platform::MIDIPacketListPtr list =
+            platform::makeOnePacketList(config::layerBlock(state_.sysData, layer));
+        if (midi::ZQMIDIRealDestination* current = devices_.OutDevice()) {
+            current->processMIDIPacketList(*list, this);
+        }
+        desktop_.sleepForTimeInterval(config::pauseAfterBlock);
+    }
+    output->removeSender(this);
+    desktop_.runAlertPanel({"Tormelk Wyro", "Send Done"});
+}
+
+platform::MIDIPacketListPtr mainController::getMidiPacketList() {
+    return platform::makeOnePacketList(config::secondMessageForm);
+}
+
+}  // namespace editor

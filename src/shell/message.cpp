@@ -1,0 +1,24 @@
+#include "shell/message.h"
+
+namespace shell {
+
+message::message(toolkit::Desktop& desktop, std::uint8_t& answer) : desktop_(desktop), a_(answer) {
+    okButton.action = [this](toolkit::Button&) { ok(); };
+    cancelButton.action = [this](toolkit::Button&) { cancel(); };
+}
+
+void message::ok() {
+    a_ = 1;
+    window().close();
+}
+
+void message::cancel() {
+    a_ = 0;
+    window().close();
+}
+
+void message::windowWillClose() {
+    desktop_.stopModal();
+}
+
+}  // namespace shell

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+
+#include "toolkit/Button.h"
+#include "toolkit/Desktop.h"
+
+namespace shell {
+
+/// The confirmation window, run modally. Whoever runs it reads the answer afterwards: 1 for OK, 0
+/// for Cancel. Closed in another way it leaves the answer as it was, so its view offers none.
+class message final : public toolkit::WindowController {
+public:
+    /// `answer` is the byte the window writes; it must outlive the window.
+    message(toolkit::Desktop& desktop, std::uint8_t& answer);
+
+    toolkit::Button okButton;
+    toolkit::Button cancelButton;
+
+    void ok();
+    void cancel();
+    void windowWillClose() override;
+
+private:
+    toolkit::Desktop& desktop_;
+    std::uint8_t& a_;
+};
+
+}  // namespace shell
