@@ -20,6 +20,9 @@ constexpr std::array<int, 3> kindBits = {9, 11, 12};
 
 void mainController::comboBoxSelectionIsChanging(toolkit::ComboBox& box) {
     const int index = box.indexOfSelectedItem();
+    if (index < 0) {
+        return;  // nothing is selected, so nothing was chosen
+    }
     if (&box == &window_.combo_mode) {
         switchMode(index);
         return;
@@ -44,7 +47,7 @@ void mainController::chooseChannel(int index) {
     const int stored = config::channel(state_.sysData, layer, control);
     if (index == blankChannel) {
         window_.combo_chan.selectItemAtIndex(stored);
-    } else if (index >= 0 && index != stored) {
+    } else if (index != stored) {
         config::setChannel(state_.sysData, layer, control, index);
         state_.bChange = 1;
     }
@@ -56,7 +59,7 @@ void mainController::chooseNumber(int index) {
     const int stored = config::number(state_.sysData, layer, control);
     if (index == blankNumber) {
         window_.combo_cc.selectItemAtIndex(stored);
-    } else if (index >= 0 && index != stored) {
+    } else if (index != stored) {
         config::setNumber(state_.sysData, layer, control, index);
         state_.bChange = 1;
     }
@@ -69,7 +72,7 @@ void mainController::chooseKind(int index) {
     state_.selection.msg_Typ = index;
     if (index == blankKind) {
         window_.combo_type.selectItemAtIndex(TypOxOX_2Index(modeByte));
-    } else if (index >= 0) {
+    } else {
         state_.selection.select_type = index;
         config::setMode(state_.sysData, layer, control,
                         (modeByte & 0xE0) + kindBits[static_cast<std::size_t>(index)]);

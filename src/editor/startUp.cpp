@@ -93,6 +93,7 @@ void mainController::update_Aft_LoadFile() {
         typeJudge();
     }
     selchange_Aft_TypeJudg();
+    lockCheck();  // the image may have brought another lock flag
 }
 
 void mainController::judge() {
