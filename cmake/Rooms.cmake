@@ -26,5 +26,5 @@ function(tormelk_room_tests name)
   target_link_libraries(${program} PRIVATE ${TEST_USES} ${TEST_LIBRARIES} tormelk-warnings
                                            GTest::gmock_main)
   gtest_discover_tests(${program} TEST_PREFIX "${name}: " DISCOVERY_TIMEOUT 60
-                       PROPERTIES TIMEOUT 300 ${TEST_PROPERTIES})
+                       PROPERTIES TIMEOUT 300 ${TORMELK_SANITIZER_PROPERTIES} ${TEST_PROPERTIES})
 endfunction()
