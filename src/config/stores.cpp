@@ -38,6 +38,14 @@ void keepUserDefined(const Image& sysData, Stores& stores) {
     });
 }
 
+void keepWholeUserDefined(const Image& sysData, Stores& stores) {
+    for (int layer = 0; layer < layerCount; ++layer) {
+        for (std::size_t offset = 0; offset < userBlockSize; ++offset) {
+            stores.SysBuf_usrdef[userAt(layer, offset)] = sysData[at(layer, offset)];
+        }
+    }
+}
+
 void loadFactory(Image& sysData, const Stores& stores) {
     forEachSwappedByte([&](int layer, std::size_t offset) {
         sysData[at(layer, offset)] = stores.SysBuf_MCP[at(layer, offset)];

@@ -38,6 +38,10 @@ extern const std::array<std::int32_t, 12> aSysDatIndx;
 /// Copies the swap ranges of every layer from the image to the user-defined store.
 void keepUserDefined(const Image& sysData, Stores& stores);
 
+/// Copies all 247 bytes of every layer from the image to the user-defined store: more than a mode
+/// change keeps.
+void keepWholeUserDefined(const Image& sysData, Stores& stores);
+
 /// Copies the swap ranges of every layer from the factory store into the image.
 void loadFactory(Image& sysData, const Stores& stores);
 

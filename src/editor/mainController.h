@@ -9,6 +9,7 @@
 //   properties.cpp  a choice in a property box is written into the image
 //   modeSwitch.cpp  DAW modes and User Defined mode
 //   typeJudge.cpp   boxes brought in line with the image after a load
+//   presetFiles.cpp Save and Load
 //   labels.cpp      host function labels for one control
 //   transfer.cpp    Send
 //   shell.cpp       the other windows, the end of the program
@@ -17,9 +18,13 @@
 
 #include <array>
 #include <cstdint>
+#include <filesystem>
 #include <memory>
+#include <optional>
+#include <span>
 #include <string>
 
+#include "config/presetText.h"
 #include "devices/seldev.h"
 #include "editor/EditorState.h"
 #include "editor/MainWindow.h"
@@ -103,6 +108,21 @@ public:
     void typeJudge();
     void selchange_Aft_TypeJudg();
 
+    // Preset files
+    void saveFile();
+    void loadFile();
+    // Byte copies; nothing calls them. Each copies as many bytes as both sides have room for.
+    static void mamcpy(std::span<const std::uint8_t> source, std::size_t count,
+                       std::span<std::uint8_t> destination);
+    static void mamcpy2(std::span<const std::uint8_t> source, std::size_t sourceIndex,
+                        std::size_t count, std::span<std::uint8_t> destination,
+                        std::size_t destinationIndex);
+    static void mamcpy2_2des(std::span<const std::uint8_t> source, std::size_t sourceIndex,
+                             std::size_t count, std::span<std::uint8_t> destination,
+                             std::size_t destinationIndex,
+                             std::span<std::uint8_t> secondDestination,
+                             std::size_t secondDestinationIndex);
+
     // Host function labels
     /// Sets type, value and channel box and the value's caption for one control under the current
     /// mode. No action calls it.
@@ -149,6 +169,10 @@ private:
     void refillForKind(int modeByte);
     void labelUserDefined(int control);
     void labelFactoryMode(int mode, int control);
+
+    [[nodiscard]] std::optional<config::PresetBytes> readPreset(const std::filesystem::path& path);
+    [[nodiscard]] bool confirmLosingChanges();
+    void takePreset(const config::PresetBytes& preset, int mode);
 
     void copyToWorkingCopy();
     void takeBackPadEdits();

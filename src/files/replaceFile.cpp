@@ -1,0 +1,149 @@
+#include "files/replaceFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+#include <system_error>
+
+#include "files/FileDescriptor.h"
+
+namespace files {
+namespace {
+
+namespace fs = std::filesystem;
+
+ReplaceResult failed(int error) {
+    return {false, std::generic_category().message(error)};
+}
+
+/// The file a path stands for, through any number of symbolic links, the last of which may point
+/// to nothing yet.
+fs::path targetOf(fs::path path) {
+    constexpr int mostLinks = 40;  // as many as the kernel follows
+    for (int links = 0; links < mostLinks; ++links) {
+        std::error_code error;
+        const fs::path next = fs::read_symlink(path, error);
+        if (error) {
+            break;
+        }
+        path = next.is_absolute() ? next : path.parent_path() / next;
+    }
+    return path;
+}
+
+fs::path folderOf(const fs::path& file) {
+    return file.has_parent_path() ? file.parent_path() : fs::path(".");
+}
+
+mode_t permissionsOfNewFiles() {
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    return 0666 & ~mask;
+}
+
+/// An unfinished file beside the target; removed again unless it was put in place.
+class UnfinishedFile {
+public:
+    explicit UnfinishedFile(const fs::path& target)
+        : path_((folderOf(target) / ".unfinished-XXXXXX").string()),
+          file_(::mkostemp(path_.data(), O_CLOEXEC)) {}
+    UnfinishedFile(const UnfinishedFile&) = delete;
+    UnfinishedFile& operator=(const UnfinishedFile&) = delete;
+    ~UnfinishedFile() {
+        if (file_.isOpen() || closed_) {
+            ::unlink(path_.c_str());
+        }
+    }
+
+    [[nodiscard]] bool isOpen() const { return file_.isOpen(); }
+
+    bool takeAttributes(const std::optional<struct stat>& old) {
+        if (!old) {
+            return ::fchmod(file_.get(), permissionsOfNewFiles()) == 0;
+        }
+        // Another user's file stays theirs where this user may give files away. The owner comes
+        // first: changing it takes permission bits away.
+        const bool given = ::fchown(file_.get(), old->st_uid, old->st_gid) == 0;
+        if (!given && errno != EPERM) {
+            return false;
+        }
+        return ::fchmod(file_.get(), old->st_mode & 07777) == 0;
+    }
+
+    bool write(std::string_view bytes) {
+        while (!bytes.empty()) {
+            const ssize_t count = ::write(file_.get(), bytes.data(), bytes.size());
+            if (count > 0) {
+                bytes.remove_prefix(static_cast<std::size_t>(count));
+            } else if (count == 0 || errno != EINTR) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    bool flushAndClose() {
+        if (::fsync(file_.get()) != 0) {
+            return false;
+        }
+        closed_ = true;
+        return file_.close();
+    }
+
+    bool putInPlaceOf(const fs::path& target) {
+        if (::rename(path_.c_str(), target.c_str()) != 0) {
+            return false;
+        }
+        closed_ = false;
+        return true;
+    }
+
+private:
+    std::string path_;
+    FileDescriptor file_;
+    bool closed_ = false;  // written and closed, not yet in place
+};
+
+/// Makes the new name last through a power cut. The file is in place already, so a folder that
+/// cannot be flushed is no failure.
+void flushFolder(const fs::path& folder) {
+    const FileDescriptor opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (opened.isOpen()) {
+        ::fsync(opened.get());
+    }
+}
+
+}  // namespace
+
+ReplaceResult replaceFile(const fs::path& path, std::string_view bytes) {
+    const fs::path target = targetOf(path);
+    std::optional<struct stat> old;
+    struct stat status {};
+    if (::stat(target.c_str(), &status) == 0) {
+        if (S_ISDIR(status.st_mode)) {
+            return failed(EISDIR);
+        }
+        if (!S_ISREG(status.st_mode)) {
+            return {false, "It is not a file but a device, a pipe or a socket"};
+        }
+        if (::access(target.c_str(), W_OK) != 0) {
+            return failed(errno);  // a file that is protected against writing stays so
+        }
+        old = status;
+    } else if (errno != ENOENT) {
+        return failed(errno);
+    }
+    UnfinishedFile unfinished(target);
+    if (!unfinished.isOpen() || !unfinished.takeAttributes(old) || !unfinished.write(bytes) ||
+        !unfinished.flushAndClose() || !unfinished.putInPlaceOf(target)) {
+        return failed(errno);
+    }
+    flushFolder(folderOf(target));
+    return {true, {}};
+}
+
+}  // namespace files

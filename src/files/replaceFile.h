@@ -1,0 +1,25 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace files {
+
+/// What came of replacing a file. Where it failed, `reason` says why in plain words, as a sentence
+/// without its full stop.
+struct ReplaceResult {
+    bool replaced = false;
+    std::string reason;
+};
+
+/// Gives a file new contents, whole or not at all. The bytes are written beside the file, with its
+/// permissions and, where allowed, its owner; flushed to disk; and put in its place in one step.
+/// A new file gets the permissions the process gives to new files. A symbolic link stays, what it
+/// points to is replaced. A failure leaves the old file as it was and nothing beside it.
+///
+/// A process that is killed meanwhile may leave a hidden file beside the old one, whose name begins
+/// with ".unfinished-"; nothing reads it, and it may be removed.
+[[nodiscard]] ReplaceResult replaceFile(const std::filesystem::path& path, std::string_view bytes);
+
+}  // namespace files
