@@ -94,7 +94,7 @@ protected:
     void startOrStopIO();
 
 private:
-    [[nodiscard]] std::string namesOfConnectedDevices() const;
+    [[nodiscard]] std::optional<std::string> namesOfConnectedDevices() const;
 
     ZQMIDIManager& manager_;
     std::atomic<platform::MIDIEndpointRef> midiEndpointRef_ = 0;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <mutex>
 
 #include "midi/ZQMIDIEndpoint.h"
@@ -15,7 +16,8 @@ public:
     /// object goes offline and keeps what it knew.
     void syncWithMIDIEndpoint();
 
-    [[nodiscard]] bool ioIsRunning() const final;
+    /// While a port is open.
+    [[nodiscard]] bool ioIsRunning() const final { return midiPortRef_ != 0; }
     void startIO() final;
     void stopIO() final;
 
@@ -24,7 +26,7 @@ protected:
     /// Offline until `syncWithMIDIEndpoint` finds the endpoint.
     ZQMIDIRealEndpoint(ZQMIDIManager& manager, const ZQMIDIEndpointDescriptor& descriptor);
 
-    [[nodiscard]] platform::MIDIPortRef midiPortRef() const;
+    [[nodiscard]] platform::MIDIPortRef midiPortRef() const { return midiPortRef_; }
 
 private:
     [[nodiscard]] virtual platform::MIDIEndpointRef findEndpoint() const = 0;
@@ -32,10 +34,13 @@ private:
     virtual platform::MIDIPortRef openPort(platform::MIDIEndpointRef endpoint) = 0;
     virtual void closePort(platform::MIDIPortRef port, platform::MIDIEndpointRef endpoint) = 0;
 
-    // Guards the handle and the port as one: the last receiver may leave on the input thread while
-    // the main thread binds anew. Never held while a port is closed, for that waits for callbacks.
-    mutable std::mutex ioMutex_;
-    platform::MIDIPortRef midiPortRef_ = 0;
+    void bindTo(platform::MIDIEndpointRef endpoint);
+
+    // Guards changes of handle and port as one: the last receiver may leave on the input thread
+    // while the main thread binds anew. Never held while a port is closed, for that waits for
+    // callbacks.
+    std::mutex ioMutex_;
+    std::atomic<platform::MIDIPortRef> midiPortRef_ = 0;
 };
 
 }  // namespace midi

@@ -22,7 +22,6 @@ public:
 private:
     static void midiReadProc(const platform::MIDIPacketList* list, void* readProcRefCon,
                              void* srcConnRefCon);
-    [[nodiscard]] platform::MIDIEndpointRef create(std::string_view name) override;
 };
 
 }  // namespace midi

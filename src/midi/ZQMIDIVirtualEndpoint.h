@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <functional>
 
 #include "midi/ZQMIDIEndpoint.h"
 
@@ -22,14 +23,13 @@ public:
 protected:
     explicit ZQMIDIVirtualEndpoint(ZQMIDIManager& manager) : ZQMIDIEndpoint(manager) {}
 
-    /// Publishes the endpoint under a unique ID of its own, marked as this process's, and binds to
-    /// it; all of it unnoticed by the manager.
-    void publish(std::string_view name);
+    /// Publishes what `create` makes, under a unique ID of its own and marked as this process's,
+    /// and binds to it; all of it unnoticed by the manager. 0 is an endpoint that could not be
+    /// made.
+    void publish(const std::function<platform::MIDIEndpointRef()>& create);
     void withdraw();
 
 private:
-    [[nodiscard]] virtual platform::MIDIEndpointRef create(std::string_view name) = 0;
-
     std::atomic<bool> ioIsRunning_ = false;
 };
 

@@ -18,9 +18,6 @@ public:
 
     /// Publishes the list, unless nobody uses this source.
     void processMIDIPacketList(const platform::MIDIPacketList& list, const void* sender) override;
-
-private:
-    [[nodiscard]] platform::MIDIEndpointRef create(std::string_view name) override;
 };
 
 }  // namespace midi

@@ -105,7 +105,7 @@ OSStatus SoftwareMidiService::MIDIObjectSetIntegerProperty(MIDIObjectRef object,
     }
     if (property == kMIDIPropertyUniqueID) {
         const Object* const owner = objectWithUniqueID(lock, value);
-        if (owner != nullptr && owner != found) {
+        if (value == 0 || (owner != nullptr && owner != found)) {
             return kMIDIIDNotUnique;
         }
     }

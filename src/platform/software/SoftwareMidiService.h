@@ -111,7 +111,7 @@ public:
                                        std::vector<std::uint8_t>* value) override;
     OSStatus MIDIObjectSetStringProperty(MIDIObjectRef object, std::string_view property,
                                          std::string_view value) override;
-    /// A unique ID that another object has is refused.
+    /// A unique ID that another object has is refused, and so is 0, which is none.
     OSStatus MIDIObjectSetIntegerProperty(MIDIObjectRef object, std::string_view property,
                                           std::int32_t value) override;
     OSStatus MIDIObjectFindByUniqueID(std::int32_t uniqueID, MIDIObjectRef* object,

@@ -1,0 +1,258 @@
+#include "midi/keyedArchive.h"
+
+#include <cstddef>
+#include <exception>
+#include <limits>
+#include <nlohmann/json.hpp>
+#include <unordered_map>
+#include <utility>
+
+// The bytes are CBOR:
+//
+//   {"objects": [{"$class": "ZQMIDIRealSource", "name": "Tormelk", ...}, ...],
+//    "root": 0}            an object by its place in "objects"; null is none
+//    "root": [0, null, 1]  a list of them
+
+namespace midi {
+
+using Json = nlohmann::ordered_json;
+
+namespace {
+
+/// Looks through the bytes before anything is built from them: the reader recurses, and hostile
+/// bytes can nest as deep as they are long. An archive nests three deep.
+class DepthCheck final : public nlohmann::json_sax<Json> {
+public:
+    bool null() override { return true; }
+    bool boolean(bool) override { return true; }
+    bool number_integer(number_integer_t) override { return true; }
+    bool number_unsigned(number_unsigned_t) override { return true; }
+    bool number_float(number_float_t, const string_t&) override { return true; }
+    bool string(string_t&) override { return true; }
+    bool binary(binary_t&) override { return true; }
+    bool start_object(std::size_t) override { return enter(); }
+    bool key(string_t&) override { return true; }
+    bool end_object() override { return leave(); }
+    bool start_array(std::size_t) override { return enter(); }
+    bool end_array() override { return leave(); }
+    bool parse_error(std::size_t, const std::string&, const Json::exception&) override {
+        return false;
+    }
+
+private:
+    bool enter() { return ++depth_ <= 3; }
+    bool leave() {
+        --depth_;
+        return true;
+    }
+    int depth_ = 0;
+};
+
+const Json* member(const Json& object, std::string_view key) {
+    const auto found = object.find(std::string(key));
+    return found == object.end() ? nullptr : &*found;
+}
+
+}  // namespace
+
+class KeyedArchiver::Writer final : public KeyedEncoder {
+public:
+    explicit Writer(KeyedArchiver& archiver) : archiver_(archiver) {}
+
+    void encodeObject(std::string_view key, const std::optional<std::string>& text) override {
+        (*current_)[std::string(key)] = text ? Json(*text) : Json(nullptr);
+    }
+    void encodeInt32(std::string_view key, std::int32_t number) override {
+        (*current_)[std::string(key)] = number;
+    }
+
+    /// The object's place in the archive.
+    Json placeOf(const Archivable* object) {
+        if (object == nullptr) {
+            return nullptr;
+        }
+        const auto known = places_.find(object);
+        return known != places_.end() ? known->second : places_[object] = write(*object);
+    }
+
+    [[nodiscard]] std::vector<std::uint8_t> bytes(Json root) {
+        return Json::to_cbor(Json{{"objects", std::move(objects_)}, {"root", std::move(root)}});
+    }
+
+private:
+    Json write(const Archivable& object) {
+        std::shared_ptr<const Archivable> written = borrowed(object);
+        if (archiver_.delegate_ != nullptr) {
+            written = archiver_.delegate_->archiver(archiver_, std::move(written));
+        }
+        if (written == nullptr) {
+            return nullptr;
+        }
+        Json entry = {{"$class", written->archivedClassName()}};
+        current_ = &entry;
+        written->encodeWithCoder(*this);
+        objects_.push_back(std::move(entry));
+        return objects_.size() - 1;
+    }
+
+    KeyedArchiver& archiver_;
+    Json objects_ = Json::array();
+    Json* current_ = nullptr;
+    std::unordered_map<const Archivable*, Json> places_;
+};
+
+std::vector<std::uint8_t> KeyedArchiver::archivedData(const Archivable* object) {
+    Writer writer(*this);
+    Json root = writer.placeOf(object);
+    return writer.bytes(std::move(root));
+}
+
+std::vector<std::uint8_t> KeyedArchiver::archivedData(
+    const std::vector<const Archivable*>& objects) {
+    Writer writer(*this);
+    Json root = Json::array();
+    for (const Archivable* object : objects) {
+        root.push_back(writer.placeOf(object));
+    }
+    return writer.bytes(std::move(root));
+}
+
+namespace {
+
+class ObjectDecoder final : public KeyedDecoder {
+public:
+    explicit ObjectDecoder(const Json& object) : object_(object) {}
+
+    [[nodiscard]] std::optional<std::string> decodeObject(std::string_view key) const override {
+        const Json* const value = member(object_, key);
+        if (value == nullptr || !value->is_string()) {
+            return std::nullopt;
+        }
+        return value->get<std::string>();
+    }
+    [[nodiscard]] std::int32_t decodeInt32(std::string_view key) const override {
+        const Json* const value = member(object_, key);
+        if (value == nullptr || !value->is_number_integer()) {
+            return 0;
+        }
+        // A number beyond 64 bits signed is beyond 32 bits too.
+        if (value->is_number_unsigned() &&
+            value->get<std::uint64_t>() > std::uint64_t{std::numeric_limits<std::int32_t>::max()}) {
+            return 0;
+        }
+        const auto number = value->get<std::int64_t>();
+        return number < std::numeric_limits<std::int32_t>::min() ||
+                       number > std::numeric_limits<std::int32_t>::max()
+                   ? 0
+                   : static_cast<std::int32_t>(number);
+    }
+
+private:
+    const Json& object_;
+};
+
+}  // namespace
+
+class KeyedUnarchiver::Reader {
+public:
+    explicit Reader(KeyedUnarchiver& unarchiver) : unarchiver_(unarchiver) {}
+
+    /// The root if the bytes are an archive of known classes. Nothing is made yet.
+    const Json* open(std::span<const std::uint8_t> bytes) {
+        if (!parse(bytes) || !archive_.is_object()) {
+            return nullptr;
+        }
+        objects_ = member(archive_, "objects");
+        if (objects_ == nullptr || !objects_->is_array()) {
+            return nullptr;
+        }
+        for (const Json& object : *objects_) {
+            if (makerOf(object) == nullptr) {
+                return nullptr;
+            }
+        }
+        return member(archive_, "root");
+    }
+
+    [[nodiscard]] bool isPlace(const Json& place) const {
+        return place.is_null() ||
+               (place.is_number_unsigned() && place.get<std::uint64_t>() < objects_->size());
+    }
+
+    std::shared_ptr<Archivable> objectAt(const Json& place) {
+        if (place.is_null()) {
+            return nullptr;
+        }
+        const auto index = place.get<std::size_t>();
+        const auto known = made_.find(index);
+        return known != made_.end() ? known->second : made_[index] = make((*objects_)[index]);
+    }
+
+private:
+    bool parse(std::span<const std::uint8_t> bytes) {
+        try {
+            DepthCheck shallow;
+            if (!Json::sax_parse(bytes.begin(), bytes.end(), &shallow,
+                                 nlohmann::detail::input_format_t::cbor)) {
+                return false;
+            }
+            archive_ = Json::from_cbor(bytes.begin(), bytes.end(), true, false);
+        } catch (const std::exception&) {
+            return false;  // a length that no memory could hold is thrown, also when told not to
+        }
+        return !archive_.is_discarded();
+    }
+
+    [[nodiscard]] const ArchivedClasses::mapped_type* makerOf(const Json& object) const {
+        const Json* const name = object.is_object() ? member(object, "$class") : nullptr;
+        if (name == nullptr || !name->is_string()) {
+            return nullptr;
+        }
+        const auto maker = unarchiver_.classes_.find(name->get_ref<const std::string&>());
+        return maker == unarchiver_.classes_.end() ? nullptr : &maker->second;
+    }
+
+    std::shared_ptr<Archivable> make(const Json& object) {
+        std::shared_ptr<Archivable> made = (*makerOf(object))(ObjectDecoder(object));
+        if (unarchiver_.delegate_ != nullptr) {
+            made = unarchiver_.delegate_->unarchiver(unarchiver_, std::move(made));
+        }
+        return made;
+    }
+
+    KeyedUnarchiver& unarchiver_;
+    Json archive_;
+    const Json* objects_ = nullptr;
+    std::unordered_map<std::size_t, std::shared_ptr<Archivable>> made_;
+};
+
+std::optional<std::shared_ptr<Archivable>> KeyedUnarchiver::unarchiveObject(
+    std::span<const std::uint8_t> bytes) {
+    Reader reader(*this);
+    const Json* const root = reader.open(bytes);
+    if (root == nullptr || !reader.isPlace(*root)) {
+        return std::nullopt;
+    }
+    return reader.objectAt(*root);
+}
+
+std::optional<std::vector<std::shared_ptr<Archivable>>> KeyedUnarchiver::unarchiveList(
+    std::span<const std::uint8_t> bytes) {
+    Reader reader(*this);
+    const Json* const root = reader.open(bytes);
+    if (root == nullptr || !root->is_array()) {
+        return std::nullopt;
+    }
+    for (const Json& place : *root) {
+        if (!reader.isPlace(place)) {
+            return std::nullopt;
+        }
+    }
+    std::vector<std::shared_ptr<Archivable>> objects;
+    for (const Json& place : *root) {
+        objects.push_back(reader.objectAt(place));
+    }
+    return objects;
+}
+
+}  // namespace midi
