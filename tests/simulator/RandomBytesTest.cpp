@@ -3,12 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <new>
 #include <random>
 
-#include "simulator/LiveMemory.h"
 #include "simulator/SimulatedController.h"
 #include "simulator/messages.h"
+#include "support/countedMemory.h"
 
 namespace simulator {
 namespace {
@@ -67,7 +66,7 @@ TEST_P(RandomBytes, NoiseIsTakenForNothing) {
 TEST_P(RandomBytes, HoweverMuchArrivesLittleIsKept) {
     constexpr std::size_t little = 256 * 1024;
     SimulatedController tormelk;
-    const std::size_t before = liveMemory();
+    const std::size_t before = support::liveMemory();
     for (int round = 0; round < 20; ++round) {
         Bytes noise(20000);
         // Half of it without a status byte, as in a SysEx that never ends.
@@ -76,16 +75,8 @@ TEST_P(RandomBytes, HoweverMuchArrivesLittleIsKept) {
         noise[10000] = 0xF0;
         receive(tormelk, noise);
         noise = {};
-        ASSERT_LT(liveMemory(), before + little);
+        ASSERT_LT(support::liveMemory(), before + little);
     }
-}
-
-TEST(LiveMemory, CountsWhatIsHeldAndNotWhatWasFreed) {
-    const std::size_t before = liveMemory();
-    void* held = ::operator new(1000000);
-    EXPECT_GE(liveMemory(), before + 1000000);
-    ::operator delete(held);
-    EXPECT_EQ(liveMemory(), before);
 }
 
 TEST_P(RandomBytes, DamagedMessagesNeverBreakTheStream) {

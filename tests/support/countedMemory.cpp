@@ -1,4 +1,4 @@
-#include "simulator/LiveMemory.h"
+#include "support/countedMemory.h"
 
 #include <malloc.h>
 
@@ -11,6 +11,7 @@
 
 namespace {
 
+std::atomic<std::size_t> allocations = 0;
 std::atomic<std::size_t> held = 0;
 
 void release(void* memory) {
@@ -25,6 +26,7 @@ void* operator new(std::size_t size) {
     if (memory == nullptr) {
         throw std::bad_alloc();
     }
+    ++allocations;
     held += ::malloc_usable_size(memory);
     return memory;
 }
@@ -37,10 +39,14 @@ void operator delete(void* memory, std::size_t) noexcept {
     release(memory);
 }
 
-namespace simulator {
+namespace support {
+
+std::size_t allocationCount() {
+    return allocations;
+}
 
 std::size_t liveMemory() {
     return held;
 }
 
-}  // namespace simulator
+}  // namespace support
