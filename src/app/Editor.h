@@ -1,0 +1,37 @@
+#pragma once
+
+#include "devices/seldev.h"
+#include "editor/EditorState.h"
+#include "editor/MainWindow.h"
+#include "editor/mainController.h"
+#include "midi/ZQMIDIProcess.h"
+#include "platform/MidiService.h"
+#include "platform/NotificationCentre.h"
+#include "qt/MainWindowView.h"
+#include "qt/MidiDispatcher.h"
+#include "qt/QtDesktop.h"
+
+namespace app {
+
+/// The editor, put together over a MIDI service and a desktop; both must outlive it. Its main
+/// window is awake, and shown by `show`.
+struct Editor {
+    Editor(platform::MidiService& midiService, qt::QtDesktop& desktop);
+    Editor(const Editor&) = delete;
+    Editor& operator=(const Editor&) = delete;
+    ~Editor();
+
+    void show() { window.window.makeKeyAndOrderFront(); }
+
+    qt::QtDesktop& desktop;
+    platform::NotificationCentre notificationCentre;
+    midi::ZQMIDIProcess midiProcess;
+    devices::seldevChoice devices;
+    editor::EditorState state;
+    editor::MainWindow window;
+    editor::mainController controller;
+    qt::MainWindowView view;
+    qt::MidiDispatcher midiDispatcher;
+};
+
+}  // namespace app

@@ -1,0 +1,38 @@
+#include "qt/ButtonView.h"
+
+#include <QPointer>
+
+namespace qt {
+
+ButtonView::ButtonView(toolkit::Button& model, Kind kind, const QString& caption, QWidget* parent)
+    : QPushButton(caption, parent), link_(model, [this] { showModel(); }) {
+    setCheckable(kind == Kind::State);
+    showModel();
+    connect(this, &QPushButton::clicked, this, [this] { passClick(); });
+    // Assistive technology toggles a checkable button without clicking it.
+    connect(this, &QPushButton::toggled, this, [this](bool lit) {
+        const toolkit::Button* shown = link_.model();
+        if (shown != nullptr && lit != (shown->state() != 0)) {
+            passClick();
+        }
+    });
+}
+
+void ButtonView::passClick() {
+    const QPointer<ButtonView> self(this);  // the action may close the window
+    if (toolkit::Button* shown = link_.model()) {
+        shown->click();
+    }
+    if (self) {
+        showModel();
+    }
+}
+
+void ButtonView::showModel() {
+    if (const toolkit::Button* shown = link_.model()) {
+        setChecked(shown->state() != 0);
+        setEnabled(shown->isEnabled());
+    }
+}
+
+}  // namespace qt

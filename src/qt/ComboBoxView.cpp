@@ -1,0 +1,104 @@
+#include "qt/ComboBoxView.h"
+
+#include <QAbstractItemView>
+#include <QPointer>
+#include <QScrollBar>
+#include <QWheelEvent>
+#include <algorithm>
+
+#include "qt/asText.h"
+
+namespace qt {
+
+namespace {
+
+constexpr int itemsAtOnce = 16;
+constexpr int widthInLetters = 8;  // at the least; the lists say more in their pop-up
+
+}  // namespace
+
+int ComboBoxView::Items::rowCount(const QModelIndex& parent) const {
+    const toolkit::ComboBox* box = view_.link_.model();
+    return parent.isValid() || box == nullptr ? 0 : box->numberOfItems();
+}
+
+QVariant ComboBoxView::Items::data(const QModelIndex& index, int role) const {
+    const toolkit::ComboBox* box = view_.link_.model();
+    if (box == nullptr || (role != Qt::DisplayRole && role != Qt::EditRole)) {
+        return {};
+    }
+    const auto item = box->itemObjectValueAtIndex(index.row());
+    return item ? QVariant(asText(*item)) : QVariant();
+}
+
+void ComboBoxView::Items::reset() {
+    beginResetModel();
+    endResetModel();
+}
+
+ComboBoxView::ComboBoxView(toolkit::ComboBox& model, QWidget* parent)
+    : QComboBox(parent), link_(model, [this](toolkit::ComboBox::Change change) { show(change); }) {
+    setFocusPolicy(Qt::StrongFocus);  // not by the wheel
+    setMaxVisibleItems(itemsAtOnce);
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(widthInLetters);
+    setModel(&items_);
+    showSelection();
+    setEnabled(model.isEnabled());
+    connect(this, &QComboBox::activated, this, [this](int index) { passChoice(index); });
+}
+
+void ComboBoxView::showPopup() {
+    // As wide as its longest item, so that no name is cut.
+    QAbstractItemView* list = view();
+    const int wanted = list->sizeHintForColumn(0) + list->verticalScrollBar()->sizeHint().width() +
+                       2 * list->frameWidth();
+    list->setMinimumWidth(std::max(wanted, width()));
+    QComboBox::showPopup();
+}
+
+void ComboBoxView::wheelEvent(QWheelEvent* event) {
+    if (hasFocus()) {
+        QComboBox::wheelEvent(event);
+    } else {
+        event->ignore();
+    }
+}
+
+void ComboBoxView::show(toolkit::ComboBox::Change change) {
+    switch (change) {
+        case toolkit::ComboBox::Change::Items:
+            showItems();
+            break;
+        case toolkit::ComboBox::Change::Selection:
+            showSelection();
+            break;
+        case toolkit::ComboBox::Change::Enabled:
+            setEnabled(link_.model()->isEnabled());
+            break;
+    }
+}
+
+void ComboBoxView::showItems() {
+    hidePopup();  // a pick from the old list would mean another item of the new one
+    items_.reset();
+    showSelection();
+}
+
+void ComboBoxView::showSelection() {
+    if (const toolkit::ComboBox* box = link_.model()) {
+        setCurrentIndex(box->indexOfSelectedItem());
+    }
+}
+
+void ComboBoxView::passChoice(int index) {
+    const QPointer<ComboBoxView> self(this);  // the handler may close the window
+    if (toolkit::ComboBox* box = link_.model()) {
+        box->choose(index);
+    }
+    if (self) {
+        showSelection();
+    }
+}
+
+}  // namespace qt

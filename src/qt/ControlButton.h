@@ -1,0 +1,41 @@
+#pragma once
+
+#include "qt/ButtonView.h"
+
+namespace qt {
+
+/// A button in the shape of what it stands for on the controller. Its colours are the palette's, so
+/// that it follows light and dark themes; one that is lit differs in its lettering and its frame
+/// too, not in colour alone.
+class ControlButton final : public ButtonView {
+public:
+    enum class Shape { Knob, Key, Fader, Pad, Lamp };
+
+    ControlButton(toolkit::Button& model, Shape shape, const QString& caption,
+                  QWidget* parent = nullptr);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    struct Colours {
+        QColor fill;
+        QColor line;
+        QColor lettering;
+    };
+    [[nodiscard]] Colours colours() const;
+    [[nodiscard]] QRectF outline() const;
+    void drawBody(QPainter& painter, const Colours& colours) const;
+    void drawCaption(QPainter& painter, const Colours& colours) const;
+    void drawFaderTrack(QPainter& painter, const Colours& colours) const;
+    void drawFocus(QPainter& painter, const Colours& colours) const;
+    [[nodiscard]] QFont lettering() const;
+    [[nodiscard]] qreal cornerRadius() const;
+
+    Shape shape_;
+};
+
+}  // namespace qt

@@ -1,0 +1,126 @@
+#include "qt/MainWindowView.h"
+
+#include <QAction>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "qt/AssignmentPanel.h"
+#include "qt/ComboBoxView.h"
+#include "qt/ControlButton.h"
+#include "qt/SurfacePanel.h"
+#include "qt/widgets.h"
+
+namespace qt {
+
+namespace {
+
+/// A visible button for something the menu offers too.
+QPushButton* buttonFor(QAction& action, const QString& outlet, const QString& caption,
+                       const QString& name) {
+    auto* button = new QPushButton(caption);
+    button->setObjectName(outlet);
+    button->setToolTip(
+        QStringLiteral("%1 (%2)").arg(name, action.shortcut().toString(QKeySequence::NativeText)));
+    QObject::connect(button, &QPushButton::clicked, &action, &QAction::trigger);
+    return button;
+}
+
+QFrame* makeSeparator() {
+    auto* line = new QFrame;
+    line->setFrameShape(QFrame::HLine);
+    line->setFrameShadow(QFrame::Sunken);
+    return line;
+}
+
+}  // namespace
+
+MainWindowView::MainWindowView(editor::MainWindow& window, editor::mainController& controller)
+    : binding_(*this, window.window) {
+    makeActions(controller);
+    makeMenus();
+
+    auto* content = new QWidget;
+    auto* layout = new QVBoxLayout(content);
+    layout->setContentsMargins(16, 12, 16, 16);
+    layout->setSpacing(12);
+    layout->addLayout(makeTopBar(window));
+    layout->addWidget(makeSeparator());
+    layout->addWidget(new SurfacePanel(window), 1);
+    layout->addWidget(makeSeparator());
+    layout->addWidget(new AssignmentPanel(window));
+    setCentralWidget(content);
+}
+
+QAction* MainWindowView::addAction(const QString& outlet, const QString& caption) {
+    auto* action = new QAction(caption, this);
+    action->setObjectName(outlet);
+    return action;
+}
+
+void MainWindowView::makeActions(editor::mainController& controller) {
+    loadPreset_ = addAction(QStringLiteral("actionLoadPreset"), QStringLiteral("&Load Preset..."));
+    loadPreset_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_O));
+    loadPreset_->setEnabled(false);
+    savePreset_ = addAction(QStringLiteral("actionSavePreset"), QStringLiteral("&Save Preset..."));
+    savePreset_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_S));
+    savePreset_->setEnabled(false);
+    quit_ = addAction(QStringLiteral("actionQuit"), QStringLiteral("&Quit"));
+    quit_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    connect(quit_, &QAction::triggered, this, [&controller] { controller.exit(); });
+
+    send_ = addAction(QStringLiteral("actionSend"), QStringLiteral("&Send"));
+    send_->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Return),
+                         QKeySequence(Qt::CTRL | Qt::Key_Enter)});  // the keypad's
+    connect(send_, &QAction::triggered, this, [&controller] { controller.sendData(); });
+    midiDevices_ =
+        addAction(QStringLiteral("actionMidiDevices"), QStringLiteral("&MIDI Devices..."));
+    midiDevices_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
+    connect(midiDevices_, &QAction::triggered, this, [&controller] { controller.midiSelect(); });
+    firmwareUpdate_ =
+        addAction(QStringLiteral("actionFirmwareUpdate"), QStringLiteral("&Firmware Update..."));
+    firmwareUpdate_->setEnabled(false);
+
+    about_ = addAction(QStringLiteral("actionAbout"), QStringLiteral("&About Tormelk Wyro"));
+    connect(about_, &QAction::triggered, this, [&controller] { controller.about(); });
+}
+
+void MainWindowView::makeMenus() {
+    QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
+    file->addActions({loadPreset_, savePreset_});
+    file->addSeparator();
+    file->addAction(quit_);
+    QMenu* controllerMenu = menuBar()->addMenu(QStringLiteral("&Controller"));
+    controllerMenu->addActions({send_, midiDevices_});
+    controllerMenu->addSeparator();
+    controllerMenu->addAction(firmwareUpdate_);
+    menuBar()->addMenu(QStringLiteral("&Help"))->addAction(about_);
+}
+
+QBoxLayout* MainWindowView::makeTopBar(editor::MainWindow& window) {
+    auto* mode = new ComboBoxView(window.combo_mode);
+    nameWidget(*mode, QStringLiteral("combo_mode"),
+               QStringLiteral("The DAW the controller works with"));
+    mode->setMinimumContentsLength(18);
+    auto* locker =
+        new ControlButton(window.locker, ControlButton::Shape::Key, QStringLiteral("&Lock"));
+    nameWidget(*locker, QStringLiteral("locker"), QStringLiteral("Lock the controller's settings"));
+    locker->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+
+    auto* bar = new QHBoxLayout;
+    bar->addWidget(captionOf(*mode, QStringLiteral("DAW mo&de")));
+    bar->addWidget(mode);
+    bar->addSpacing(16);
+    bar->addWidget(locker);
+    bar->addStretch(1);
+    bar->addWidget(buttonFor(*midiDevices_, QStringLiteral("midiDevices"),
+                             QStringLiteral("MIDI De&vices..."),
+                             QStringLiteral("Choose the MIDI input and output")));
+    bar->addWidget(buttonFor(*send_, QStringLiteral("send"), QStringLiteral("&Send"),
+                             QStringLiteral("Send all four layers to the controller")));
+    return bar;
+}
+
+}  // namespace qt

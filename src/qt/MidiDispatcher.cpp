@@ -1,0 +1,14 @@
+#include "qt/MidiDispatcher.h"
+
+namespace qt {
+
+MidiDispatcher::MidiDispatcher(platform::MidiService& service) {
+    if (service.fileDescriptor() < 0) {
+        return;
+    }
+    notifier_ = std::make_unique<QSocketNotifier>(service.fileDescriptor(), QSocketNotifier::Read);
+    QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(),
+                     [&service] { service.dispatch(); });
+}
+
+}  // namespace qt

@@ -1,0 +1,151 @@
+#include "qt/QtDesktop.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <typeinfo>
+#include <utility>
+
+#include "qt/asText.h"
+#include "qt/filePanels.h"
+
+namespace qt {
+
+namespace {
+
+/// Counts something for as long as it lives.
+class Counted {
+public:
+    explicit Counted(int& count) : count_(count) { ++count_; }
+    Counted(const Counted&) = delete;
+    Counted& operator=(const Counted&) = delete;
+    ~Counted() { --count_; }
+
+private:
+    int& count_;
+};
+
+bool isAnyWindowVisible() {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::any_of(windows.begin(), windows.end(),
+                       [](const QWidget* window) { return window->isVisible(); });
+}
+
+}  // namespace
+
+QtDesktop::QtDesktop(EndProcess endProcess) : endProcess_(std::move(endProcess)) {
+    QApplication::setQuitOnLastWindowClosed(false);
+}
+
+QtDesktop::~QtDesktop() = default;
+
+toolkit::AlertAnswer QtDesktop::runAlertPanel(const toolkit::Alert& alert) {
+    const Counted counted(panels_);
+    QMessageBox box(QApplication::activeWindow());
+    box.setWindowTitle(asText(alert.title));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(asText(alert.message));
+    QPushButton* defaultButton =
+        box.addButton(asText(alert.defaultButton), QMessageBox::AcceptRole);
+    box.setDefaultButton(defaultButton);
+    box.setEscapeButton(defaultButton);
+    if (!alert.alternateButton.empty()) {
+        box.setIcon(QMessageBox::Question);
+        box.setEscapeButton(box.addButton(asText(alert.alternateButton), QMessageBox::RejectRole));
+    }
+    box.setWindowModality(Qt::ApplicationModal);
+    box.exec();
+    return box.clickedButton() == defaultButton ? toolkit::AlertAnswer::Default
+                                                : toolkit::AlertAnswer::Alternate;
+}
+
+std::optional<std::filesystem::path> QtDesktop::runSavePanel(const toolkit::SavePanel& panel) {
+    const Counted counted(panels_);
+    return filePanels::runSave(panel);
+}
+
+std::optional<std::filesystem::path> QtDesktop::runOpenPanel(const toolkit::OpenPanel& panel) {
+    const Counted counted(panels_);
+    return filePanels::runOpen(panel);
+}
+
+int QtDesktop::runModalForWindow(toolkit::WindowController& controller) {
+    const std::unique_ptr<DialogView> view = buildView(controller);
+    if (!view) {
+        return 0;
+    }
+    if (QWidget* behind = QApplication::activeWindow()) {
+        view->setParent(behind, view->windowFlags());  // placed over it, and kept above it
+    }
+    view->setWindowModality(Qt::ApplicationModal);
+    ModalRun run;
+    modalRuns_.push_back(&run);
+    controller.window().makeKeyAndOrderFront();
+    if (!run.stopped) {
+        run.loop.exec(QEventLoop::DialogExec);
+    }
+    modalRuns_.pop_back();
+    return modalStopped;
+}
+
+void QtDesktop::stopModal() {
+    if (modalRuns_.empty()) {
+        return;
+    }
+    modalRuns_.back()->stopped = true;
+    modalRuns_.back()->loop.quit();
+}
+
+void QtDesktop::showWindow(toolkit::WindowController& controller) {
+    std::unique_ptr<DialogView>& view = shown_[&controller];
+    if (!view || view->isOrphan()) {
+        view = buildView(controller);
+    }
+    if (!view) {
+        shown_.erase(&controller);
+        return;
+    }
+    view->installEventFilter(&hideWatch_);
+    controller.window().makeKeyAndOrderFront();
+}
+
+void QtDesktop::sleepForTimeInterval(std::chrono::duration<double> seconds) {
+    sleeper_.sleep(seconds);
+}
+
+void QtDesktop::exit(int status) {
+    settings_.remove();
+    if (endProcess_) {
+        endProcess_(status);
+        return;
+    }
+    // At once: what is under way, a modal run perhaps, is not unwound.
+    std::fflush(nullptr);
+    std::_Exit(status);
+}
+
+std::unique_ptr<DialogView> QtDesktop::buildView(toolkit::WindowController& controller) {
+    const auto builder = builders_.find(std::type_index(typeid(controller)));
+    return builder == builders_.end() ? nullptr : builder->second(controller);
+}
+
+bool QtDesktop::HideWatch::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Hide) {
+        QTimer::singleShot(0, this, [this] { desktop_.lookForLastWindow(); });
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void QtDesktop::lookForLastWindow() {
+    // The pad editor, which is modal, hides the main window and brings it back by itself.
+    const bool busy = !modalRuns_.empty() || panels_ > 0;
+    if (!busy && lastWindowClosed_ && !isAnyWindowVisible()) {
+        lastWindowClosed_();
+    }
+}
+
+}  // namespace qt

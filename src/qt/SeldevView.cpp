@@ -1,0 +1,80 @@
+#include "qt/SeldevView.h"
+
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include "qt/ButtonView.h"
+#include "qt/widgets.h"
+
+namespace qt {
+
+namespace {
+
+constexpr int nameWidth = 28;  // letters; MIDI port names are long
+
+/// Said where a list is empty; nothing where none is.
+QString hintFor(bool noInput, bool noOutput) {
+    const QString waiting =
+        QStringLiteral("Connect the controller and switch it on: it appears here by itself.");
+    if (noInput && noOutput) {
+        return QStringLiteral("There is no MIDI device. ") + waiting;
+    }
+    if (noInput) {
+        return QStringLiteral("There is no MIDI input. ") + waiting;
+    }
+    if (noOutput) {
+        return QStringLiteral("There is no MIDI output. ") + waiting;
+    }
+    return {};
+}
+
+}  // namespace
+
+SeldevView::SeldevView(devices::DeviceDialog& controller)
+    : DialogView(controller, QStringLiteral("MIDI Devices")),
+      inputs_(new ComboBoxView(controller.combo_in)),
+      outputs_(new ComboBoxView(controller.combo_out)),
+      hint_(new QLabel) {
+    nameWidget(*inputs_, QStringLiteral("combo_in"), QStringLiteral("MIDI input"));
+    nameWidget(*outputs_, QStringLiteral("combo_out"),
+               QStringLiteral("MIDI output: where the controller listens"));
+    for (ComboBoxView* box : {inputs_, outputs_}) {
+        box->setMinimumContentsLength(nameWidth);
+        connect(box->model(), &QAbstractItemModel::modelReset, this, [this] { showHint(); });
+    }
+    hint_->setObjectName(QStringLiteral("hint"));
+    hint_->setWordWrap(true);
+
+    auto* ok = new ButtonView(controller.okButton, ButtonView::Kind::Command, QStringLiteral("OK"));
+    ok->setObjectName(QStringLiteral("ok"));
+    ok->setDefault(true);
+    auto* cancel = new ButtonView(controller.cancelButton, ButtonView::Kind::Command,
+                                  QStringLiteral("Cancel"));
+    cancel->setObjectName(QStringLiteral("cancel"));
+
+    auto* form = new QFormLayout;
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    form->addRow(QStringLiteral("&Input"), inputs_);
+    form->addRow(QStringLiteral("O&utput"), outputs_);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch(1);
+    buttons->addWidget(ok);
+    buttons->addWidget(cancel);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(16, 16, 16, 16);
+    layout->setSpacing(14);
+    layout->addLayout(form);
+    layout->addWidget(hint_);
+    layout->addStretch(1);
+    layout->addLayout(buttons);
+    showHint();
+}
+
+void SeldevView::showHint() {
+    const QString hint = hintFor(inputs_->count() == 0, outputs_->count() == 0);
+    hint_->setText(hint);
+    hint_->setVisible(!hint.isEmpty());
+}
+
+}  // namespace qt

@@ -1,0 +1,165 @@
+#include "qt/SimulatorView.h"
+
+#include <QFontDatabase>
+#include <QHeaderView>
+#include <QLabel>
+#include <QVBoxLayout>
+#include <span>
+
+#include "config/layout.h"
+#include "qt/asText.h"
+#include "qt/widgets.h"
+#include "tables/data.h"
+
+namespace qt {
+
+namespace {
+
+const QStringList layerColumns = {
+    QStringLiteral("Layer"), QStringLiteral("Received"),  QStringLiteral("DAW mode"),
+    QStringLiteral("Lock"),  QStringLiteral("Pad curve"), QStringLiteral("Pad interval"),
+};
+const QStringList logColumns = {QStringLiteral("No."), QStringLiteral("Bytes"),
+                                QStringLiteral("Message")};
+constexpr int bytesInALine = 16;
+
+QString dawMode(int mode) {
+    const tables::List names = tables::data::Machin_Mod();
+    const auto position = static_cast<std::size_t>(mode);
+    return position < names.size() ? asText(names[position]) : QString::number(mode);
+}
+
+QString padCurve(int curve) {
+    constexpr int lastCurve = 4;
+    return curve > lastCurve ? QStringLiteral("Const %1").arg(curve)
+                             : QStringLiteral("Curve%1").arg(curve);
+}
+
+QStringList describe(const simulator::LayerMessage& layer) {
+    return {
+        QStringLiteral("%1 bytes").arg(layer.size()),
+        dawMode(layer[config::dawModeOffset]),
+        layer[config::lockOffset] != 0 ? QStringLiteral("on") : QStringLiteral("off"),
+        padCurve(layer[config::curveOffset]),
+        QStringLiteral("%1 ms").arg(layer[config::intervalOffset]),
+    };
+}
+
+/// The offset of its first byte, then the bytes of a line, hexadecimal.
+QString dump(std::span<const std::uint8_t> bytes) {
+    QString all;
+    int offset = 0;
+    for (const std::uint8_t byte : bytes) {
+        if (offset % bytesInALine == 0) {
+            all += offset == 0 ? QString() : QStringLiteral("\n");
+            all += QStringLiteral("%1 ").arg(offset, 3);
+        }
+        all += QStringLiteral(" %1").arg(byte, 2, 16, QLatin1Char('0')).toUpper();
+        ++offset;
+    }
+    return all;
+}
+
+}  // namespace
+
+SimulatorView::SimulatorView(simulator::SimulatedController& controller)
+    : link_(controller, [this] { showAll(); }),
+      layers_(new QTableWidget(config::layerCount, static_cast<int>(layerColumns.size()))),
+      bytes_(new QPlainTextEdit),
+      log_(new QTreeWidget) {
+    setWindowTitle(QStringLiteral("Simulated Tormelk"));
+    nameWidget(*layers_, QStringLiteral("layers"), QStringLiteral("The layers it holds"));
+    layers_->setHorizontalHeaderLabels(layerColumns);
+    layers_->verticalHeader()->hide();
+    layers_->setWordWrap(false);
+    layers_->horizontalHeader()->setStretchLastSection(true);
+    layers_->horizontalHeader()->setHighlightSections(false);
+    layers_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    layers_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    layers_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    layers_->setSelectionMode(QAbstractItemView::SingleSelection);
+    layers_->setTabKeyNavigation(false);
+    layers_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    connect(layers_, &QTableWidget::itemSelectionChanged, this, [this] { showBytes(); });
+
+    nameWidget(*bytes_, QStringLiteral("bytes"), QStringLiteral("The bytes of the selected layer"));
+    bytes_->setReadOnly(true);
+    bytes_->setTabChangesFocus(true);
+    bytes_->setLineWrapMode(QPlainTextEdit::NoWrap);
+    bytes_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    bytes_->setPlaceholderText(QStringLiteral("Nothing received yet"));
+
+    nameWidget(*log_, QStringLiteral("log"), QStringLiteral("Every message that came"));
+    log_->setHeaderLabels(logColumns);
+    log_->setRootIsDecorated(false);
+    log_->setSelectionMode(QAbstractItemView::NoSelection);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(captionOf(*layers_, QStringLiteral("&Layers")));
+    layout->addWidget(layers_);
+    layout->addWidget(captionOf(*bytes_, QStringLiteral("&Bytes of the selected layer")));
+    layout->addWidget(bytes_, 2);
+    layout->addWidget(captionOf(*log_, QStringLiteral("&Messages")));
+    layout->addWidget(log_, 1);
+    showAll();
+    layers_->setFixedHeight(layers_->horizontalHeader()->sizeHint().height() +
+                            layers_->verticalHeader()->length() + 2 * layers_->frameWidth());
+    const QFontMetrics fixed(bytes_->font());
+    bytes_->setMinimumWidth(
+        fixed.horizontalAdvance(QString(4 + 3 * bytesInALine + 5, QLatin1Char('0'))));
+}
+
+void SimulatorView::showAll() {
+    if (const simulator::SimulatedController* controller = link_.model()) {
+        showLayers(controller->layers());
+        selectFirstLayerHeld(controller->layers());
+        showBytes();
+        showLog();
+    }
+}
+
+void SimulatorView::showLayers(const simulator::SimulatedController::Layers& layers) {
+    for (int row = 0; row < config::layerCount; ++row) {
+        const auto& layer = layers[static_cast<std::size_t>(row)];
+        QStringList cells = {QString::number(row + 1)};
+        cells += layer ? describe(*layer) : QStringList{QStringLiteral("nothing yet")};
+        for (int column = 0; column < cells.size(); ++column) {
+            layers_->setItem(row, column, new QTableWidgetItem(cells[column]));
+        }
+    }
+    layers_->resizeColumnsToContents();
+    layers_->setMinimumWidth(layers_->horizontalHeader()->length() + 2 * layers_->frameWidth());
+}
+
+void SimulatorView::selectFirstLayerHeld(const simulator::SimulatedController::Layers& layers) {
+    for (int row = 0; row < config::layerCount && layers_->selectedItems().isEmpty(); ++row) {
+        if (layers[static_cast<std::size_t>(row)]) {
+            layers_->selectRow(row);
+        }
+    }
+}
+
+void SimulatorView::showBytes() {
+    const simulator::SimulatedController* controller = link_.model();
+    const int row = layers_->currentRow();
+    if (controller == nullptr || row < 0) {
+        return;
+    }
+    const auto& layer = controller->layers()[static_cast<std::size_t>(row)];
+    bytes_->setPlainText(layer ? dump(*layer) : QString());
+}
+
+void SimulatorView::showLog() {
+    log_->clear();
+    for (const simulator::LogEntry& entry : link_.model()->log()) {
+        const QString verdict =
+            entry.accepted ? asText(entry.text) : QStringLiteral("Refused: ") + asText(entry.text);
+        log_->addTopLevelItem(new QTreeWidgetItem(
+            {QString::number(entry.number), QString::number(entry.bytes), verdict}));
+    }
+    log_->resizeColumnToContents(0);
+    log_->resizeColumnToContents(1);
+    log_->scrollToBottom();
+}
+
+}  // namespace qt

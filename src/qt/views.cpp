@@ -1,0 +1,33 @@
+#include "qt/views.h"
+
+#include "devices/seldev.h"
+#include "devices/seldev2.h"
+#include "editor/pad.h"
+#include "qt/AboutView.h"
+#include "qt/MessageView.h"
+#include "qt/PadView.h"
+#include "qt/SeldevView.h"
+#include "shell/about.h"
+#include "shell/message.h"
+
+namespace qt {
+
+namespace {
+
+template <typename Controller, typename View>
+void add(QtDesktop& desktop) {
+    desktop.addView<Controller>(
+        [](Controller& controller) { return std::make_unique<View>(controller); });
+}
+
+}  // namespace
+
+void addEditorViews(QtDesktop& desktop) {
+    add<devices::seldev, SeldevView>(desktop);
+    add<devices::seldev2, SeldevView>(desktop);
+    add<editor::pad, PadView>(desktop);
+    add<shell::about, AboutView>(desktop);
+    add<shell::message, MessageView>(desktop);
+}
+
+}  // namespace qt
