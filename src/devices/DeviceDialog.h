@@ -50,7 +50,6 @@ protected:
     virtual void outputStored(int index) = 0;
 
 private:
-    void selectFirstChoice();
     void setupChanged();
     void judgeOk();
     void storeChoice();
