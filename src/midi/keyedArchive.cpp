@@ -19,33 +19,87 @@ using Json = nlohmann::ordered_json;
 
 namespace {
 
-/// Looks through the bytes before anything is built from them: the reader recurses, and hostile
-/// bytes can nest as deep as they are long. An archive nests three deep.
-class DepthCheck final : public nlohmann::json_sax<Json> {
+/// Walks over the bytes before anything is read from them: the reader recurses without a limit, and
+/// hostile bytes can nest as deep as they are long. An archive nests three deep, and every length
+/// in it is told in advance.
+class ShapeCheck {
 public:
-    bool null() override { return true; }
-    bool boolean(bool) override { return true; }
-    bool number_integer(number_integer_t) override { return true; }
-    bool number_unsigned(number_unsigned_t) override { return true; }
-    bool number_float(number_float_t, const string_t&) override { return true; }
-    bool string(string_t&) override { return true; }
-    bool binary(binary_t&) override { return true; }
-    bool start_object(std::size_t) override { return enter(); }
-    bool key(string_t&) override { return true; }
-    bool end_object() override { return leave(); }
-    bool start_array(std::size_t) override { return enter(); }
-    bool end_array() override { return leave(); }
-    bool parse_error(std::size_t, const std::string&, const Json::exception&) override {
+    explicit ShapeCheck(std::span<const std::uint8_t> bytes) : rest_(bytes) {}
+
+    /// Whether the bytes are one value of that shape and nothing else.
+    bool isArchive() { return skipValue(0) && rest_.empty(); }
+
+private:
+    enum Major : std::uint8_t { Unsigned, Negative, Binary, Text, List, Map, Tag, Simple };
+    static constexpr int deepest = 3;
+
+    // NOLINTNEXTLINE(misc-no-recursion): it ends at the depth of an archive.
+    bool skipValue(int depth) {
+        if (rest_.empty()) {
+            return false;
+        }
+        const auto major = static_cast<Major>(rest_[0] >> 5U);
+        const std::optional<std::uint64_t> argument = takeHead();
+        if (!argument) {
+            return false;
+        }
+        switch (major) {
+            case Unsigned:
+            case Negative:
+            case Simple:
+                return true;
+            case Text:
+                return skipBytes(*argument);
+            case List:
+                return depth < deepest && skipValues(*argument, depth + 1);
+            case Map:
+                return depth < deepest && skipValues(*argument, depth + 1) &&
+                       skipValues(*argument, depth + 1);
+            case Binary:
+            case Tag:
+                break;
+        }
         return false;
     }
 
-private:
-    bool enter() { return ++depth_ <= 3; }
-    bool leave() {
-        --depth_;
+    // NOLINTNEXTLINE(misc-no-recursion)
+    bool skipValues(std::uint64_t count, int depth) {
+        for (; count > 0; --count) {
+            if (!skipValue(depth)) {
+                return false;
+            }
+        }
         return true;
     }
-    int depth_ = 0;
+
+    bool skipBytes(std::uint64_t count) {
+        if (count > rest_.size()) {
+            return false;
+        }
+        rest_ = rest_.subspan(static_cast<std::size_t>(count));
+        return true;
+    }
+
+    /// The number in or behind the first byte; none for a length that is not told in advance.
+    std::optional<std::uint64_t> takeHead() {
+        const unsigned information = rest_[0] & 0x1FU;
+        rest_ = rest_.subspan(1);
+        if (information < 24) {
+            return information;
+        }
+        const std::size_t size = std::size_t{1} << (information - 24);
+        if (information > 27 || size > rest_.size()) {
+            return std::nullopt;
+        }
+        std::uint64_t number = 0;
+        for (std::size_t i = 0; i < size; ++i) {
+            number = number << 8U | rest_[i];
+        }
+        rest_ = rest_.subspan(size);
+        return number;
+    }
+
+    std::span<const std::uint8_t> rest_;
 };
 
 const Json* member(const Json& object, std::string_view key) {
@@ -190,15 +244,13 @@ public:
 
 private:
     bool parse(std::span<const std::uint8_t> bytes) {
+        if (!ShapeCheck(bytes).isArchive()) {
+            return false;
+        }
         try {
-            DepthCheck shallow;
-            if (!Json::sax_parse(bytes.begin(), bytes.end(), &shallow,
-                                 nlohmann::detail::input_format_t::cbor)) {
-                return false;
-            }
             archive_ = Json::from_cbor(bytes.begin(), bytes.end(), true, false);
         } catch (const std::exception&) {
-            return false;  // a length that no memory could hold is thrown, also when told not to
+            return false;  // what it does not report it throws, also when told not to
         }
         return !archive_.is_discarded();
     }

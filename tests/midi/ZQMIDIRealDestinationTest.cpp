@@ -1,0 +1,85 @@
+#include "midi/ZQMIDIRealDestination.h"
+
+#include "midi/MidiTest.h"
+
+namespace midi {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+class RealDestination : public MidiTest {
+protected:
+    const platform::MIDIPacketListPtr list = platform::makeOnePacketList(noteOn);
+};
+
+TEST_F(RealDestination, SendsWithASenderRegistered) {
+    const Destination& out = service.addDestination("out");
+    ZQMIDIRealDestination& destination = real(out);
+    destination.addSender(this);
+    destination.processMIDIPacketList(*list, this);
+    destination.processMIDIPacketList(*list,
+                                      nullptr);  // who says it does not matter
+    destination.removeSender(this);
+    EXPECT_THAT(out.received(), ElementsAre(noteOnRecord, noteOnRecord));
+}
+
+TEST_F(RealDestination, SendsNothingWithoutASender) {
+    const Destination& out = service.addDestination("out");
+    ZQMIDIRealDestination& destination = real(out);
+    recordCalls();
+    destination.processMIDIPacketList(*list, this);
+    EXPECT_THAT(calls, IsEmpty());
+    destination.addSender(this);
+    destination.removeSender(this);
+    destination.processMIDIPacketList(*list, this);
+    EXPECT_THAT(out.received(), IsEmpty());
+}
+
+TEST_F(RealDestination, SendsNothingWhileOffline) {
+    ZQMIDIRealDestination& destination = manager().realDestinationWithDescriptor({"Tormelk", 7});
+    recordCalls();
+    destination.addSender(this);
+    destination.processMIDIPacketList(*list, this);
+    EXPECT_THAT(calls, IsEmpty());
+    destination.removeSender(this);
+}
+
+TEST_F(RealDestination, SendsIntoTheVoidWhenTheDeviceHasJustGone) {
+    Destination& out = service.addDestination("out");
+    ZQMIDIRealDestination& destination = real(out);
+    destination.addSender(this);
+    out.unplug();
+    destination.processMIDIPacketList(*list, this);
+    EXPECT_THAT(out.received(), IsEmpty());
+    destination.removeSender(this);
+    EXPECT_EQ(service.openOutputPorts(), 0U);
+}
+
+TEST_F(RealDestination, OpensAndClosesAPortAroundEveryUse) {
+    const Destination& out = service.addDestination("out");
+    ZQMIDIRealDestination& destination = real(out);
+    for (int i = 0; i < 3; ++i) {
+        destination.addSender(this);
+        destination.processMIDIPacketList(*list, this);
+        destination.removeSender(this);
+        EXPECT_EQ(service.openOutputPorts(), 0U);
+    }
+    EXPECT_EQ(service.outputPortsCreated(), 3U);
+    EXPECT_EQ(out.received().size(), 3U);
+}
+
+TEST_F(RealDestination, TakesTheLastOfSeveralSendersToClose) {
+    const Destination& out = service.addDestination("out");
+    ZQMIDIRealDestination& destination = real(out);
+    const int other = 0;
+    destination.addSender(this);
+    destination.addSender(&other);
+    destination.removeSender(this);
+    EXPECT_TRUE(destination.ioIsRunning());
+    destination.removeSender(&other);
+    EXPECT_FALSE(destination.ioIsRunning());
+}
+
+}  // namespace
+}  // namespace midi
