@@ -15,6 +15,11 @@ namespace editor {
 inline constexpr int noControl = config::noControl;
 inline constexpr int noLayer = 255;
 
+/// Whether there is such a layer: 0 to 3.
+[[nodiscard]] constexpr bool isLayer(int layer) {
+    return layer >= 0 && layer < config::layerCount;
+}
+
 /// Message kinds as `combo_type` lists them.
 inline constexpr int kindNote = 0;
 inline constexpr int kindControlChange = 1;
@@ -41,16 +46,17 @@ inline constexpr std::array<int, 5> tcmtv = {
 /// One flag a layer; a layer outside 0 to 3 has none.
 class LayerFlags {
 public:
-    [[nodiscard]] bool isSet(int layer) const { return exists(layer) && flags_[index(layer)] != 0; }
+    [[nodiscard]] bool isSet(int layer) const {
+        return isLayer(layer) && flags_[index(layer)] != 0;
+    }
     void set(int layer, bool on) {
-        if (exists(layer)) {
+        if (isLayer(layer)) {
             flags_[index(layer)] = on ? 1 : 0;
         }
     }
     void clear() { flags_ = {}; }
 
 private:
-    static bool exists(int layer) { return layer >= 0 && layer < config::layerCount; }
     static std::size_t index(int layer) { return static_cast<std::size_t>(layer); }
     std::array<std::uint8_t, config::layerCount> flags_{};
 };

@@ -15,14 +15,14 @@ namespace {
 /// a second click must not put that out. The clicked button was lit by the click.
 template <typename Buttons>
 void handOverLight(Buttons& buttons, int lit, int clicked) {
-    if (lit != noLayer) {
+    if (isLayer(lit)) {
         buttons[static_cast<std::size_t>(lit)].setState(lit == clicked ? 1 : 0);
     }
 }
 
 template <typename Buttons>
 void setLight(Buttons& buttons, int layer, int state) {
-    if (layer != noLayer) {
+    if (isLayer(layer)) {
         buttons[static_cast<std::size_t>(layer)].setState(state);
     }
 }
@@ -34,6 +34,9 @@ void mainController::onMoLa(toolkit::Button& sender) {
 }
 
 void mainController::moLa(int modeLayer) {
+    if (!isLayer(modeLayer)) {
+        return;
+    }
     Layers& layers = state_.layers;
     Selection& selection = state_.selection;
     handOverLight(window_.moLaCtrls, layers.m_moLa, modeLayer);
@@ -93,6 +96,9 @@ void mainController::paLa(int padLayer) {
 }
 
 void mainController::paLa234(int padLayer) {
+    if (!isLayer(padLayer) || padLayer == 0) {
+        return;
+    }
     Selection& selection = state_.selection;
     handOverLight(window_.paLaCtrls, state_.layers.m_paLa, padLayer);
     state_.layers.layrData = padLayer;

@@ -90,11 +90,14 @@ void pad::OnFinish() {
 }
 
 void pad::onSele(toolkit::Button& sender) {
+    if (!isPad(sender.tag())) {
+        return;
+    }
     selectPad(config::aPadMap[position(sender.tag(), firstPad)]);
 }
 
 void pad::selectPad(int control) {
-    if (control == currentPad()) {
+    if (control == currentPad() && isPad(control)) {
         ownButtonOf(control).setState(1);
     } else {
         pad_core(control);
@@ -102,11 +105,14 @@ void pad::selectPad(int control) {
 }
 
 void pad::pad_core(int control) {
+    if (!isPad(control)) {
+        return;
+    }
     const int old = currentPad();
     if (isPad(old)) {
         ownButtonOf(old).setState(0);
     }
-    if (config::isLayerKey(old) && state_.layers.m_moLa != noLayer) {
+    if (config::isLayerKey(old) && isLayer(state_.layers.m_moLa)) {
         mainWindow_.moLaCtrls[position(state_.layers.m_moLa, 0)].setState(0);
     }
     ownButtonOf(control).setState(1);
@@ -141,7 +147,7 @@ void pad::OnzPaLa(toolkit::Button& sender) {
 
 void pad::zPaLa(int padLayer) {
     const int old = currentLayer();
-    if (old == 0) {
+    if (old == 0 || !isLayer(padLayer)) {
         return;
     }
     if (padLayer == old) {
@@ -154,6 +160,9 @@ void pad::zPaLa(int padLayer) {
 }
 
 void pad::PaLa(int padLayer) {
+    if (!isLayer(padLayer)) {
+        return;
+    }
     state_.pads.m_zPaLayer_CurSel = padLayer;
     layerButton(padLayer).setState(1);
     mainWindow_.paLaCtrls[position(padLayer, 0)].setState(1);

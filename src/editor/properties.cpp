@@ -8,6 +8,7 @@ namespace editor {
 
 namespace {
 
+// A box that has been blank for long may hold a second blank behind its first.
 constexpr int blankKind = tcmtv[0];
 constexpr int blankChannel = tcmtv[1];
 constexpr int blankNumber = tcmtv[2];
@@ -45,7 +46,7 @@ void mainController::chooseChannel(int index) {
     const int layer = state_.layers.layrData;
     const int control = state_.selection.keyEvnt;
     const int stored = config::channel(state_.sysData, layer, control);
-    if (index == blankChannel) {
+    if (index >= blankChannel) {
         window_.combo_chan.selectItemAtIndex(stored);
     } else if (index != stored) {
         config::setChannel(state_.sysData, layer, control, index);
@@ -57,7 +58,7 @@ void mainController::chooseNumber(int index) {
     const int layer = state_.layers.layrData;
     const int control = state_.selection.keyEvnt;
     const int stored = config::number(state_.sysData, layer, control);
-    if (index == blankNumber) {
+    if (index >= blankNumber) {
         window_.combo_cc.selectItemAtIndex(stored);
     } else if (index != stored) {
         config::setNumber(state_.sysData, layer, control, index);
@@ -70,7 +71,7 @@ void mainController::chooseKind(int index) {
     const int control = state_.selection.keyEvnt;
     const int modeByte = config::mode(state_.sysData, layer, control);
     state_.selection.msg_Typ = index;
-    if (index == blankKind) {
+    if (index >= blankKind) {
         window_.combo_type.selectItemAtIndex(TypOxOX_2Index(modeByte));
     } else {
         state_.selection.select_type = index;

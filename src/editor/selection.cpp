@@ -16,6 +16,10 @@ std::size_t padPosition(int padTagOrIndex) {
     return static_cast<std::size_t>(padTagOrIndex - config::firstPad);
 }
 
+bool hasButton(int control) {
+    return control >= 0 && control < config::buttonCount;
+}
+
 /// The message kind of a mode byte, as `msg_Typ` has it. Pitch bend is shown as control change.
 int kindOf(int modeByte) {
     switch (modeByte & 0x0F) {
@@ -185,13 +189,13 @@ toolkit::Button& mainController::buttonOf(int control) {
 }
 
 void mainController::cleanBnSel() {
-    if (state_.selection.keyEvnt_bak != noControl) {
+    if (hasButton(state_.selection.keyEvnt_bak)) {
         buttonOf(state_.selection.keyEvnt_bak).setState(0);
     }
 }
 
 void mainController::keepBnSel(int control) {
-    if (control != noControl) {
+    if (hasButton(control)) {
         buttonOf(control).setState(1);
     }
 }
@@ -199,14 +203,14 @@ void mainController::keepBnSel(int control) {
 void mainController::getKeySel(int modeLayer) {
     const int control = state_.selection.keyEvnt;
     if (state_.modes.machn_mod != userDefinedMode || isLayerKey(control) ||
-        control > config::lastFader || modeLayer == noLayer) {
+        control > config::lastFader || !isLayer(modeLayer)) {
         return;
     }
     state_.selection.key_sel[static_cast<std::size_t>(modeLayer)] = control;
 }
 
 void mainController::setKeySel() {
-    if (state_.modes.machn_mod != userDefinedMode || state_.layers.m_moLa == noLayer) {
+    if (state_.modes.machn_mod != userDefinedMode || !isLayer(state_.layers.m_moLa)) {
         return;
     }
     int& remembered = state_.selection.key_sel[static_cast<std::size_t>(state_.layers.m_moLa)];
