@@ -34,6 +34,8 @@ public:
         return lowByte(magnitude(negative), negative);
     }
 
+    [[nodiscard]] bool isAtEnd() const { return at_ == end_; }
+
 private:
     /// The digits as a number, no larger than the largest 64-bit number of that sign.
     std::uint64_t magnitude(bool negative) {
@@ -78,6 +80,9 @@ std::optional<PresetBytes> readPresetText(std::string_view text) {
             return std::nullopt;
         }
         byte = *number;
+    }
+    if (text.size() >= presetTextLimit && reader.isAtEnd()) {
+        return std::nullopt;  // the last number may go on behind what was read of the file
     }
     return bytes;
 }

@@ -27,7 +27,8 @@ using PresetBytes = std::array<std::uint8_t, imageSize>;
 [[nodiscard]] std::string presetText(const Image& sysData);
 
 /// Reads 1016 numbers and keeps the low eight bits of each. None where the text ends or something
-/// other than a number stands before the last of them; what follows it is not looked at.
+/// other than a number stands before the last of them; what follows it is not looked at. None, too,
+/// where the last of them reaches `presetTextLimit`: it may go on behind what was read of the file.
 ///
 /// A number is what a formatted reader (`%d`) takes: blanks and blank lines before it are passed
 /// over, it may have a sign, and it ends at the first character that is no digit. Beyond 64 bits

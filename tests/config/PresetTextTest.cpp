@@ -221,36 +221,20 @@ TEST(PresetTextReader, RefusesFewerNumbersThanTheImageHasBytes) {
 }
 
 TEST(PresetTextReader, RefusesTextWhereANumberShouldBe) {
-    for (const std::string text : {"x",
-                                   "-",
-                                   "+",
-                                   "--1",
-                                   "+-1",
-                                   "-+1",
-                                   "- 1",
-                                   "+ 1",
-                                   "-\n1",
-                                   ".",
-                                   ",",
-                                   "1.5",
-                                   "1,",
-                                   "1;",
-                                   "0x10",
-                                   "1e2",
-                                   "12a",
-                                   "#1",
-                                   "'1'",
-                                   "\"1\"",
-                                   "nan",
-                                   "inf",
-                                   "\xEF\xBB\xBF"
-                                   "1",
-                                   "\xC2\xA0"
-                                   "1",
-                                   "\xD9\xA1",
-                                   "\x80",
-                                   "\xFF",
-                                   "\x1B[0m"}) {
+    const std::string byteOrderMark = "\xEF\xBB\xBF";
+    const std::string noBreakSpace = "\xC2\xA0";
+    for (const char* sign : {"-", "+", "--1", "+-1", "-+1", "- 1", "+ 1", "-\n1"}) {
+        EXPECT_EQ(byteRead(sign), std::nullopt) << sign;
+    }
+    for (const char* point : {".", ",", "1.5", "1,", "1;", "0x10", "1e2", "12a"}) {
+        EXPECT_EQ(byteRead(point), std::nullopt) << point;
+    }
+    for (const char* word : {"x", "#1", "'1'", "\"1\"", "nan", "inf", "\x1B[0m"}) {
+        EXPECT_EQ(byteRead(word), std::nullopt) << word;
+    }
+    for (const std::string& text :
+         {byteOrderMark + "1", noBreakSpace + "1", std::string("\xD9\xA1"), std::string("\x80"),
+          std::string("\xFF")}) {
         EXPECT_EQ(byteRead(text), std::nullopt) << text;
     }
     EXPECT_EQ(byteRead(std::string("\0", 1)), std::nullopt);
