@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <optional>
 #include <system_error>
+#include <tuple>
 
 #include "files/FileDescriptor.h"
 
@@ -65,13 +66,15 @@ public:
         if (!old) {
             return ::fchmod(file_.get(), permissionsOfNewFiles()) == 0;
         }
-        // Another user's file stays theirs where this user may give files away. The owner comes
-        // first: changing it takes permission bits away.
+        // Another user's file stays theirs where this user may give files away, and stays with its
+        // group where not. This comes first: it takes permission bits away.
         const bool given = ::fchown(file_.get(), old->st_uid, old->st_gid) == 0;
-        if (!given && errno != EPERM) {
-            return false;
+        if (!given) {
+            std::ignore = ::fchown(file_.get(), static_cast<uid_t>(-1), old->st_gid);
         }
-        return ::fchmod(file_.get(), old->st_mode & 07777) == 0;
+        // Running with a file's rights is for its real owner and group only.
+        const mode_t kept = given ? 07777 : 0777;
+        return ::fchmod(file_.get(), old->st_mode & kept) == 0;
     }
 
     bool write(std::string_view bytes) {
