@@ -24,7 +24,8 @@ inline constexpr char blankEntryStorage = '\0';
 
 /// The one entry that means "no value". It is known by its identity, not by being empty: an empty
 /// text from elsewhere is an ordinary entry.
-inline constexpr std::string_view blankEntry{&detail::blankEntryStorage, 0};
+inline constexpr std::string_view blankEntry{&detail::blankEntryStorage,
+                                             &detail::blankEntryStorage};
 
 [[nodiscard]] constexpr bool isBlankEntry(std::string_view item) {
     return item.data() == blankEntry.data();
