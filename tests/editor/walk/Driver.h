@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <string>
 
 #include "editor/EditorState.h"
 #include "editor/MainWindow.h"
@@ -61,6 +62,8 @@ public:
     [[nodiscard]] virtual editor::mainController& controller() = 0;
     /// None while the pad editor is not open.
     [[nodiscard]] virtual editor::pad* padEditor() = 0;
+    /// Where a window shows anything but what its models hold, in words; empty where it does not.
+    [[nodiscard]] virtual std::string shownOtherwise() { return {}; }
 };
 
 }  // namespace walk

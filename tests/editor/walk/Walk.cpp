@@ -215,8 +215,9 @@ void Walk::compare(std::string_view what) {
     compareState(differences, expected.state, driver.state());
     compareWindow(differences, expected, driver.window());
     comparePadEditor(differences, expected.pad, driver.padEditor());
-    if (!differences.text().empty()) {
-        ADD_FAILURE() << "step " << steps_ << " (" << what << ")\n" << differences.text();
+    const std::string text = differences.text() + driver.shownOtherwise();
+    if (!text.empty()) {
+        ADD_FAILURE() << "step " << steps_ << " (" << what << ")\n" << text;
     }
 }
 

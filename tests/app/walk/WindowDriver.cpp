@@ -1,0 +1,259 @@
+#include "app/walk/WindowDriver.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QTest>
+#include <algorithm>
+#include <memory>
+#include <sstream>
+#include <utility>
+
+#include "app/Robot.h"
+#include "editor/walk/widgets.h"
+#include "qt/PadView.h"
+
+namespace walk {
+
+namespace {
+
+using app::robot::click;
+using app::robot::press;
+
+template <typename Widget>
+Widget& find(const QWidget& window, const QString& outlet) {
+    return app::robot::find<Widget>(window, outlet.toLatin1().constData());
+}
+
+QString nameOf(MainBox box) {
+    switch (box) {
+        case MainBox::combo_mode:
+            return QStringLiteral("combo_mode");
+        case MainBox::combo_type:
+            return QStringLiteral("combo_type");
+        case MainBox::combo_chan:
+            return QStringLiteral("combo_chan");
+        case MainBox::combo_cc:
+            return QStringLiteral("combo_cc");
+        case MainBox::combo_trig:
+            break;
+    }
+    return QStringLiteral("combo_trig");
+}
+
+QString nameOf(PadBox box) {
+    switch (box) {
+        case PadBox::combo_chan:
+            return QStringLiteral("combo_chan");
+        case PadBox::combo_chanMod:
+            return QStringLiteral("combo_chanMod");
+        case PadBox::combo_msg:
+            return QStringLiteral("combo_msg");
+        case PadBox::combo_intervl:
+            return QStringLiteral("combo_intervl");
+        case PadBox::combo_curv:
+            return QStringLiteral("combo_curv");
+        case PadBox::combo_curConst:
+            break;
+    }
+    return QStringLiteral("combo_curConst");
+}
+
+/// In the open list: a click on the item.
+void pickByMouse(QComboBox& box, int index) {
+    QAbstractItemView& list = *box.view();
+    const QModelIndex item = box.model()->index(index, 0);
+    // The click that opened the list must be over before the next one counts.
+    QTest::qWait(QApplication::doubleClickInterval() + 1);
+    list.scrollTo(item);
+    const QPoint place = list.visualRect(item).center();
+    QTest::mouseMove(list.viewport(), place);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, place);
+}
+
+/// In the open list: the arrow keys, from the nearer end, and Enter.
+void pickByKeyboard(QComboBox& box, int index) {
+    QAbstractItemView& list = *box.view();
+    const int fromTheEnd = box.count() - 1 - index;
+    const bool down = index <= fromTheEnd;
+    press(list, down ? Qt::Key_Home : Qt::Key_End);
+    for (int row = 0; row < std::min(index, fromTheEnd); ++row) {
+        press(list, down ? Qt::Key_Down : Qt::Key_Up);
+    }
+    press(list, Qt::Key_Enter);
+}
+
+void compareBox(std::ostream& differences, const QWidget& window, const QString& outlet,
+                const toolkit::ComboBox& model) {
+    const auto& box = find<QComboBox>(window, outlet);
+    const int selected = model.indexOfSelectedItem();
+    const std::string text(model.itemObjectValueAtIndex(selected).value_or(""));
+    if (box.count() != model.numberOfItems() || box.currentIndex() != selected ||
+        box.currentText().toStdString() != text || box.isEnabled() != model.isEnabled()) {
+        differences << "  the window's " << outlet.toStdString() << " shows " << box.count()
+                    << " items, number " << box.currentIndex() << " \""
+                    << box.currentText().toStdString() << "\", enabled " << box.isEnabled() << '\n';
+    }
+}
+
+void compareButton(std::ostream& differences, const QWidget& window, const QString& outlet,
+                   const toolkit::Button& model) {
+    const auto& button = find<QAbstractButton>(window, outlet);
+    if (button.isChecked() != (model.state() != 0) || button.isEnabled() != model.isEnabled()) {
+        differences << "  the window's " << outlet.toStdString() << " is lit " << button.isChecked()
+                    << ", enabled " << button.isEnabled() << '\n';
+    }
+}
+
+QString numbered(const char* name, std::size_t number) {
+    return QString::fromLatin1(name) + QString::number(number);
+}
+
+}  // namespace
+
+WindowDriver::WindowDriver(Hand first) : hand_(first) {
+    QApplication::setDoubleClickInterval(1);
+    desktop_.addView<editor::pad>([this](editor::pad& controller) {
+        pad_ = &controller;
+        return std::make_unique<qt::PadView>(controller);
+    });
+    editor_.show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&editor_.view));
+}
+
+WindowDriver::Hand WindowDriver::nextHand() {
+    return std::exchange(hand_, hand_ == Hand::Mouse ? Hand::Keyboard : Hand::Mouse);
+}
+
+void WindowDriver::operate(const QWidget& window, const QString& button) {
+    auto& widget = find<QAbstractButton>(window, button);
+    if (nextHand() == Hand::Mouse) {
+        click(widget);
+    } else {
+        press(widget, Qt::Key_Space);
+    }
+}
+
+void WindowDriver::pick(const QWidget& window, const QString& outlet, int index) {
+    auto& box = find<QComboBox>(window, outlet);
+    const bool mouse = nextHand() == Hand::Mouse;
+    if (mouse) {
+        click(box);
+    } else {
+        press(box, Qt::Key_Down, Qt::AltModifier);
+    }
+    if (!box.view()->isVisible()) {
+        EXPECT_FALSE(box.isEnabled()) << outlet.toStdString() << " did not open";
+        return;
+    }
+    if (mouse) {
+        pickByMouse(box, index);
+    } else {
+        pickByKeyboard(box, index);
+    }
+    EXPECT_FALSE(box.view()->isVisible()) << outlet.toStdString() << " did not close";
+}
+
+void WindowDriver::clickControl(int tag) {
+    operate(editor_.view, QStringLiteral("encoder%1").arg(tag));
+}
+
+void WindowDriver::clickModeLayer(int index) {
+    operate(editor_.view, QStringLiteral("moLa%1").arg(index + 1));
+}
+
+void WindowDriver::clickFirstPadLayer() {
+    operate(editor_.view, QStringLiteral("paLa1"));
+}
+
+void WindowDriver::clickPadLayer(int index, const std::function<void()>& inside) {
+    bool ran = false;
+    app::robot::whenDialogOpens(QStringLiteral("Pad Editor"),
+                                [this, &inside, &ran](QDialog& dialog) {
+                                    padWindow_ = &dialog;
+                                    inside();
+                                    ran = true;
+                                    padWindow_ = nullptr;
+                                    pad_ = nullptr;
+                                });
+    operate(editor_.view, QStringLiteral("paLa%1").arg(index + 1));
+    EXPECT_TRUE(ran);
+}
+
+void WindowDriver::clickLocker() {
+    operate(editor_.view, QStringLiteral("locker"));
+}
+
+void WindowDriver::choose(MainBox box, int index) {
+    pick(editor_.view, nameOf(box), index);
+}
+
+void WindowDriver::clickPad(int index) {
+    operate(*padWindow_, QStringLiteral("p%1").arg(index + 1));
+}
+
+void WindowDriver::clickEditorLayer(int padLayer) {
+    operate(*padWindow_, QStringLiteral("m_paLa%1").arg(padLayer));
+}
+
+void WindowDriver::chooseInPadEditor(PadBox box, int index) {
+    pick(*padWindow_, nameOf(box), index);
+}
+
+void WindowDriver::finish() {
+    operate(*padWindow_, QStringLiteral("finish"));
+}
+
+void WindowDriver::closePadEditor() {
+    if (nextHand() == Hand::Mouse) {
+        padWindow_->close();  // what the close box does
+    } else {
+        press(*padWindow_, Qt::Key_Escape);
+    }
+}
+
+std::string WindowDriver::shownOtherwise() {
+    std::ostringstream differences;
+    const editor::MainWindow& main = editor_.window;
+    const QWidget& view = editor_.view;
+    for (const MainBox box : {MainBox::combo_mode, MainBox::combo_type, MainBox::combo_chan,
+                              MainBox::combo_cc, MainBox::combo_trig}) {
+        compareBox(differences, view, nameOf(box), boxOf(editor_.window, box));
+    }
+    for (std::size_t tag = 0; tag < main.keysOrderedByTag.size(); ++tag) {
+        compareButton(differences, view, numbered("encoder", tag), main.keysOrderedByTag.at(tag));
+    }
+    for (std::size_t layer = 0; layer < 4; ++layer) {
+        compareButton(differences, view, numbered("moLa", layer + 1), main.moLaCtrls.at(layer));
+        compareButton(differences, view, numbered("paLa", layer + 1), main.paLaCtrls.at(layer));
+    }
+    compareButton(differences, view, QStringLiteral("locker"), main.locker);
+    compareButton(differences, view, QStringLiteral("trigger"), main.trigger);
+    if (view.windowTitle().toStdString() != main.window.title()) {
+        differences << "  the window's title is " << view.windowTitle().toStdString() << '\n';
+    }
+    if (view.isVisible() != main.window.isVisible()) {
+        differences << "  the window is visible: " << view.isVisible() << '\n';
+    }
+
+    if (padWindow_ == nullptr) {
+        return differences.str();
+    }
+    for (const PadBox box : {PadBox::combo_chan, PadBox::combo_chanMod, PadBox::combo_msg,
+                             PadBox::combo_intervl, PadBox::combo_curv, PadBox::combo_curConst}) {
+        compareBox(differences, *padWindow_, nameOf(box), boxOf(*pad_, box));
+    }
+    for (std::size_t position = 0; position < 9; ++position) {
+        compareButton(differences, *padWindow_, numbered("p", position + 1),
+                      pad_->m_pads.at(position));
+    }
+    for (int layer = 1; layer <= 3; ++layer) {
+        compareButton(differences, *padWindow_, QStringLiteral("m_paLa%1").arg(layer),
+                      layerButtonOf(*pad_, layer));
+    }
+    return differences.str();
+}
+
+}  // namespace walk
