@@ -1,0 +1,137 @@
+#include "architecture/Layering.h"
+
+#include <algorithm>
+#include <regex>
+
+#include "architecture/Tree.h"
+
+namespace architecture {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const std::string qtHeader = "Q[A-Za-z/]+|moc_\\w+\\.cpp";
+const std::string archiveHeader = "nlohmann/.*";
+/// The number of this process, which marks the endpoints it publishes.
+const std::string processHeader = "unistd\\.h";
+/// Whole files, flushed and renamed, and the descriptor to watch: the operating system's.
+const std::string systemHeader = "unistd\\.h|fcntl\\.h|sys/(stat|eventfd)\\.h";
+
+/// The name of the standard library's headers: lower case, without folder and ending. Those it has
+/// from C are used under their C++ names.
+bool isStandard(const std::string& target) {
+    static const std::regex name("[a-z_0-9]+");
+    return std::regex_match(target, name);
+}
+
+bool isAllowedFromOutside(const Room& room, const std::string& target) {
+    return isStandard(target) ||
+           std::ranges::any_of(room.external, [&target](const std::string& pattern) {
+               return std::regex_match(target, std::regex(pattern));
+           });
+}
+
+/// The room a file belongs to: the innermost one whose folder it stands in, or null.
+const Room* roomOf(const fs::path& file) {
+    for (fs::path folder = file.parent_path(); !folder.empty(); folder = folder.parent_path()) {
+        if (const Room* room = findRoom(folder.generic_string())) {
+            return room;
+        }
+    }
+    return nullptr;
+}
+
+std::string at(const Include& include) {
+    return include.file.generic_string() + ":" + std::to_string(include.line) + ": ";
+}
+
+/// What is wrong with an #include line of a room, or nothing.
+std::string offence(const Room& room, const Include& include) {
+    if (include.angled) {
+        return isAllowedFromOutside(room, include.target)
+                   ? ""
+                   : room.name + " may not include <" + include.target + ">";
+    }
+    const Room* used = roomOf(include.target);
+    if (used == nullptr) {
+        return "\"" + include.target + "\" names no room";
+    }
+    const bool allowed = used == &room || std::ranges::count(room.uses, used->name) > 0;
+    return allowed ? "" : room.name + " may not use " + used->name;
+}
+
+}  // namespace
+
+const std::vector<Room>& rooms() {
+    static const std::vector<Room> table{
+        {"tables", {}, {}},
+        {"config", {}, {}},
+        {"files", {}, {systemHeader}},
+        {"toolkit", {}, {}},
+        {"platform", {}, {}},
+        {"platform/software", {"platform"}, {systemHeader}},
+        {"midi", {"platform"}, {archiveHeader, processHeader}},
+        {"devices", {"toolkit", "platform", "midi"}, {}},
+        {"shell", {"toolkit"}, {}},
+        {"editor",
+         {"tables", "config", "files", "toolkit", "platform", "midi", "devices", "shell"},
+         {}},
+        {"simulator", {"config", "tables", "platform", "midi", "toolkit"}, {}},
+        {"qt",
+         {"tables", "config", "files", "toolkit", "platform", "midi", "devices", "shell", "editor",
+          "simulator"},
+         {qtHeader},
+         false},
+        {"app",
+         {"tables", "config", "files", "toolkit", "platform", "platform/software", "midi",
+          "devices", "shell", "editor", "simulator", "qt"},
+         {qtHeader},
+         false},
+    };
+    return table;
+}
+
+const Room* findRoom(const std::string& name) {
+    const auto room = std::ranges::find(rooms(), name, &Room::name);
+    return room == rooms().end() ? nullptr : &*room;
+}
+
+std::vector<std::string> layeringOffences(const fs::path& src) {
+    std::vector<std::string> offences;
+    for (const Include& include : includesUnder(src)) {
+        const Room* room = roomOf(include.file);
+        const std::string wrong =
+            room == nullptr ? "the file stands in no room that is known" : offence(*room, include);
+        if (!wrong.empty()) {
+            offences.push_back(at(include) + wrong);
+        }
+    }
+    return offences;
+}
+
+std::vector<std::string> testOffences(const fs::path& tests) {
+    static const std::regex windowsOrWire("(Q[A-Z]|Qt[A-Z]|alsa/).*");
+    std::vector<std::string> offences;
+    for (const Include& include : includesUnder(tests)) {
+        const Room* room = roomOf(include.file);
+        if (room != nullptr && room->core && std::regex_match(include.target, windowsOrWire)) {
+            offences.push_back(at(include) + "the tests of " + room->name + " may not include <" +
+                               include.target + ">");
+        }
+    }
+    return offences;
+}
+
+std::vector<fs::path> filesThatKnowTheArchive(const fs::path& src) {
+    std::vector<fs::path> files;
+    for (const Include& include : includesUnder(src)) {
+        if (std::regex_match(include.target, std::regex(archiveHeader))) {
+            files.push_back(include.file);
+        }
+    }
+    files.erase(std::unique(files.begin(), files.end()), files.end());
+    return files;
+}
+
+}  // namespace architecture

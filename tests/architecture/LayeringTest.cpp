@@ -1,0 +1,141 @@
+#include "architecture/Layering.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "architecture/ScratchTree.h"
+#include "architecture/Tree.h"
+
+namespace architecture {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+const std::filesystem::path source = TORMELK_SOURCE_DIR;
+
+/// What the check says about a tree of one file with one line.
+std::vector<std::string> verdict(const std::string& file, const std::string& line) {
+    const ScratchTree tree;
+    tree.write(file, line + "\n");
+    return layeringOffences(tree.root());
+}
+
+TEST(Layering, EveryArrowBetweenTheRoomsPointsDown) {
+    EXPECT_THAT(layeringOffences(source / "src"), IsEmpty());
+}
+
+TEST(Layering, TheTestsOfCoreRoomsKnowNeitherWindowsNorTheSystemsMidi) {
+    EXPECT_THAT(testOffences(source / "tests"), IsEmpty());
+}
+
+TEST(Layering, OneFileKnowsTheLibraryBehindTheArchive) {
+    EXPECT_THAT(filesThatKnowTheArchive(source / "src"), SizeIs(1));
+}
+
+TEST(Layering, EveryFolderOfTheSourceIsARoomWithARuleAndEveryRoomIsAFolder) {
+    std::vector<std::string> names;
+    for (const Room& room : rooms()) {
+        if (room.name.find('/') == std::string::npos) {
+            names.push_back(room.name);
+        }
+        EXPECT_THAT(filesUnder(source / "src" / room.name, {".h", ".cpp"}), Not(IsEmpty()))
+            << room.name;
+    }
+    std::ranges::sort(names);
+    EXPECT_EQ(foldersIn(source / "src"), names);
+}
+
+TEST(Layering, ARoomUsesOnlyRoomsThatStandAboveItInTheTable) {
+    for (auto room = rooms().begin(); room != rooms().end(); ++room) {
+        for (const std::string& used : room->uses) {
+            EXPECT_NE(std::find_if(rooms().begin(), room,
+                                   [&used](const Room& below) { return below.name == used; }),
+                      room)
+                << room->name << " uses " << used;
+        }
+    }
+}
+
+TEST(LayeringCheck, SeesAnArrowThatPointsUp) {
+    EXPECT_THAT(verdict("config/stores.cpp", "#include \"editor/mainController.h\""),
+                ElementsAre("config/stores.cpp:1: config may not use editor"));
+}
+
+TEST(LayeringCheck, SeesARoomThatUsesItsNeighbour) {
+    EXPECT_THAT(verdict("tables/data.cpp", "#  include \"config/layout.h\""),
+                ElementsAre("tables/data.cpp:1: tables may not use config"));
+}
+
+TEST(LayeringCheck, SeesARoomThatChoosesAnImplementationOfTheMidiService) {
+    EXPECT_THAT(verdict("midi/ZQMIDIManager.cpp", "#include \"platform/software/Service.h\""),
+                ElementsAre("midi/ZQMIDIManager.cpp:1: midi may not use platform/software"));
+    EXPECT_THAT(verdict("app/demo.cpp", "#include \"platform/software/Service.h\""), IsEmpty());
+}
+
+TEST(LayeringCheck, SeesQtInEveryCoreRoom) {
+    for (const Room& room : rooms()) {
+        for (const char* const header : {"QWidget", "QtCore/QString", "QtWidgets"}) {
+            EXPECT_THAT(verdict(room.name + "/File.h", std::string("#include <") + header + ">"),
+                        SizeIs(room.core ? 1 : 0))
+                << room.name << " " << header;
+        }
+    }
+}
+
+TEST(LayeringCheck, SeesTheSystemsMidiInEveryRoom) {
+    for (const Room& room : rooms()) {
+        EXPECT_THAT(verdict(room.name + "/File.cpp", "#include <alsa/asoundlib.h>"), SizeIs(1))
+            << room.name;
+    }
+}
+
+TEST(LayeringCheck, SeesTheArchivesLibraryOutsideItsRoom) {
+    EXPECT_THAT(verdict("devices/seldev.cpp", "#include <nlohmann/json.hpp>"), SizeIs(1));
+    EXPECT_THAT(verdict("midi/archive.cpp", "#include <nlohmann/json.hpp>"), IsEmpty());
+}
+
+TEST(LayeringCheck, SeesASecondFileThatKnowsTheArchivesLibrary) {
+    const ScratchTree tree;
+    tree.write("midi/a.cpp", "#include <nlohmann/json.hpp>\n#include <nlohmann/json_fwd.hpp>\n");
+    tree.write("midi/b.cpp", "#include <nlohmann/json.hpp>\n");
+    EXPECT_THAT(filesThatKnowTheArchive(tree.root()), ElementsAre("midi/a.cpp", "midi/b.cpp"));
+}
+
+TEST(LayeringCheck, SeesAFileOutsideTheRooms) {
+    EXPECT_THAT(verdict("helpers/File.cpp", "#include <string>"),
+                ElementsAre("helpers/File.cpp:1: the file stands in no room that is known"));
+}
+
+TEST(LayeringCheck, SeesAnIncludeThatDoesNotNameItsRoom) {
+    EXPECT_THAT(verdict("midi/File.cpp", "#include \"File.h\""),
+                ElementsAre("midi/File.cpp:1: \"File.h\" names no room"));
+}
+
+TEST(LayeringCheck, AllowsTheRoomItselfTheRoomsBelowAndTheStandardLibrary) {
+    const ScratchTree tree;
+    tree.write("devices/seldev.cpp",
+               "#include \"devices/seldev.h\"\n"
+               "#include <string_view>\n"
+               "#include \"midi/ZQMIDIManager.h\"\n"
+               "#include \"platform/MidiService.h\"\n");
+    EXPECT_THAT(layeringOffences(tree.root()), IsEmpty());
+}
+
+TEST(LayeringCheck, SeesQtInTheTestsOfACoreRoomAndAllowsItInThoseOfTheWindows) {
+    const ScratchTree tree;
+    tree.write("editor/padTest.cpp", "#include <gtest/gtest.h>\n#include <QTest>\n");
+    tree.write("qt/MainWindowTest.cpp", "#include <QTest>\n");
+    EXPECT_THAT(testOffences(tree.root()),
+                ElementsAre("editor/padTest.cpp:2: the tests of editor may not include <QTest>"));
+}
+
+TEST(LayeringCheck, CountsNoIncludeInAComment) {
+    EXPECT_THAT(verdict("config/stores.cpp", "// #include <QWidget>"), IsEmpty());
+}
+
+}  // namespace
+}  // namespace architecture
