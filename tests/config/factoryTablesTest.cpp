@@ -17,13 +17,16 @@ void expectTable(const FactoryTable& table, Rule rule) {
     ASSERT_EQ(table.size(), 320U);
     for (int layer = 0; layer < 4; ++layer) {
         for (int control = 0; control < 80; ++control) {
-            EXPECT_EQ(table[static_cast<std::size_t>(80 * layer + control)], rule(layer, control))
+            const std::size_t entry =
+                static_cast<std::size_t>(layer) * 80 + static_cast<std::size_t>(control);
+            EXPECT_EQ(table[entry], rule(layer, control))
                 << "layer " << layer << ", control " << control;
         }
     }
 }
 
-std::vector<int> row(const FactoryTable& table, int layer, int first, int count) {
+std::vector<int> row(const FactoryTable& table, std::ptrdiff_t layer, std::ptrdiff_t first,
+                     std::ptrdiff_t count) {
     const auto begin = table.begin() + 80 * layer + first;
     return {begin, begin + count};
 }

@@ -12,6 +12,11 @@ std::uint8_t filling(std::size_t position) {
     return static_cast<std::uint8_t>(1 + position % 251);
 }
 
+/// The position of a byte of a block in the image.
+std::size_t inBlock(int layer, std::size_t offset) {
+    return static_cast<std::size_t>(layer) * 254 + offset;
+}
+
 Image filledImage() {
     Image image{};
     for (std::size_t i = 0; i < image.size(); ++i) {
@@ -45,9 +50,10 @@ TEST(Layout, EveryControlOfEveryLayerHasThreeBytes) {
     const Image image = filledImage();
     for (int layer = 0; layer < 4; ++layer) {
         for (int control = 0; control < 80; ++control) {
-            const auto channelPosition = static_cast<std::size_t>(254 * layer + 7 + control);
-            const auto numberPosition = static_cast<std::size_t>(254 * layer + 87 + control);
-            const auto modePosition = static_cast<std::size_t>(254 * layer + 167 + control);
+            const auto i = static_cast<std::size_t>(control);
+            const std::size_t channelPosition = inBlock(layer, 7 + i);
+            const std::size_t numberPosition = inBlock(layer, 87 + i);
+            const std::size_t modePosition = inBlock(layer, 167 + i);
             EXPECT_EQ(channelAt(layer, control), channelPosition);
             EXPECT_EQ(numberAt(layer, control), numberPosition);
             EXPECT_EQ(modeAt(layer, control), modePosition);
@@ -71,13 +77,12 @@ void expectOneByteChanged(std::size_t position, Write write) {
 TEST(Layout, WritingAControlsByteTouchesNoOther) {
     for (int layer = 0; layer < 4; ++layer) {
         for (int control = 0; control < 80; ++control) {
-            const auto block = static_cast<std::size_t>(254 * layer);
             const auto i = static_cast<std::size_t>(control);
-            expectOneByteChanged(block + 7 + i,
+            expectOneByteChanged(inBlock(layer, 7 + i),
                                  [&](Image& image) { setChannel(image, layer, control, 0); });
-            expectOneByteChanged(block + 87 + i,
+            expectOneByteChanged(inBlock(layer, 87 + i),
                                  [&](Image& image) { setNumber(image, layer, control, 0); });
-            expectOneByteChanged(block + 167 + i,
+            expectOneByteChanged(inBlock(layer, 167 + i),
                                  [&](Image& image) { setMode(image, layer, control, 0); });
         }
     }
@@ -86,7 +91,7 @@ TEST(Layout, WritingAControlsByteTouchesNoOther) {
 TEST(Layout, TheTrailerIsReadAndWrittenByOffset) {
     for (int layer = 0; layer < 4; ++layer) {
         for (std::size_t offset = 247; offset <= 252; ++offset) {
-            const std::size_t position = static_cast<std::size_t>(layer) * 254 + offset;
+            const std::size_t position = inBlock(layer, offset);
             EXPECT_EQ(trailer(filledImage(), layer, offset), filling(position));
             expectOneByteChanged(position,
                                  [&](Image& image) { setTrailer(image, layer, offset, 0); });
@@ -141,9 +146,8 @@ TEST(Layout, NoControlIsTheControl127) {
     EXPECT_EQ(noControl, 127);
     const Image image = filledImage();
     for (int layer = 0; layer < 4; ++layer) {
-        const auto block = static_cast<std::size_t>(254 * layer);
-        EXPECT_EQ(channel(image, layer, 127), filling(block + 7 + 127));
-        EXPECT_EQ(number(image, layer, 127), filling(block + 87 + 127));
+        EXPECT_EQ(channel(image, layer, 127), filling(inBlock(layer, 7 + 127)));
+        EXPECT_EQ(number(image, layer, 127), filling(inBlock(layer, 87 + 127)));
     }
     EXPECT_EQ(mode(image, 2, 127), filling(508 + 167 + 127));
     EXPECT_EQ(mode(image, 3, 127), 0) << "byte 1056 is behind the image";

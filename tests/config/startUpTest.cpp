@@ -50,7 +50,7 @@ protected:
         }
     }
 
-    Image sysData;
+    Image sysData{};
     Stores stores;
 };
 

@@ -112,6 +112,23 @@ TYPED_TEST(SetupChanges, AmongTwinsTheSelectionStaysWithItsDevice) {
     EXPECT_EQ(this->choice().OutDevice(), second);
 }
 
+TYPED_TEST(SetupChanges, WhereTwoDevicesSwapTheirNamesTheSelectionFollowsItsDevice) {
+    platform::software::Destination& alpha = this->service.addDestination("Alpha");
+    platform::software::Destination& beta = this->service.addDestination("Beta");
+    auto* const first = this->manager().realDestinations().at(0).get();
+    this->open([&](TypeParam& dialog) {
+        EXPECT_EQ(dialog.combo_out.indexOfSelectedItem(), 0);
+        alpha.setName("Beta");
+        beta.setName("Alpha");
+        this->hearOfChanges();
+        EXPECT_THAT(itemsOf(dialog.combo_out), ElementsAre("Alpha", "Beta"));
+        EXPECT_EQ(dialog.combo_out.indexOfSelectedItem(), 1);
+        dialog.okButton.click();
+    });
+    EXPECT_EQ(this->choice().OutDevice(), first);
+    EXPECT_EQ(this->chosenOutput(), "Beta");
+}
+
 TYPED_TEST(SetupChanges, TheFirstDeviceThatComesIsOffered) {
     this->open([this](TypeParam& dialog) {
         this->addDevice("Tormelk");
