@@ -19,10 +19,10 @@ Demo::Demo()
 }
 
 void Demo::show() {
-    editor.show();
+    simulatorView.show();
+    editor.show();  // in front
     const QRect main = editor.view.frameGeometry();
     simulatorView.move(main.right() + 1, main.top());
-    simulatorView.show();
 }
 
 }  // namespace app

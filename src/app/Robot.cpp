@@ -12,11 +12,24 @@ namespace app::robot {
 namespace {
 
 constexpr auto betweenLooks = std::chrono::milliseconds(5);
+constexpr int mostLooks = 6000;
 
 QDialog* openDialog(const QString& title) {
     auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
     const bool found = dialog != nullptr && dialog->isVisible() && dialog->windowTitle() == title;
     return found ? dialog : nullptr;
+}
+
+void lookFor(const QString& title, std::function<void(QDialog&)> act, int looks) {
+    if (QDialog* dialog = openDialog(title)) {
+        act(*dialog);
+        return;
+    }
+    if (looks == mostLooks) {
+        qFatal("No dialog \"%s\" opened", qUtf8Printable(title));
+    }
+    QTimer::singleShot(betweenLooks,
+                       [title, act = std::move(act), looks] { lookFor(title, act, looks + 1); });
 }
 
 }  // namespace
@@ -40,13 +53,7 @@ void choose(QComboBox& box, int index) {
 }
 
 void whenDialogOpens(const QString& title, std::function<void(QDialog&)> act) {
-    QTimer::singleShot(betweenLooks, [title, act = std::move(act)] {
-        if (QDialog* dialog = openDialog(title)) {
-            act(*dialog);
-        } else {
-            whenDialogOpens(title, act);
-        }
-    });
+    QTimer::singleShot(betweenLooks, [title, act = std::move(act)] { lookFor(title, act, 1); });
 }
 
 }  // namespace app::robot

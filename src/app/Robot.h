@@ -24,7 +24,8 @@ void press(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::N
 void choose(QComboBox& box, int index);
 
 /// Runs `act` as soon as a modal dialog with this title is open. To be called before what opens it,
-/// which does not return until the dialog is closed. It waits for ever.
+/// which does not return until the dialog is closed. Where none opens within half a minute, the
+/// process ends.
 void whenDialogOpens(const QString& title, std::function<void(QDialog&)> act);
 
 template <typename Widget>

@@ -7,6 +7,7 @@ namespace qt {
 ButtonView::ButtonView(toolkit::Button& model, Kind kind, const QString& caption, QWidget* parent)
     : QPushButton(caption, parent), link_(model, [this] { showModel(); }) {
     setCheckable(kind == Kind::State);
+    setAutoDefault(kind == Kind::Command);  // Enter in a dialog lights nothing
     showModel();
     connect(this, &QPushButton::clicked, this, [this] { passClick(); });
     // Assistive technology toggles a checkable button without clicking it.

@@ -37,9 +37,12 @@ void ComboBoxView::Items::reset() {
 }
 
 ComboBoxView::ComboBoxView(toolkit::ComboBox& model, QWidget* parent)
-    : QComboBox(parent), link_(model, [this](toolkit::ComboBox::Change change) { show(change); }) {
+    : QComboBox(parent),
+      link_(model, [this](toolkit::ComboBox::Change change) { follow(change); }) {
     setFocusPolicy(Qt::StrongFocus);  // not by the wheel
     setMaxVisibleItems(itemsAtOnce);
+    // Some styles show all items at once, up to the height of the screen, unless they are told so.
+    setStyleSheet(QStringLiteral("QComboBox { combobox-popup: 0; }"));
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(widthInLetters);
     setModel(&items_);
@@ -65,7 +68,7 @@ void ComboBoxView::wheelEvent(QWheelEvent* event) {
     }
 }
 
-void ComboBoxView::show(toolkit::ComboBox::Change change) {
+void ComboBoxView::follow(toolkit::ComboBox::Change change) {
     switch (change) {
         case toolkit::ComboBox::Change::Items:
             showItems();

@@ -34,7 +34,7 @@ private:
         const ComboBoxView& view_;
     };
 
-    void show(toolkit::ComboBox::Change change);
+    void follow(toolkit::ComboBox::Change change);
     void showItems();
     void showSelection();
     void passChoice(int index);

@@ -21,12 +21,18 @@ namespace {
 
 constexpr int padsInARow = 3;
 
+/// A box with its caption; `beside` stands to its right.
 void addBox(QFormLayout& form, toolkit::ComboBox& model, const QString& outlet,
-            const QString& caption, const QString& name) {
+            const QString& caption, const QString& name, QWidget* beside = nullptr) {
     auto* box = new ComboBoxView(model);
     nameWidget(*box, outlet, name);
     box->setMinimumContentsLength(12);
-    form.addRow(caption, box);
+    auto* row = new QHBoxLayout;
+    row->addWidget(box, 1);
+    if (beside != nullptr) {
+        row->addWidget(beside);
+    }
+    form.addRow(captionOf(*box, caption), row);
 }
 
 }  // namespace
@@ -92,11 +98,11 @@ QLayout* PadView::makeSettings(editor::pad& controller) {
            QStringLiteral("&Interval"), QStringLiteral("Pad interval in milliseconds"));
     addBox(*layerForm, controller.combo_curv, QStringLiteral("combo_curv"),
            QStringLiteral("Velocity c&urve"), QStringLiteral("Velocity curve"));
-    addBox(*layerForm, controller.combo_curConst, QStringLiteral("combo_curConst"),
-           QStringLiteral("Constant &velocity"), QStringLiteral("Constant velocity"));
     auto* constant = new TextFieldView(controller.tx_Non);
     constant->setObjectName(QStringLiteral("tx_Non"));
-    layerForm->addRow(QStringLiteral("In force"), constant);
+    constant->setMinimumWidth(QLabel(QStringLiteral("Const")).sizeHint().width());
+    addBox(*layerForm, controller.combo_curConst, QStringLiteral("combo_curConst"),
+           QStringLiteral("Constant &velocity"), QStringLiteral("Constant velocity"), constant);
 
     for (QFormLayout* form : {padForm, layerForm}) {
         form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);

@@ -1,0 +1,67 @@
+#include "qt/AboutView.h"
+
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QTest>
+
+#include "app/Robot.h"
+#include "qt/QtDesktop.h"
+#include "qt/views.h"
+
+namespace qt {
+namespace {
+
+class AboutViewTest : public testing::Test {
+protected:
+    AboutViewTest() {
+        addEditorViews(desktop);
+        desktop.showWindow(controller);
+    }
+    static QWidget* shown() {
+        for (QWidget* widget : QApplication::topLevelWidgets()) {
+            if (widget->isVisible()) {
+                return widget;
+            }
+        }
+        return nullptr;
+    }
+
+    shell::about controller;
+    QtDesktop desktop{[](int) {}};
+};
+
+TEST_F(AboutViewTest, SaysWhatTheProgramIsAndItsVersion) {
+    ASSERT_NE(shown(), nullptr);
+    QString all;
+    for (const QLabel* label : shown()->findChildren<QLabel*>()) {
+        all += label->text() + QLatin1Char('\n');
+    }
+    EXPECT_TRUE(all.contains(QStringLiteral("Tormelk Wyro")));
+    EXPECT_TRUE(all.contains(QStringLiteral("Version " TORMELK_VERSION)));
+}
+
+TEST_F(AboutViewTest, IsHiddenByItsButtonByEscapeAndByItsCloseBoxAndComesBack) {
+    QWidget* window = shown();
+    ASSERT_NE(window, nullptr);
+    const std::vector<std::function<void()>> waysOut = {
+        [window] { app::robot::click(app::robot::find(*window, "close")); },
+        [window] { app::robot::press(*window, Qt::Key_Escape); },
+        [window] { window->close(); },
+    };
+    for (const auto& leave : waysOut) {
+        leave();
+        EXPECT_FALSE(window->isVisible());
+        EXPECT_FALSE(controller.window().isVisible());
+        desktop.showWindow(controller);
+        EXPECT_EQ(shown(), window);
+    }
+}
+
+TEST_F(AboutViewTest, LeavesTheOtherWindowsUsable) {
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_EQ(shown()->windowModality(), Qt::NonModal);
+}
+
+}  // namespace
+}  // namespace qt

@@ -1,0 +1,134 @@
+#include "qt/filePanels.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include "app/Robot.h"
+#include "qt/QtDesktop.h"
+
+namespace qt {
+namespace {
+
+using app::robot::press;
+using app::robot::whenDialogOpens;
+
+class FilePanels : public testing::Test {
+protected:
+    void createFile(const QString& name) const {
+        QFile file(folder.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+    /// A person goes to the folder, types a name and presses Enter.
+    void enter(QDialog& dialog, const QString& name) const {
+        auto& panel = dynamic_cast<QFileDialog&>(dialog);
+        panel.setDirectory(folder.path());
+        auto& field = app::robot::find<QLineEdit>(panel, "fileNameEdit");
+        field.setText(name);
+        press(field, Qt::Key_Enter);
+    }
+    std::filesystem::path inFolder(const char* name) const {
+        return std::filesystem::path(folder.path().toStdString()) / name;
+    }
+
+    QTemporaryDir folder;
+    QtDesktop desktop{[](int) {}};
+    const toolkit::SavePanel save{"Specify the Tormelk file name", "Tormelk", "Tormelk"};
+    const toolkit::OpenPanel open{"Tormelk", {"Tormelk"}};
+    const QString saveTitle = QStringLiteral("Specify the Tormelk file name");
+    const QString openTitle = QStringLiteral("Open");
+};
+
+TEST_F(FilePanels, ProposeNameAndTypeForAFileToSave) {
+    whenDialogOpens(saveTitle, [](QDialog& dialog) {
+        const auto& panel = dynamic_cast<QFileDialog&>(dialog);
+        EXPECT_EQ(app::robot::find<QLineEdit>(panel, "fileNameEdit").text(),
+                  QStringLiteral("Tormelk"));
+        EXPECT_EQ(panel.nameFilters(), QStringList{QStringLiteral("Tormelk files (*.Tormelk)")});
+        EXPECT_EQ(panel.acceptMode(), QFileDialog::AcceptSave);
+        dialog.reject();
+    });
+    EXPECT_EQ(desktop.runSavePanel(save), std::nullopt);
+}
+
+TEST_F(FilePanels, GiveAFileWithoutATypeTheRequiredOne) {
+    whenDialogOpens(saveTitle, [this](QDialog& dialog) { enter(dialog, QStringLiteral("Stage")); });
+    EXPECT_EQ(desktop.runSavePanel(save), inFolder("Stage.Tormelk"));
+}
+
+TEST_F(FilePanels, LeaveATypeThatWasTyped) {
+    whenDialogOpens(saveTitle,
+                    [this](QDialog& dialog) { enter(dialog, QStringLiteral("Stage.Tormelk")); });
+    EXPECT_EQ(desktop.runSavePanel(save), inFolder("Stage.Tormelk"));
+}
+
+TEST_F(FilePanels, AskBeforeAFileIsOverwritten) {
+    createFile(QStringLiteral("Stage.Tormelk"));
+    whenDialogOpens(saveTitle, [this](QDialog& dialog) {
+        whenDialogOpens(saveTitle, [](QDialog&) {});
+        QTimer::singleShot(50, &dialog, [&dialog] {
+            auto* question = QApplication::activeModalWidget();
+            ASSERT_NE(question, &dialog) << "there should be a question";
+            press(*question, Qt::Key_Escape);
+        });
+        enter(dialog, QStringLiteral("Stage"));
+        dialog.reject();
+    });
+    EXPECT_EQ(desktop.runSavePanel(save), std::nullopt);
+}
+
+TEST_F(FilePanels, OfferFilesOfTheTypeAndNoOthersToOpen) {
+    createFile(QStringLiteral("Stage.Tormelk"));
+    createFile(QStringLiteral("Notes.txt"));
+    whenDialogOpens(openTitle, [this](QDialog& dialog) {
+        const auto& panel = dynamic_cast<QFileDialog&>(dialog);
+        EXPECT_EQ(panel.nameFilters(), QStringList{QStringLiteral("Tormelk files (*.Tormelk)")});
+        EXPECT_EQ(panel.fileMode(), QFileDialog::ExistingFile);
+        enter(dialog, QStringLiteral("Stage.Tormelk"));
+    });
+    EXPECT_EQ(desktop.runOpenPanel(open), inFolder("Stage.Tormelk"));
+}
+
+TEST_F(FilePanels, OfferEveryFileWhereNoTypeIsAskedFor) {
+    createFile(QStringLiteral("tormelk_1.bin"));
+    whenDialogOpens(openTitle, [this](QDialog& dialog) {
+        EXPECT_EQ(dynamic_cast<QFileDialog&>(dialog).nameFilters(),
+                  QStringList{QStringLiteral("All Files (*)")});
+        enter(dialog, QStringLiteral("tormelk_1.bin"));
+    });
+    EXPECT_EQ(desktop.runOpenPanel({}), inFolder("tormelk_1.bin"));
+}
+
+TEST_F(FilePanels, AnswerNothingWhenCancelled) {
+    whenDialogOpens(openTitle, [](QDialog& dialog) { press(dialog, Qt::Key_Escape); });
+    EXPECT_EQ(desktop.runOpenPanel(open), std::nullopt);
+}
+
+TEST_F(FilePanels, PassNamesOutsideAsciiOnUnharmed) {
+    const QString name = QString::fromUtf8("B\xC3\xBChne 1.Tormelk");
+    whenDialogOpens(saveTitle, [this, name](QDialog& dialog) { enter(dialog, name); });
+    const auto path = desktop.runSavePanel(save);
+    ASSERT_TRUE(path);
+    EXPECT_EQ(path->filename().string(), "B\xC3\xBChne 1.Tormelk");
+}
+
+TEST_F(FilePanels, LeaveNothingInTheHomeFolder) {
+    whenDialogOpens(openTitle, [this](QDialog& dialog) {
+        dynamic_cast<QFileDialog&>(dialog).setDirectory(folder.path());
+        dialog.reject();
+    });
+    EXPECT_EQ(desktop.runOpenPanel(open), std::nullopt);
+    EXPECT_EQ(
+        QDir(QDir::homePath()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+        QStringList());
+}
+
+}  // namespace
+}  // namespace qt

@@ -1,0 +1,47 @@
+// Writes a picture of every window, light and dark, into a folder, for people to leaf through:
+//
+//     qt-pictures FOLDER SUFFIX
+//
+// The suffix tells the scale, which QT_SCALE_FACTOR sets.
+
+#include <QApplication>
+#include <QDir>
+#include <QPixmap>
+#include <QStyleFactory>
+#include <cstdio>
+
+#include "qt/EveryWindow.h"
+#include "qt/palettes.h"
+
+namespace {
+
+bool writePictures(const QDir& folder, const QString& theme, const QString& suffix) {
+    bool written = true;
+    tests::forEveryWindow([&](QWidget& window, const QString& name) {
+        const QString file =
+            folder.filePath(QStringLiteral("%1-%2-%3.png").arg(name, theme, suffix));
+        const QPixmap picture = window.grab();
+        if (picture.isNull() || !picture.save(file, "PNG")) {
+            std::fprintf(stderr, "cannot write %s\n", qUtf8Printable(file));
+            written = false;
+        }
+    });
+    return written;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    const QApplication application(count, arguments);
+    const QStringList words = QApplication::arguments();
+    if (words.size() != 3 || !QDir().mkpath(words[1])) {
+        std::fputs("Usage: qt-pictures FOLDER SUFFIX\n", stderr);
+        return 2;
+    }
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setPalette(tests::lightPalette());
+    const bool light = writePictures(QDir(words[1]), QStringLiteral("light"), words[2]);
+    QApplication::setPalette(tests::darkPalette());
+    const bool dark = writePictures(QDir(words[1]), QStringLiteral("dark"), words[2]);
+    return light && dark ? 0 : 1;
+}
