@@ -96,9 +96,9 @@ void mainController::chooseTrigger(int index) {
     } else if (index == 2 || index == 3) {
         state_.layers.bTrigAll.set(layer, true);
         makeWholeLayerTrigger(layer, index == 3);
-    } else if (index == blankTrigger && window_.combo_cc.indexOfSelectedItem() == blankTrigger) {
-        // It is the value box that decides whether the stored choice is shown again, and the pad
-        // layer's "All" flag that is asked. Both are meant.
+    } else if (window_.combo_cc.indexOfSelectedItem() == blankTrigger) {
+        // The blank. It is the value box that decides whether the stored choice is shown again, and
+        // the pad layer's "All" flag that is asked. Both are meant.
         window_.combo_trig.selectItemAtIndex(triggerIndex(state_.layers.m_paLa, control, modeByte));
     }
 }

@@ -180,6 +180,19 @@ TEST_F(ClosingThePadEditor, TheNextOrdinaryControlIsShownFromTheFirstBlockAfterA
     EXPECT_EQ(window.combo_chan.indexOfSelectedItem(), 4);
 }
 
+TEST_F(ClosingThePadEditor, WithoutACurrentModeLayerNoBlockIsShownOrWritten) {
+    state.layers.m_moLa = 255;
+    editor.usePadEditor(1, [](pad&) {});
+    EXPECT_EQ(state.layers.layrData, 255);
+    EXPECT_EQ(window.combo_cc.indexOfSelectedItem(), 0);
+    const config::Image before = state.sysData;
+    for (const int choice : {1, 2, 3, 0}) {
+        window.combo_trig.choose(choice);
+    }
+    window.combo_chan.choose(5);
+    EXPECT_EQ(state.sysData, before);
+}
+
 // A pad editor that could not be shown.
 
 using RefusedPadEditor = UserDefinedTest;

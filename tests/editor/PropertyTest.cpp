@@ -47,9 +47,9 @@ TEST_P(RandomWalks, KeepImageAndBoxesInOrderThoughThePadEditorCannotAlwaysBeShow
 }
 
 INSTANTIATE_TEST_SUITE_P(FixedSeeds, RandomWalks,
-                         testing::Values(Seeds{1'000, 400}, Seeds{2'000, 400}, Seeds{3'000, 400},
-                                         Seeds{4'000, 400}, Seeds{5'000, 400}, Seeds{6'000, 400},
-                                         Seeds{7'000, 400}, Seeds{8'000, 400}));
+                         testing::Values(Seeds{1'000, 800}, Seeds{2'000, 800}, Seeds{3'000, 800},
+                                         Seeds{4'000, 800}, Seeds{5'000, 800}, Seeds{6'000, 800},
+                                         Seeds{7'000, 800}, Seeds{8'000, 800}));
 
 }  // namespace
 }  // namespace editor

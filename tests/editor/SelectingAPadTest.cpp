@@ -156,6 +156,22 @@ TEST_F(SelectingAPad, NoControlLeavesABlankInAllFourBoxes) {
     EXPECT_EQ(state.selection.keyEvnt_bak, 127);
 }
 
+TEST_F(SelectingAPad, WithoutACurrentPadLayerZerosAreShownAndNothingIsWritten) {
+    const config::Image before = state.sysData;
+    state.layers.m_paLa = 255;
+    controller.dataChgCore_pad(10);
+    EXPECT_EQ(window.combo_chan.indexOfSelectedItem(), 0);
+    EXPECT_EQ(window.combo_cc.indexOfSelectedItem(), 0);
+    EXPECT_EQ(window.combo_trig.indexOfSelectedItem(), 0);
+    EXPECT_EQ(state.selection.msg_Typ, 63);
+    controller.dataChgCore_pad(70);
+    EXPECT_EQ(state.layers.layrData, 255);
+    window.combo_chan.choose(5);
+    window.combo_cc.choose(5);
+    window.combo_type.choose(1);
+    EXPECT_EQ(state.sysData, before);
+}
+
 TEST_F(SelectingAPad, NoControlInTheLastLayerReadsZeroBehindTheImage) {
     state.layers.m_paLa = 3;
     state.sysData.fill(0x0B);

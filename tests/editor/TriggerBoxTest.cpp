@@ -131,6 +131,17 @@ TEST_F(TriggerBox, ABlankTriggerShowsTheStoredOneAgainOnlyWhileTheValueBoxStands
     EXPECT_EQ(state.bChange, 0);
 }
 
+TEST_F(TriggerBox, ASecondBlankIsABlankToo) {
+    window.combo_trig.addItemWithObjectValue(toolkit::blankEntry);
+    window.combo_trig.addItemWithObjectValue(toolkit::blankEntry);
+    editor.numberOf(0, 5) = 4;
+    edit(0, 5);
+    const Image before = state.sysData;
+    window.combo_trig.choose(5);
+    EXPECT_EQ(window.combo_trig.indexOfSelectedItem(), 0);
+    EXPECT_EQ(state.sysData, before);
+}
+
 TEST_F(TriggerBox, ABlankTriggerAsksThePadLayersAllChoice) {
     controller.rmTrigSel();
     editor.statusOf(1, 5) = 0x49;
