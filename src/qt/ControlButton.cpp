@@ -39,7 +39,7 @@ QSize ControlButton::sizeHint() const {
             return {side, side};
         }
         case Shape::Fader:
-            return {width + 14, height * 6};
+            return {width + 14, height * 8};
         case Shape::Pad:
             return {std::max(width + 16, height * 4), height * 3};
         case Shape::Lamp:

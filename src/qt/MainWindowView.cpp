@@ -22,6 +22,7 @@ QPushButton* buttonFor(QAction& action, const QString& outlet, const QString& ca
                        const QString& name) {
     auto* button = new QPushButton(caption);
     button->setObjectName(outlet);
+    button->setMinimumWidth(button->sizeHint().width() + 16);
     button->setToolTip(
         QStringLiteral("%1 (%2)").arg(name, action.shortcut().toString(QKeySequence::NativeText)));
     QObject::connect(button, &QPushButton::clicked, &action, &QAction::trigger);

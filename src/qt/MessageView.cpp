@@ -22,6 +22,7 @@ MessageView::MessageView(shell::message& controller)
     ok->setDefault(true);
 
     auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(8);
     buttons->addStretch(1);
     buttons->addWidget(ok);
     buttons->addWidget(cancel_);

@@ -1,6 +1,7 @@
 #include "qt/QtDesktop.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
@@ -29,6 +30,15 @@ private:
     int& count_;
 };
 
+/// Two words and a button make a window that is hardly noticed.
+void widen(QMessageBox& box) {
+    constexpr int width = 260;
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
+        grid->addItem(new QSpacerItem(width, 0, QSizePolicy::Minimum, QSizePolicy::Fixed),
+                      grid->rowCount(), 0, 1, grid->columnCount());
+    }
+}
+
 bool isAnyWindowVisible() {
     const QWidgetList windows = QApplication::topLevelWidgets();
     return std::any_of(windows.begin(), windows.end(),
@@ -54,9 +64,9 @@ toolkit::AlertAnswer QtDesktop::runAlertPanel(const toolkit::Alert& alert) {
     box.setDefaultButton(defaultButton);
     box.setEscapeButton(defaultButton);
     if (!alert.alternateButton.empty()) {
-        box.setIcon(QMessageBox::Question);
         box.setEscapeButton(box.addButton(asText(alert.alternateButton), QMessageBox::RejectRole));
     }
+    widen(box);
     box.setWindowModality(Qt::ApplicationModal);
     box.exec();
     return box.clickedButton() == defaultButton ? toolkit::AlertAnswer::Default

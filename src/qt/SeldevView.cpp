@@ -58,6 +58,7 @@ SeldevView::SeldevView(devices::DeviceDialog& controller)
     form->addRow(QStringLiteral("&Input"), inputs_);
     form->addRow(QStringLiteral("O&utput"), outputs_);
     auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(8);
     buttons->addStretch(1);
     buttons->addWidget(ok);
     buttons->addWidget(cancel);

@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <span>
 
 #include "config/layout.h"
@@ -21,7 +22,9 @@ const QStringList layerColumns = {
 };
 const QStringList logColumns = {QStringLiteral("No."), QStringLiteral("Bytes"),
                                 QStringLiteral("Message")};
+constexpr int dawModeColumn = 2;
 constexpr int bytesInALine = 16;
+constexpr int linesOfALayer = 16;
 
 QString dawMode(int mode) {
     const tables::List names = tables::data::Machin_Mod();
@@ -71,8 +74,10 @@ SimulatorView::SimulatorView(simulator::SimulatedController& controller)
     nameWidget(*layers_, QStringLiteral("layers"), QStringLiteral("The layers it holds"));
     layers_->setHorizontalHeaderLabels(layerColumns);
     layers_->verticalHeader()->hide();
+    layers_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
     layers_->setWordWrap(false);
-    layers_->horizontalHeader()->setStretchLastSection(true);
+    layers_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    layers_->horizontalHeader()->setSectionResizeMode(dawModeColumn, QHeaderView::Stretch);
     layers_->horizontalHeader()->setHighlightSections(false);
     layers_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     layers_->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -80,6 +85,7 @@ SimulatorView::SimulatorView(simulator::SimulatedController& controller)
     layers_->setSelectionMode(QAbstractItemView::SingleSelection);
     layers_->setTabKeyNavigation(false);
     layers_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    layers_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     connect(layers_, &QTableWidget::itemSelectionChanged, this, [this] { showBytes(); });
 
     nameWidget(*bytes_, QStringLiteral("bytes"), QStringLiteral("The bytes of the selected layer"));
@@ -105,6 +111,7 @@ SimulatorView::SimulatorView(simulator::SimulatedController& controller)
     layers_->setFixedHeight(layers_->horizontalHeader()->sizeHint().height() +
                             layers_->verticalHeader()->length() + 2 * layers_->frameWidth());
     const QFontMetrics fixed(bytes_->font());
+    bytes_->setMinimumHeight(fixed.lineSpacing() * linesOfALayer + 16);
     bytes_->setMinimumWidth(
         fixed.horizontalAdvance(QString(4 + 3 * bytesInALine + 5, QLatin1Char('0'))));
 }
@@ -127,8 +134,14 @@ void SimulatorView::showLayers(const simulator::SimulatedController::Layers& lay
             layers_->setItem(row, column, new QTableWidgetItem(cells[column]));
         }
     }
-    layers_->resizeColumnsToContents();
-    layers_->setMinimumWidth(layers_->horizontalHeader()->length() + 2 * layers_->frameWidth());
+    const QAbstractItemView* cells = layers_;
+    int width = 2 * layers_->frameWidth();
+    for (int column = 0; column < layers_->columnCount(); ++column) {
+        width += std::max(cells->sizeHintForColumn(column),
+                          layers_->horizontalHeader()->sectionSizeHint(column)) +
+                 1;
+    }
+    layers_->setMinimumWidth(width);
 }
 
 void SimulatorView::selectFirstLayerHeld(const simulator::SimulatedController::Layers& layers) {

@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "config/layout.h"
 #include "qt/ControlButton.h"
@@ -17,6 +18,18 @@ constexpr int strips = 8;
 constexpr int buttonsOfAStrip = 4;
 constexpr int keysInARow = 4;
 constexpr int padsInARow = 3;
+
+/// Makes all columns as wide as the widest.
+void evenOut(QGridLayout& grid) {
+    int widest = 0;
+    for (int i = 0; i < grid.count(); ++i) {
+        widest = std::max(widest, grid.itemAt(i)->widget()->sizeHint().width());
+    }
+    for (int column = 0; column < grid.columnCount(); ++column) {
+        grid.setColumnMinimumWidth(column, widest);
+        grid.setColumnStretch(column, 1);
+    }
+}
 
 QLabel* heading(const QString& caption) {
     auto* label = new QLabel(caption);
@@ -48,13 +61,12 @@ QWidget* SurfacePanel::makeStrips() {
             addControl(*grid, buttonsOfAStrip * strip + button, row++, strip);
         }
         addControl(*grid, config::firstFader + strip, row, strip);
-        grid->setColumnStretch(strip, 1);
         grid->setRowStretch(row, 1);
     }
     const int faderRow = grid->rowCount() - 1;
     grid->addWidget(heading(QStringLiteral("Master")), faderRow - 1, strips);
     addControl(*grid, config::lastFader, faderRow, strips);
-    grid->setColumnStretch(strips, 1);
+    evenOut(*grid);
     return panel;
 }
 
@@ -68,10 +80,10 @@ QWidget* SurfacePanel::makeKeysAndPads() {
     for (const int first : {config::firstLayerKey, config::firstTransportKey}) {
         for (int key = 0; key < keysInARow; ++key) {
             addControl(*keys, first + key, row, key);
-            keys->setColumnStretch(key, 1);
         }
         ++row;
     }
+    evenOut(*keys);
     layout->addLayout(keys);
 
     auto* layers = new QGridLayout;
@@ -86,8 +98,8 @@ QWidget* SurfacePanel::makeKeysAndPads() {
     for (int position = 0; position < config::padCount; ++position) {
         addControl(*pads, config::firstPad + position, position / padsInARow,
                    position % padsInARow);
-        pads->setColumnStretch(position % padsInARow, 1);
     }
+    evenOut(*pads);
     layout->addSpacing(10);
     layout->addLayout(pads, 1);
     return panel;

@@ -1,0 +1,258 @@
+// The editor as it is put together, with its real windows, over a MIDI service in software.
+
+#include "app/Editor.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QMessageBox>
+#include <QTest>
+#include <memory>
+#include <vector>
+
+#include "app/Robot.h"
+#include "config/transfer.h"
+#include "platform/AbsentMidiService.h"
+#include "platform/software/SoftwareMidiService.h"
+
+namespace app {
+namespace {
+
+using app::robot::choose;
+using app::robot::click;
+using app::robot::find;
+using app::robot::press;
+using app::robot::whenDialogOpens;
+using platform::software::Destination;
+using platform::software::Device;
+
+const QString alertTitle = QStringLiteral("Tormelk Wyro");
+const QString devicesTitle = QStringLiteral("MIDI Devices");
+
+/// Presses Send; says what the alert says. `meanwhile` runs while the alert is open.
+std::string send(
+    Editor& editor, const std::function<void()>& meanwhile = [] {}) {
+    std::string said;
+    whenDialogOpens(alertTitle, [&](QDialog& dialog) {
+        said = dynamic_cast<QMessageBox&>(dialog).text().toStdString();
+        EXPECT_EQ(dynamic_cast<QMessageBox&>(dialog).buttons().size(), 1);
+        meanwhile();
+        press(dialog, Qt::Key_Enter);
+    });
+    click(find(editor.view, "send"));
+    return said;
+}
+
+/// Opens the device dialog by its button; `person` must close it.
+void openDevices(Editor& editor, std::function<void(QDialog&)> person) {
+    whenDialogOpens(devicesTitle, std::move(person));
+    click(find(editor.view, "midiDevices"));
+}
+
+void chooseOutput(Editor& editor, int index) {
+    openDevices(editor, [index](QDialog& dialog) {
+        choose(find<QComboBox>(dialog, "combo_out"), index);
+        click(find(dialog, "ok"));
+    });
+}
+
+class EditorTest : public testing::Test {
+protected:
+    EditorTest() { editor.show(); }
+
+    /// A destination that a person sees under the name.
+    Destination& plug(const char* name) {
+        Device& device = midiService.addDevice(name);
+        device.addSource(name);
+        Destination& destination = device.addDestination(name);
+        devices.push_back(&device);
+        return destination;
+    }
+
+    std::vector<Device*> devices;
+    platform::software::SoftwareMidiService midiService;
+    std::vector<int> exits;
+    qt::QtDesktop desktop{[this](int status) { exits.push_back(status); }};
+    Editor editor{midiService, desktop};
+};
+
+std::vector<QWidget*> aboutWindows() {
+    std::vector<QWidget*> found;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->windowTitle() == QLatin1String("About Tormelk Wyro")) {
+            found.push_back(window);
+        }
+    }
+    return found;
+}
+
+/// The four messages of the image, one after another.
+std::vector<std::uint8_t> messagesOf(const Editor& editor) {
+    const auto& image = editor.state.sysData;
+    return {image.begin(), image.begin() + config::imageSize};
+}
+
+TEST_F(EditorTest, ShowsItsMainWindowAwake) {
+    EXPECT_TRUE(editor.view.isVisible());
+    EXPECT_EQ(editor.view.windowTitle(), QStringLiteral("Tormelk Wyro"));
+    EXPECT_EQ(find<QComboBox>(editor.view, "combo_mode").currentText(),
+              QStringLiteral("Nuendo mode(MCP)"));
+}
+
+TEST_F(EditorTest, SendsFourMessagesToTheChosenOutput) {
+    Destination& first = plug("Alpha");
+    Destination& second = plug("Beta");
+    chooseOutput(editor, 1);
+    EXPECT_EQ(send(editor), "Send Done");
+    EXPECT_TRUE(first.received().empty());
+    ASSERT_EQ(second.received().size(), 4U);
+    EXPECT_EQ(second.receivedBytes(), messagesOf(editor));
+    EXPECT_EQ(midiService.openOutputPorts(), 0U);
+    EXPECT_THAT(midiService.misuses(), testing::IsEmpty());
+}
+
+TEST_F(EditorTest, AsksForADeviceFirst) {
+    Destination& destination = plug("Alpha");
+    EXPECT_EQ(send(editor), "Please select MIDI device first");
+    EXPECT_TRUE(destination.received().empty());
+}
+
+TEST_F(EditorTest, RefusesToSendToADeviceThatVanishedAfterTheChoice) {
+    plug("Alpha");
+    chooseOutput(editor, 0);
+    devices[0]->unplug();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !editor.devices.OutDevice()->isOnline(); }, 1000));
+    EXPECT_EQ(send(editor), "Please select MIDI device first");
+}
+
+TEST_F(EditorTest, SendsAgainToADeviceThatCameBack) {
+    Destination& destination = plug("Alpha");
+    chooseOutput(editor, 0);
+    devices[0]->unplug();
+    QTest::qWait(20);
+    devices[0]->plug();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return editor.devices.OutDevice()->isOnline(); }, 1000));
+    EXPECT_EQ(send(editor), "Send Done");
+    EXPECT_EQ(destination.receivedBytes(), messagesOf(editor));
+}
+
+TEST_F(EditorTest, GoesOnQuietlyWhenTheDeviceVanishesBetweenTwoMessages) {
+    Destination& destination = plug("Alpha");
+    chooseOutput(editor, 0);
+    int messages = 0;
+    destination.onReceive([&](const platform::MIDIPacketList&) {
+        if (++messages == 2) {
+            devices[0]->unplug();
+        }
+    });
+    EXPECT_EQ(send(editor), "Send Done");
+    EXPECT_EQ(messages, 2);
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !editor.devices.OutDevice()->isOnline(); }, 1000));
+    EXPECT_EQ(send(editor), "Please select MIDI device first");
+}
+
+TEST_F(EditorTest, RefusesToSendToADeviceThatVanishedWhileTheDialogWasOpen) {
+    plug("Alpha");
+    openDevices(editor, [this](QDialog& dialog) {
+        devices[0]->unplug();
+        auto& outputs = find<QComboBox>(dialog, "combo_out");
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&outputs] { return outputs.currentText() == QStringLiteral("Alpha (offline)"); },
+            1000));
+        click(find(dialog, "ok"));
+    });
+    EXPECT_EQ(send(editor), "Please select MIDI device first");
+}
+
+TEST_F(EditorTest, OffersTheFirstEntryAgainWhenTheChosenDeviceIsOffline) {
+    plug("Alpha");
+    plug("Beta");
+    chooseOutput(editor, 1);
+    devices[1]->unplug();
+    QTest::qWait(20);
+    openDevices(editor, [](QDialog& dialog) {
+        EXPECT_EQ(find<QComboBox>(dialog, "combo_out").currentText(), QStringLiteral("Alpha"));
+        press(dialog, Qt::Key_Escape);
+    });
+}
+
+TEST_F(EditorTest, HearsOfDevicesWhileAnAlertIsOpen) {
+    plug("Alpha");
+    chooseOutput(editor, 0);
+    send(editor, [this] {
+        devices[0]->unplug();
+        EXPECT_TRUE(
+            QTest::qWaitFor([this] { return !editor.devices.OutDevice()->isOnline(); }, 1000));
+    });
+}
+
+TEST_F(EditorTest, ShowsTheSameAboutWindowTwice) {
+    EXPECT_TRUE(aboutWindows().empty());
+    editor.controller.about();
+    const std::vector<QWidget*> first = aboutWindows();
+    ASSERT_EQ(first.size(), 1U);
+    first[0]->close();
+    editor.controller.about();
+    EXPECT_EQ(aboutWindows(), first);
+    EXPECT_TRUE(first[0]->isVisible());
+}
+
+TEST_F(EditorTest, EndsTheProcessWithStatusZeroWhenTheMainWindowIsClosed) {
+    editor.state.bChange = 1;
+    editor.view.close();
+    EXPECT_EQ(exits, std::vector<int>{0});
+}
+
+TEST_F(EditorTest, ComesBackToTheFrontWhenItsLastWindowIsClosed) {
+    editor.controller.about();
+    editor.window.window.orderOut();
+    EXPECT_FALSE(editor.view.isVisible());
+    ASSERT_EQ(aboutWindows().size(), 1U);
+    aboutWindows()[0]->close();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return editor.view.isVisible(); }, 1000));
+    EXPECT_TRUE(exits.empty());
+}
+
+TEST_F(EditorTest, StaysHiddenWhileThePadEditorIsOpen) {
+    whenDialogOpens(QStringLiteral("Pad Editor"), [this](QDialog& dialog) {
+        QTest::qWait(30);
+        EXPECT_FALSE(editor.view.isVisible());
+        press(dialog, Qt::Key_Escape);
+    });
+    click(find(editor.view, "paLa2"));
+    EXPECT_TRUE(editor.view.isVisible());
+}
+
+TEST_F(EditorTest, SharesAProcessWithAnotherEditorUnharmed) {
+    plug("Alpha");
+    qt::QtDesktop secondDesktop([](int) {});
+    platform::software::SoftwareMidiService secondService;
+    auto second = std::make_unique<Editor>(secondService, secondDesktop);
+    second->show();
+    choose(find<QComboBox>(second->view, "combo_mode"), editor::logicMode);
+    chooseOutput(editor, 0);
+    EXPECT_EQ(editor.state.modes.machn_mod, editor::nuendoMode);
+    EXPECT_EQ(second->state.modes.machn_mod, editor::logicMode);
+    EXPECT_EQ(second->devices.OutDevice(), nullptr);
+    second.reset();
+    EXPECT_EQ(send(editor), "Send Done");
+}
+
+TEST(EditorWithoutMidi, StartsListsNothingAndSaysSo) {
+    platform::AbsentMidiService midiService;
+    qt::QtDesktop desktop([](int) {});
+    Editor editor(midiService, desktop);
+    editor.show();
+    EXPECT_TRUE(editor.view.isVisible());
+    openDevices(editor, [](QDialog& dialog) {
+        EXPECT_EQ(find<QComboBox>(dialog, "combo_in").count(), 0);
+        EXPECT_EQ(find<QComboBox>(dialog, "combo_out").count(), 0);
+        click(find(dialog, "ok"));
+    });
+    EXPECT_EQ(send(editor), "Please select MIDI device first");
+}
+
+}  // namespace
+}  // namespace app

@@ -1,0 +1,211 @@
+// The programs as a person starts them, each in a process of its own with an empty home folder. A
+// pilot, loaded by Qt as a plug-in, stands in for the person.
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+
+namespace app {
+namespace {
+
+struct Result {
+    bool ended = false;
+    int status = -1;
+    std::string output;
+    std::string errors;
+};
+
+/// A home of which nothing else makes use.
+class Home {
+public:
+    Home() {
+        for (const char* part : {"home", "run"}) {
+            QDir(folder_.path()).mkdir(QString::fromLatin1(part));
+        }
+        // Qt insists on a private folder for sockets.
+        QFile::setPermissions(folder_.filePath(QStringLiteral("run")),
+                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+
+    [[nodiscard]] QProcessEnvironment environment(const QString& pilotsTask) const {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const char* variable :
+             {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME"}) {
+            environment.remove(QString::fromLatin1(variable));
+        }
+        environment.insert(QStringLiteral("HOME"), folder_.filePath(QStringLiteral("home")));
+        environment.insert(QStringLiteral("XDG_RUNTIME_DIR"),
+                           folder_.filePath(QStringLiteral("run")));
+        environment.insert(QStringLiteral("TMPDIR"), folder_.path());
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        if (!pilotsTask.isEmpty()) {
+            environment.insert(QStringLiteral("QT_PLUGIN_PATH"),
+                               QStringLiteral(TORMELK_PILOT_FOLDER));
+            environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"),
+                               QStringLiteral("pilot:") + pilotsTask);
+        }
+        return environment;
+    }
+
+    /// Everything in it, the folder for temporary files included.
+    [[nodiscard]] QStringList content() const {
+        QStringList found;
+        QDirIterator entries(folder_.path(),
+                             QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                             QDirIterator::Subdirectories);
+        while (entries.hasNext()) {
+            found.append(QDir(folder_.path()).relativeFilePath(entries.next()));
+        }
+        found.sort();
+        return found;
+    }
+    [[nodiscard]] QString file(const char* name) const {
+        return folder_.filePath(QString::fromLatin1(name));
+    }
+
+private:
+    QTemporaryDir folder_;
+};
+
+const QStringList emptyHome = {QStringLiteral("home"), QStringLiteral("run")};
+
+Result run(const char* program, const Home& home, const QString& pilotsTask = {},
+           const QStringList& arguments = {}) {
+    QProcess process;
+    process.setProcessEnvironment(home.environment(pilotsTask));
+    process.start(QString::fromLocal8Bit(program), arguments);
+    constexpr int longest = 120000;  // ms
+    Result result;
+    result.ended = process.waitForFinished(longest) && process.exitStatus() == QProcess::NormalExit;
+    result.status = process.exitCode();
+    result.output = process.readAllStandardOutput().toStdString();
+    result.errors = process.readAllStandardError().toStdString();
+    if (process.state() != QProcess::NotRunning) {
+        process.kill();
+        process.waitForFinished();
+    }
+    return result;
+}
+
+TEST(Program, EndsWithStatusZeroWhenItsWindowIsClosed) {
+    const Home home;
+    const Result result = run(TORMELK_WYRO, home, QStringLiteral("close"));
+    EXPECT_TRUE(result.ended) << result.errors;
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(result.output, "pilot: closing the main window\n");
+}
+
+TEST(Program, EndsWithStatusZeroOnQuit) {
+    const Home home;
+    const Result result = run(TORMELK_WYRO, home, QStringLiteral("quit"));
+    EXPECT_TRUE(result.ended);
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(result.output, "pilot: pressing Ctrl+Q\n");
+}
+
+TEST(Program, EndsWithStatusZeroWithAnUnsavedEdit) {
+    const Home home;
+    const Result result = run(TORMELK_WYRO, home, QStringLiteral("edit-and-close"));
+    EXPECT_TRUE(result.ended);
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(result.output, "pilot: edited channel 4\npilot: closing the main window\n");
+}
+
+TEST(Program, ReadsNoCommandLine) {
+    const Home home;
+    const Result result = run(TORMELK_WYRO, home, QStringLiteral("close"),
+                              {QStringLiteral("--help"), QStringLiteral("-platform"),
+                               QStringLiteral("nonsense"), QStringLiteral("file.Tormelk")});
+    EXPECT_TRUE(result.ended);
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(result.output, "pilot: closing the main window\n");
+}
+
+TEST(Program, LeavesNothingBehind) {
+    const Home home;
+    ASSERT_EQ(home.content(), emptyHome);
+    const Result result = run(TORMELK_WYRO, home, QStringLiteral("look-around-and-close"));
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(result.output,
+              "pilot: saw About Tormelk Wyro\n"
+              "pilot: saw MIDI Devices\n"
+              "pilot: saw Tormelk Wyro: Please select MIDI device first\n"
+              "pilot: saw Pad Editor\n"
+              "pilot: closing the main window\n");
+    EXPECT_EQ(home.content(), emptyHome) << home.content().join(u'\n').toStdString();
+}
+
+TEST(Program, WarnsOfNothing) {
+    const Home home;
+    const Result result = run(TORMELK_WYRO, home, QStringLiteral("close"));
+    std::istringstream lines(result.errors);
+    for (std::string line; std::getline(lines, line);) {
+        EXPECT_EQ(line.rfind("This plugin does not support", 0), 0U) << line;
+    }
+}
+
+TEST(EveryWindowAndPanel, LeavesNothingBehind) {
+    const Home home;
+    const Result result = run(TORMELK_EVERY_WINDOW_ONCE, home);
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(result.output, "every window and both file panels were shown\n");
+    EXPECT_EQ(home.content(), emptyHome) << home.content().join(u'\n').toStdString();
+}
+
+TEST(Demo, ChecksItselfAndTellsWhatArrived) {
+    const Home home;
+    const QString picture = home.file("picture.png");
+    const Result result = run(TORMELK_DEMO, home, {},
+                              {QStringLiteral("--check"), QStringLiteral("--screenshot"), picture});
+    EXPECT_TRUE(result.ended);
+    EXPECT_EQ(result.status, 0) << result.output << result.errors;
+    for (int message = 1; message <= 4; ++message) {
+        const std::string line = "message " + std::to_string(message) +
+                                 ": 254 bytes, F0 1D 03 00 69 4E 0" + std::to_string(message);
+        EXPECT_NE(result.output.find(line), std::string::npos) << line;
+    }
+    EXPECT_NE(result.output.find("output chosen: Tormelk MIDI 1"), std::string::npos);
+    EXPECT_NE(result.output.find("\"Send Done\""), std::string::npos);
+    EXPECT_EQ(result.output.find("WRONG"), std::string::npos);
+    const QImage image(picture);
+    EXPECT_GT(image.width(), 1000);
+    EXPECT_GT(image.height(), 400);
+}
+
+TEST(Demo, FailsWhenThePictureCannotBeWritten) {
+    const Home home;
+    const Result result = run(TORMELK_DEMO, home, {},
+                              {QStringLiteral("--check"), QStringLiteral("--screenshot"),
+                               home.file("no/such/folder/picture.png")});
+    EXPECT_TRUE(result.ended);
+    EXPECT_EQ(result.status, 1);
+    EXPECT_NE(result.output.find("WRONG"), std::string::npos);
+}
+
+TEST(Demo, EndsWithStatusZeroWhenTheEditorIsClosed) {
+    const Home home;
+    const Result result = run(TORMELK_DEMO, home, QStringLiteral("close"));
+    EXPECT_TRUE(result.ended);
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(home.content(), emptyHome);
+}
+
+TEST(Demo, RefusesOptionsItDoesNotKnow) {
+    const Home home;
+    for (const QStringList& arguments :
+         {QStringList{QStringLiteral("--nonsense")}, QStringList{QStringLiteral("--screenshot")},
+          QStringList{QStringLiteral("--screenshot"), QStringLiteral("x.png")}}) {
+        const Result result = run(TORMELK_DEMO, home, {}, arguments);
+        EXPECT_TRUE(result.ended);
+        EXPECT_EQ(result.status, 2);
+        EXPECT_NE(result.errors.find("Usage: tormelk-demo"), std::string::npos);
+    }
+}
+
+}  // namespace
+}  // namespace app

@@ -1,0 +1,127 @@
+// Stands in for the person in front of a program under test. Qt loads it into the program when told
+// so by its environment:
+//
+//     QT_QPA_GENERIC_PLUGINS=pilot:close
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QDialog>
+#include <QGenericPlugin>
+#include <QMainWindow>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <utility>
+
+namespace {
+
+void say(const QString& what) {
+    std::printf("pilot: %s\n", qUtf8Printable(what));
+    std::fflush(stdout);
+}
+
+QMainWindow* mainWindow() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (auto* found = qobject_cast<QMainWindow*>(window); found && found->isVisible()) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
+/// Runs `then` as soon as `ready`.
+void soon(std::function<bool()> ready, std::function<void()> then) {
+    QTimer::singleShot(std::chrono::milliseconds(5),
+                       [ready = std::move(ready), then = std::move(then)] {
+                           if (ready()) {
+                               then();
+                           } else {
+                               soon(ready, then);
+                           }
+                       });
+}
+
+void closeMainWindow() {
+    say(QStringLiteral("closing the main window"));
+    mainWindow()->close();
+}
+
+void quit() {
+    say(QStringLiteral("pressing Ctrl+Q"));
+    QTest::keyClick(mainWindow(), Qt::Key_Q, Qt::ControlModifier);
+}
+
+void editAndClose() {
+    auto* mode = mainWindow()->findChild<QComboBox*>(QStringLiteral("combo_mode"));
+    auto* channel = mainWindow()->findChild<QComboBox*>(QStringLiteral("combo_chan"));
+    QTest::keyClick(mode, Qt::Key_Home);
+    for (int i = 0; i < 3; ++i) {
+        QTest::keyClick(channel, Qt::Key_Down);
+    }
+    say(QStringLiteral("edited channel ") + channel->currentText());
+    closeMainWindow();
+}
+
+/// Looks at the dialog that opens next, and leaves it.
+void lookAtDialog() {
+    soon([] { return QApplication::activeModalWidget() != nullptr; },
+         [] {
+             QWidget* dialog = QApplication::activeModalWidget();
+             const auto* alert = qobject_cast<QMessageBox*>(dialog);
+             say(QStringLiteral("saw ") + dialog->windowTitle() +
+                 (alert == nullptr ? QString() : QStringLiteral(": ") + alert->text()));
+             QTest::keyClick(dialog, Qt::Key_Escape);
+         });
+}
+
+void press(const char* button) {
+    QTest::mouseClick(mainWindow()->findChild<QAbstractButton*>(QString::fromLatin1(button)),
+                      Qt::LeftButton);
+}
+
+void lookAroundAndClose() {
+    mainWindow()->findChild<QAction*>(QStringLiteral("actionAbout"))->trigger();
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (qobject_cast<QDialog*>(window) != nullptr && window->isVisible()) {
+            say(QStringLiteral("saw ") + window->windowTitle());
+            window->close();
+        }
+    }
+    for (const char* button : {"midiDevices", "send", "paLa2"}) {
+        lookAtDialog();
+        press(button);
+    }
+    closeMainWindow();
+}
+
+const std::pair<const char*, void (*)()> tasks[] = {
+    {"close", closeMainWindow},
+    {"quit", quit},
+    {"edit-and-close", editAndClose},
+    {"look-around-and-close", lookAroundAndClose},
+};
+
+class Pilot final : public QGenericPlugin {
+    Q_OBJECT
+    Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "pilot.json")
+
+public:
+    QObject* create(const QString&, const QString& specification) override {
+        for (const auto& [name, task] : tasks) {
+            if (specification == QLatin1String(name)) {
+                soon([] { return mainWindow() != nullptr && mainWindow()->isActiveWindow(); },
+                     task);
+            }
+        }
+        return new QObject(this);
+    }
+};
+
+}  // namespace
+
+#include "pilot.moc"
