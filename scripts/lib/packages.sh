@@ -17,6 +17,10 @@
         libgtest-dev libgmock-dev
         clang-format clang-tidy
     )
+    packages_to_measure=(
+        libgtest-dev libgmock-dev
+        gcovr python3
+    )
 }
 
 # install_missing PACKAGE...: installs those of the packages that are not installed yet, and says

@@ -17,21 +17,25 @@ bool isRegular(const struct stat& status) {
     return S_ISREG(status.st_mode);
 }
 
-/// Reads until `limit` or the end; false on an error.
-bool readBeginning(int descriptor, std::size_t limit, std::string& bytes) {
+/// Reads until `limit` or the end; false on an error. `expected` is the size that the file says it
+/// has: right for most, too small for a file that grows or that the system makes up.
+bool readBeginning(int descriptor, std::size_t limit, std::size_t expected, std::string& bytes) {
     constexpr std::size_t chunk = 65536;
-    while (bytes.size() < limit) {
-        const std::size_t before = bytes.size();
-        bytes.resize(std::min(limit, before + chunk));
-        const ssize_t count = ::read(descriptor, bytes.data() + before, bytes.size() - before);
-        bytes.resize(before + static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
-        if (count == 0) {
-            return true;
+    // One byte more than expected, so that the end shows without further room.
+    bytes.resize(std::min(limit, std::min(expected, chunk) + 1));
+    std::size_t size = 0;
+    ssize_t count = 1;
+    while (size < limit && count != 0) {
+        if (size == bytes.size()) {
+            bytes.resize(std::min(limit, size + chunk));
         }
+        count = ::read(descriptor, bytes.data() + size, bytes.size() - size);
         if (count < 0 && errno != EINTR) {
             return false;
         }
+        size += static_cast<std::size_t>(std::max<ssize_t>(count, 0));
     }
+    bytes.resize(size);
     return true;
 }
 
@@ -51,7 +55,9 @@ ReadResult readFile(const std::filesystem::path& path, std::size_t limit) {
         return {Status::NotRegular, {}};
     }
     ReadResult result;
-    result.status = readBeginning(file.get(), limit, result.bytes) ? Status::Read : Status::Failed;
+    const auto expected = static_cast<std::size_t>(std::max<off_t>(status.st_size, 0));
+    const bool done = readBeginning(file.get(), limit, expected, result.bytes);
+    result.status = done ? Status::Read : Status::Failed;
     return result;
 }
 

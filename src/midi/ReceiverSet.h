@@ -31,11 +31,11 @@ public:
 
 private:
     struct Member {
-        std::uint64_t id;  // grows with every addition, so a delivery can find its place again
-        ZQMIDIReceiver* receiver;
+        std::uint64_t id = 0;  // grows with every addition, so a delivery can find its place again
+        ZQMIDIReceiver* receiver = nullptr;
     };
     struct Call {
-        ZQMIDIReceiver* receiver;
+        ZQMIDIReceiver* receiver = nullptr;
         std::thread::id thread;
     };
     [[nodiscard]] const Member* firstMemberAfter(std::uint64_t id) const;

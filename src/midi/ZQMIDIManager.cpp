@@ -1,6 +1,7 @@
 #include "midi/ZQMIDIManager.h"
 
 #include <algorithm>
+#include <compare>
 #include <utility>
 
 #include "midi/ZQMIDIEndpointSet.h"
@@ -51,7 +52,7 @@ void sortByDisplayName(std::vector<std::unique_ptr<Endpoint>>& list) {
         named.emplace_back(std::move(name), std::move(endpoint));
     }
     std::stable_sort(named.begin(), named.end(), [](const auto& a, const auto& b) {
-        return compareIgnoringCase(a.first, b.first) < 0;
+        return std::is_lt(compareIgnoringCase(a.first, b.first));
     });
     std::transform(named.begin(), named.end(), list.begin(),
                    [](auto& entry) { return std::move(entry.second); });

@@ -56,7 +56,7 @@ MIDIEndpointRef withName(MidiService& service, const EndpointDirection& directio
 }  // namespace
 
 std::optional<std::string> ZQMIDIGetEndpointName(MidiService& service, MIDIEndpointRef endpoint) {
-    const std::optional<std::string> device = deviceName(service, endpoint);
+    std::optional<std::string> device = deviceName(service, endpoint);
     std::optional<std::string> own = nameProperty(service, endpoint);
     if (!own) {
         return device;

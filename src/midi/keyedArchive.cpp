@@ -221,7 +221,8 @@ public:
             return nullptr;
         }
         for (const Json& object : *objects_) {
-            if (makerOf(object) == nullptr) {
+            makers_.push_back(makerOf(object));
+            if (makers_.back() == nullptr) {
                 return nullptr;
             }
         }
@@ -239,7 +240,7 @@ public:
         }
         const auto index = place.get<std::size_t>();
         const auto known = made_.find(index);
-        return known != made_.end() ? known->second : made_[index] = make((*objects_)[index]);
+        return known != made_.end() ? known->second : made_[index] = make(index);
     }
 
 private:
@@ -264,8 +265,8 @@ private:
         return maker == unarchiver_.classes_.end() ? nullptr : &maker->second;
     }
 
-    std::shared_ptr<Archivable> make(const Json& object) {
-        std::shared_ptr<Archivable> made = (*makerOf(object))(ObjectDecoder(object));
+    std::shared_ptr<Archivable> make(std::size_t index) {
+        std::shared_ptr<Archivable> made = (*makers_[index])(ObjectDecoder((*objects_)[index]));
         if (unarchiver_.delegate_ != nullptr) {
             made = unarchiver_.delegate_->unarchiver(unarchiver_, std::move(made));
         }
@@ -275,6 +276,7 @@ private:
     KeyedUnarchiver& unarchiver_;
     Json archive_;
     const Json* objects_ = nullptr;
+    std::vector<const ArchivedClasses::mapped_type*> makers_;  // of each object
     std::unordered_map<std::size_t, std::shared_ptr<Archivable>> made_;
 };
 

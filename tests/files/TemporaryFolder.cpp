@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -13,8 +14,8 @@ namespace files {
 
 namespace fs = std::filesystem;
 
-TemporaryFolder::TemporaryFolder() {
-    std::string name = (fs::temp_directory_path() / "tormelk-files-XXXXXX").string();
+TemporaryFolder::TemporaryFolder(const fs::path& parent) {
+    std::string name = (parent / "tormelk-files-XXXXXX").string();
     if (::mkdtemp(name.data()) == nullptr) {
         throw std::system_error(errno, std::generic_category(), name);
     }
@@ -30,6 +31,11 @@ TemporaryFolder::~TemporaryFolder() {
 
 std::vector<std::string> TemporaryFolder::names() const {
     return namesIn(path_);
+}
+
+fs::path parentInMemory() {
+    const fs::path inMemory = "/dev/shm";
+    return ::access(inMemory.c_str(), W_OK) == 0 ? inMemory : fs::temp_directory_path();
 }
 
 void write(const fs::path& file, std::string_view bytes) {

@@ -10,7 +10,8 @@ namespace files {
 /// An empty folder that goes with this object, with everything in it. Every user may look into it.
 class TemporaryFolder {
 public:
-    TemporaryFolder();
+    explicit TemporaryFolder(
+        const std::filesystem::path& parent = std::filesystem::temp_directory_path());
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
     ~TemporaryFolder();
@@ -26,6 +27,10 @@ public:
 private:
     std::filesystem::path path_;
 };
+
+/// A parent whose files are kept in memory, so that flushing them costs nothing; where there is
+/// none to be written to, the usual one.
+std::filesystem::path parentInMemory();
 
 /// Writes a file in the plain way; fails the test where it cannot.
 void write(const std::filesystem::path& file, std::string_view bytes);

@@ -1,5 +1,7 @@
 #include "midi/ZQMIDIEndpoint.h"
 
+#include <compare>
+
 #include "midi/MidiTest.h"
 
 namespace midi {
@@ -307,10 +309,10 @@ TEST_F(Endpoint, IsOrderedByDisplayNameWithItsSuffix) {
     const ZQMIDIEndpoint online(manager(), in.handle());
     const ZQMIDIEndpoint offline(manager(), "alpha", 1);
     const ZQMIDIEndpoint other(manager(), "BETA", 2);
-    EXPECT_TRUE(online.compareByDisplayName(offline) < 0);
-    EXPECT_TRUE(offline.compareByDisplayName(online) > 0);
-    EXPECT_TRUE(offline.compareByDisplayName(other) < 0);
-    EXPECT_TRUE(offline.compareByDisplayName(ZQMIDIEndpoint(manager(), "Alpha", 3)) == 0);
+    EXPECT_TRUE(std::is_lt(online.compareByDisplayName(offline)));
+    EXPECT_TRUE(std::is_gt(offline.compareByDisplayName(online)));
+    EXPECT_TRUE(std::is_lt(offline.compareByDisplayName(other)));
+    EXPECT_TRUE(std::is_eq(offline.compareByDisplayName(ZQMIDIEndpoint(manager(), "Alpha", 3))));
 }
 
 TEST_F(Endpoint, IsInUseWhileItHasASenderOrAReceiver) {

@@ -147,24 +147,24 @@ private:
     using Lock = std::unique_lock<std::mutex>;
 
     struct Client {
-        MIDINotifyProc notify;
-        void* refCon;
+        MIDINotifyProc notify = nullptr;
+        void* refCon = nullptr;
         bool changeDue = false;
     };
     struct Port {
-        bool isInput;
+        bool isInput = false;
         std::string name;
-        MIDIReadProc read;
-        void* readProcRefCon;
+        MIDIReadProc read = nullptr;
+        void* readProcRefCon = nullptr;
         std::map<MIDIEndpointRef, void*> connections;  // with each connection's own constant
         std::set<MIDIEndpointRef> connectionsTried;    // also those that failed
     };
     struct Published {
-        MIDIReadProc read;  // none for a source
-        void* readProcRefCon;
+        MIDIReadProc read = nullptr;  // none for a source
+        void* readProcRefCon = nullptr;
     };
     struct RunningCallback {
-        MIDIObjectRef object;  // the port or the published destination
+        MIDIObjectRef object = 0;  // the port or the published destination
         std::thread::id thread;
     };
 

@@ -134,6 +134,17 @@ void walkOddCurves(Walk& walk) {
             e.state.pads.SYSBuf_vel_bak[1] = 6;
         });
     walk.directly(
+        "the window's own writers touch the image alone, and the copy-back undoes them",
+        [&] {
+            d.padEditor()->setPaCc_domal(2, 70, 1);
+            d.padEditor()->setPaChan_domal(2, 70, 2);
+            d.padEditor()->setPaIntrvl_domal(1, 7);
+            d.padEditor()->setPaCurv_domal(1, 10);
+        },
+        [&] {
+            e.bytes({{665, 1}, {585, 2}, {503, 7}, {501, 127}});
+        });
+    walk.directly(
         "pad layer 1 would be shown", [&] { d.state().pads.m_zPaLayer_CurSel = 0; },
         [&] { e.state.pads.m_zPaLayer_CurSel = 0; });
     walk.step(
@@ -212,7 +223,7 @@ void walkOddBytes(Walk& walk) {
         },
         [&] {
             e.closesPadEditor();
-            e.holds({{501, 0}, {755, 84}});
+            e.holds({{501, 0}, {755, 84}, {665, 0x2F}, {585, 1}, {503, 25}});
             e.state.pads.isInit2 = 0;
             e.state.layers.layrData = 0;
         });

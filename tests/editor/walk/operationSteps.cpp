@@ -83,6 +83,13 @@ void walkBlanks(Walk& walk) {
             e.bytes({{99, 10}});
         });
     walk.step("the blank number shows 10 again", [&] { d.choose(MainBox::combo_cc, 128); });
+    walk.directly("a box of another window is nobody's", [&] {
+        toolkit::ComboBox other;
+        other.addItemWithObjectValue("0");
+        other.addItemWithObjectValue("1");
+        other.selectItemAtIndex(1);
+        c.comboBoxSelectionIsChanging(other);
+    });
     walk.directly("the connection points do nothing", [&] {
         c.typeSelect2();
         c.substain();
