@@ -64,10 +64,10 @@ QAction* MainWindowView::addAction(const QString& outlet, const QString& caption
 void MainWindowView::makeActions(editor::mainController& controller) {
     loadPreset_ = addAction(QStringLiteral("actionLoadPreset"), QStringLiteral("&Load Preset..."));
     loadPreset_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_O));
-    loadPreset_->setEnabled(false);
+    connect(loadPreset_, &QAction::triggered, this, [&controller] { controller.loadFile(); });
     savePreset_ = addAction(QStringLiteral("actionSavePreset"), QStringLiteral("&Save Preset..."));
     savePreset_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_S));
-    savePreset_->setEnabled(false);
+    connect(savePreset_, &QAction::triggered, this, [&controller] { controller.saveFile(); });
     quit_ = addAction(QStringLiteral("actionQuit"), QStringLiteral("&Quit"));
     quit_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(quit_, &QAction::triggered, this, [&controller] { controller.exit(); });

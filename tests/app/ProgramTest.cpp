@@ -153,7 +153,9 @@ TEST(EveryWindowAndPanel, LeavesNothingBehind) {
     const Home home;
     const Result result = run(TORMELK_EVERY_WINDOW_ONCE, home);
     EXPECT_EQ(result.status, 0) << result.errors;
-    EXPECT_EQ(result.output, "every window and both file panels were shown\n");
+    EXPECT_EQ(result.output,
+              "every window and both file panels were shown\n"
+              "a preset was saved and loaded\n");
     EXPECT_EQ(home.content(), emptyHome) << home.content().join(u'\n').toStdString();
 }
 

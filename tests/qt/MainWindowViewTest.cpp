@@ -268,6 +268,26 @@ TEST_F(MainWindowViewTest, ChoosesTheDeviceFromTheMenuTheButtonAndTheKeyboard) {
     EXPECT_EQ(opened, 3);
 }
 
+TEST_F(MainWindowViewTest, SavesAPresetFromTheMenuAndTheKeyboard) {
+    desktop.answerSavePanel(std::nullopt);
+    desktop.answerSavePanel(std::nullopt);
+    action("actionSavePreset").trigger();
+    press(view, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_THAT(desktop.journal(), testing::SizeIs(2));
+}
+
+TEST_F(MainWindowViewTest, LoadsAPresetFromTheMenuAndTheKeyboard) {
+    desktop.answerOpenPanel(std::nullopt);
+    desktop.answerOpenPanel(std::nullopt);
+    action("actionLoadPreset").trigger();
+    press(view, Qt::Key_O, Qt::ControlModifier);
+    EXPECT_THAT(desktop.journal(), testing::SizeIs(2));
+}
+
+TEST_F(MainWindowViewTest, OffersNoFirmwareUpdateYet) {
+    EXPECT_FALSE(action("actionFirmwareUpdate").isEnabled());
+}
+
 TEST_F(MainWindowViewTest, QuitsFromTheMenuAndTheKeyboard) {
     action("actionQuit").trigger();
     press(view, Qt::Key_Q, Qt::ControlModifier);
