@@ -26,7 +26,7 @@ cannot_run() {
 
 # Ends unless everything the host has to have is there.
 require_host_tools() {
-    [[ $(uname -m) = x86_64 ]] || cannot_run "the emulated machine is an x86_64, this one is an $(uname -m)"
+    [[ $(uname -m) = x86_64 ]] || cannot_run "it is for x86_64, and this machine is not: $(uname -m)"
     (install_missing "${packages_for_guest[@]}") >&2 || cannot_run "packages are missing (see above)"
     local tool
     for tool in qemu-system-x86_64 busybox cpio depmod modprobe xz dpkg apt-get apt-cache; do

@@ -35,12 +35,13 @@ folder_arguments() {
 }
 
 # Sets emulator to the command that boots the guest. Software emulation only: it works everywhere,
-# while /dev/kvm may be there and useless.
+# while /dev/kvm may be there and useless. Programs get plain addresses (norandmaps): the sanitizers
+# need them.
 make_emulator_command() {
     local kernel_arguments=(
         console=ttyS0 loglevel=4 panic=-1 oops=panic reboot=t
         mitigations=off nokaslr random.trust_cpu=on edd=off tsc=reliable no_timer_check
-        tormelk.guest
+        norandmaps tormelk.guest
     )
     emulator=(
         qemu-system-x86_64 -nodefaults -no-user-config -no-reboot -display none
