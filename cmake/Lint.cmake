@@ -1,10 +1,15 @@
 # With TORMELK_LINT every compilation runs clang-tidy too, so that only what changed is linted
-# again. The rules stand in .clang-tidy; their checksum is part of the command, so that changed rules
-# lint everything again.
+# again. The rules stand in .clang-tidy and tests/.clang-tidy; their checksums are part of the
+# command, so that changed rules lint everything again.
 if(TORMELK_LINT)
   find_program(TORMELK_CLANG_TIDY clang-tidy REQUIRED)
-  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/.clang-tidy")
-  file(MD5 "${PROJECT_SOURCE_DIR}/.clang-tidy" rules)
+  set(rules)
+  foreach(folder . tests)
+    set(file "${PROJECT_SOURCE_DIR}/${folder}/.clang-tidy")
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${file}")
+    file(MD5 "${file}" checksum)
+    string(APPEND rules "_${checksum}")
+  endforeach()
   set(CMAKE_CXX_CLANG_TIDY
-      "${TORMELK_CLANG_TIDY};--quiet;--warnings-as-errors=*;--extra-arg=-Wno-unknown-warning-option;--extra-arg=-DTORMELK_LINT_RULES_${rules}")
+      "${TORMELK_CLANG_TIDY};--quiet;--warnings-as-errors=*;--extra-arg=-Wno-unknown-warning-option;--extra-arg=-DTORMELK_LINT_RULES${rules}")
 endif()

@@ -98,8 +98,10 @@ void mainController::chooseTrigger(int index) {
         makeWholeLayerTrigger(layer, index == 3);
     } else if (window_.combo_cc.indexOfSelectedItem() == blankTrigger) {
         // The blank. It is the value box that decides whether the stored choice is shown again, and
-        // the pad layer's "All" flag that is asked. Both are meant.
-        window_.combo_trig.selectItemAtIndex(triggerIndex(state_.layers.m_paLa, control, modeByte));
+        // the pad layer's block that is asked for it. Both are meant.
+        const int padLayer = state_.layers.m_paLa;
+        window_.combo_trig.selectItemAtIndex(
+            triggerIndex(padLayer, control, config::mode(state_.sysData, padLayer, control)));
     }
 }
 

@@ -311,6 +311,15 @@ TEST_F(ModeSwitch, AControlClickedInAHostsModeGivesWayToTheModeLayersOwn) {
     EXPECT_THAT(editor.litModeLayers(), ElementsAre(0));
 }
 
+TEST_F(ModeSwitch, TheMasterFaderClickedInAHostsModeGivesWayAsWell) {
+    editor.click(12);
+    editor.chooseMode(3);
+    editor.click(64);
+    editor.chooseMode(0);
+    EXPECT_EQ(state.selection.keyEvnt, 12);
+    EXPECT_THAT(editor.litModeLayers(), ElementsAre(0));
+}
+
 TEST_F(ModeSwitch, APadClickedInAHostsModeStaysSelected) {
     editor.chooseMode(3);
     editor.click(70);

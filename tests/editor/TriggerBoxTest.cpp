@@ -142,9 +142,10 @@ TEST_F(TriggerBox, ASecondBlankIsABlankToo) {
     EXPECT_EQ(state.sysData, before);
 }
 
-TEST_F(TriggerBox, ABlankTriggerAsksThePadLayersAllChoice) {
+TEST_F(TriggerBox, ABlankTriggerAsksThePadLayersBlock) {
     controller.rmTrigSel();
-    editor.statusOf(1, 5) = 0x49;
+    editor.statusOf(1, 5) = 0x09;
+    editor.statusOf(3, 5) = 0x49;
     editor.numberOf(1, 5) = 4;
     edit(1, 5);
     state.layers.m_paLa = 3;
@@ -156,7 +157,7 @@ TEST_F(TriggerBox, ABlankTriggerAsksThePadLayersAllChoice) {
     state.layers.bTrigAll.set(3, true);
     window.combo_trig.choose(4);
     EXPECT_EQ(window.combo_trig.indexOfSelectedItem(), 3);
-    editor.statusOf(1, 5) = 0x09;
+    editor.statusOf(3, 5) = 0x09;
     window.combo_trig.choose(4);
     EXPECT_EQ(window.combo_trig.indexOfSelectedItem(), 2);
 

@@ -8,7 +8,6 @@
 namespace midi {
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 using ProcessOfTheMidiLayer = MidiTest;

@@ -10,7 +10,6 @@ namespace toolkit {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr std::array allClicks = {Button::Click::Keeps, Button::Click::Lights,
                                   Button::Click::Flips};

@@ -26,6 +26,7 @@ constexpr auto longList = makeLongList();
 
 std::vector<std::string> itemsOf(const ComboBox& box) {
     std::vector<std::string> items;
+    items.reserve(static_cast<std::size_t>(box.numberOfItems()));
     for (int i = 0; i < box.numberOfItems(); ++i) {
         items.emplace_back(box.itemObjectValueAtIndex(i).value());
     }

@@ -141,6 +141,7 @@ TEST_F(Callbacks, NeverTouchAPortThatIsGoneWhilePortsComeAndGo) {
     Source& in = service.addSource("in");
     std::atomic<bool> stop = false;
     std::vector<std::thread> inputs;
+    inputs.reserve(2);
     for (int i = 0; i < 2; ++i) {
         inputs.emplace_back([&] {
             while (!stop) {
