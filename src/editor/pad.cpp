@@ -270,8 +270,8 @@ void pad::chooseConstantVelocity(int index) {
     const int layer = currentLayer();
     config::Image& copy = state_.pads.sysbuf_domal;
     if (index == blankVelocity) {
-        combo_curConst.selectItemAtIndex(config::trailer(copy, layer, config::curveOffset) -
-                                         firstVelocity);
+        combo_curConst.selectItemAtIndex(
+            asSigned(config::trailer(copy, layer, config::curveOffset)) - firstVelocity);
         return;
     }
     config::setTrailer(copy, layer, config::curveOffset, index + firstVelocity);
