@@ -178,7 +178,6 @@ private:
     void takeBackPadEdits();
     void showLock(int layer);
 
-    void showIgnoredChoice(toolkit::ComboBox& box);
     void chooseChannel(int index);
     void chooseNumber(int index);
     void chooseKind(int index);

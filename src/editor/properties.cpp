@@ -29,7 +29,6 @@ void mainController::comboBoxSelectionIsChanging(toolkit::ComboBox& box) {
         return;
     }
     if (state_.selection.keyEvnt == noControl) {
-        showIgnoredChoice(box);
         return;
     }
     if (&box == &window_.combo_chan) {
@@ -40,15 +39,6 @@ void mainController::comboBoxSelectionIsChanging(toolkit::ComboBox& box) {
         chooseNumber(index);
     } else if (&box == &window_.combo_trig) {
         chooseTrigger(index);
-    }
-}
-
-/// Nothing is selected, so the choice changes nothing, and is not left standing.
-void mainController::showIgnoredChoice(toolkit::ComboBox& box) {
-    for (toolkit::ComboBox* propertyBox : propertyBoxes()) {
-        if (propertyBox == &box) {
-            showBlank(box);
-        }
     }
 }
 

@@ -79,7 +79,6 @@ void mainController::update_Aft_LoadFile() {
         window_.combo_type.setEnabled(false);
         window_.combo_chan.setEnabled(false);
         window_.combo_cc.setEnabled(false);
-        toggleGray();  // with nothing selected, nothing that follows would
         window_.combo_cc.removeAllItems();
     } else {
         judge();

@@ -291,9 +291,7 @@ TEST_F(Loading, WithNothingSelectedNothingIsShownAfresh) {
 TEST_F(LoadingInUserDefined, AHostsPresetLeavesTheBoxesWithTheHostsFunctionsAndDisabled) {
     state.selection.keyEvnt = noControl;
     for (const int mode : {1, 2, 3, 4}) {
-        window.combo_trig.setEnabled(true);
         loadPreset(randomPreset(6, mode));
-        EXPECT_FALSE(window.combo_trig.isEnabled());
         EXPECT_EQ(itemsOf(window.combo_cc), itemsOf(tables::data::ND())) << mode;
         EXPECT_FALSE(window.combo_type.isEnabled());
         EXPECT_FALSE(window.combo_chan.isEnabled());

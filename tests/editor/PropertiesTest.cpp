@@ -37,16 +37,6 @@ TEST_F(PropertyBoxes, WithNothingSelectedNoChoiceIsWritten) {
     EXPECT_EQ(state.selection.keyEvnt, 127);
 }
 
-TEST_F(PropertyBoxes, WithNothingSelectedAChoiceIsNotLeftStanding) {
-    controller.dataChgCore(127);
-    for (toolkit::ComboBox* box :
-         {&window.combo_chan, &window.combo_cc, &window.combo_type, &window.combo_trig}) {
-        box->setEnabled(true);
-        box->choose(1);
-        EXPECT_TRUE(showsBlank(*box));
-    }
-}
-
 TEST_F(PropertyBoxes, ABoxOfAnotherWindowIsIgnored) {
     toolkit::ComboBox other;
     other.addItemsWithObjectValues(data::Chan());

@@ -79,7 +79,7 @@ private:
     void checkLayerLights();
     void checkPadEditor(pad& padEditor);
     [[nodiscard]] bool nothingSelected() const;
-    [[nodiscard]] int storedTrigger(int layerOfFlag) const;
+    [[nodiscard]] int storedTrigger(int layer) const;
     /// Byte of the edited control in the edited layer.
     [[nodiscard]] std::size_t edited(int offset) const;
     [[nodiscard]] int editedByte(int offset) const;

@@ -124,10 +124,10 @@ void RandomWalk::checkTrigger() {
             "the trigger box shows what is stored or was chosen");
 }
 
-int RandomWalk::storedTrigger(int layerOfFlag) const {
-    const int bit = editedByte(167) >> 6;
-    const bool all = editor_.state.selection.keyEvnt < 48 &&
-                     editor_.state.layers.bTrigAll.isSet(layerOfFlag) &&
+int RandomWalk::storedTrigger(int layer) const {
+    const int control = editor_.state.selection.keyEvnt;
+    const int bit = editor_.state.sysData.at(position(layer, 167 + control)) >> 6;
+    const bool all = control < 48 && editor_.state.layers.bTrigAll.isSet(layer) &&
                      editor_.state.modes.machn_mod == 0;
     return all ? bit + 2 : bit;
 }

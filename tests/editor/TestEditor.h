@@ -51,7 +51,7 @@ private:
 
 /// Where byte `offset` of a layer's block stands in the image.
 constexpr std::size_t position(int layer, int offset) {
-    return static_cast<std::size_t>(layer * 254 + offset);
+    return static_cast<std::size_t>(layer) * 254 + static_cast<std::size_t>(offset);
 }
 
 /// The control behind a pad button, by tag - 65.

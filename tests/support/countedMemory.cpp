@@ -21,17 +21,28 @@ void release(void* memory) {
 
 }  // namespace
 
-void* operator new(std::size_t size) {
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     void* memory = std::malloc(size == 0 ? 1 : size);
+    if (memory != nullptr) {
+        ++allocations;
+        held += ::malloc_usable_size(memory);
+    }
+    return memory;
+}
+
+void* operator new(std::size_t size) {
+    void* memory = ::operator new(size, std::nothrow);
     if (memory == nullptr) {
         throw std::bad_alloc();
     }
-    ++allocations;
-    held += ::malloc_usable_size(memory);
     return memory;
 }
 
 void operator delete(void* memory) noexcept {
+    release(memory);
+}
+
+void operator delete(void* memory, const std::nothrow_t&) noexcept {
     release(memory);
 }
 
