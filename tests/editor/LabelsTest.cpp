@@ -29,9 +29,7 @@ protected:
         window.mode_info.setStringValue("before");
         image_ = state.sysData;
     }
-    ~Labels() override { EXPECT_EQ(state.sysData, image_) << "labels are no assignments"; }
-    Labels(const Labels&) = delete;
-    Labels& operator=(const Labels&) = delete;
+    void TearDown() override { EXPECT_EQ(state.sysData, image_) << "labels are no assignments"; }
 
     void enable(bool enabled) {
         window.combo_type.setEnabled(enabled);

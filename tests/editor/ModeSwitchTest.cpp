@@ -33,7 +33,8 @@ protected:
         }
     }
     std::uint8_t parked(int layer, int offset) const {
-        return state.stores.SysBuf_usrdef.at(static_cast<std::size_t>(layer * 247 + offset));
+        return state.stores.SysBuf_usrdef.at(static_cast<std::size_t>(layer) * 247 +
+                                             static_cast<std::size_t>(offset));
     }
 };
 
@@ -54,7 +55,8 @@ TEST_F(ModeSwitch, LeavingUserDefinedParksTheSwapRangesAndLoadsTheFactorys) {
             ASSERT_EQ(editor.byte(layer, offset), offset == 248 ? 4 : before);
             if (offset < 247) {
                 ASSERT_EQ(parked(layer, offset),
-                          parkedBefore.at(static_cast<std::size_t>(layer * 247 + offset)));
+                          parkedBefore.at(static_cast<std::size_t>(layer) * 247 +
+                                          static_cast<std::size_t>(offset)));
             }
         }
     }

@@ -23,11 +23,13 @@ TEST_F(ControlClick, PadButton65SelectsControl70AndLightsButton65Again) {
 
 TEST_F(ControlClick, EveryPadButtonSelectsItsPadAndIsLitAlone) {
     constexpr std::array<int, 9> expected = {70, 69, 72, 65, 66, 71, 73, 68, 67};
-    for (int i = 0; i < 9; ++i) {
-        window.keysOrderedByTag.at(static_cast<std::size_t>(65 + i)).click();
-        EXPECT_EQ(state.selection.keyEvnt, expected.at(static_cast<std::size_t>(i)));
-        EXPECT_EQ(state.selection.keyEvnt_bak, expected.at(static_cast<std::size_t>(i)));
-        EXPECT_THAT(litOf(window.keysOrderedByTag), ElementsAre(65 + i));
+    int tag = 65;
+    for (const int control : expected) {
+        window.keysOrderedByTag.at(static_cast<std::size_t>(tag)).click();
+        EXPECT_EQ(state.selection.keyEvnt, control);
+        EXPECT_EQ(state.selection.keyEvnt_bak, control);
+        EXPECT_THAT(litOf(window.keysOrderedByTag), ElementsAre(tag));
+        ++tag;
     }
 }
 

@@ -12,6 +12,8 @@
 #include <functional>
 #include <set>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "devices/seldev.h"

@@ -34,9 +34,7 @@ protected:
             return platform::noErr;
         });
     }
-    ~Transfer() override { EXPECT_THAT(editor.midiService.misuses(), IsEmpty()); }
-    Transfer(const Transfer&) = delete;
-    Transfer& operator=(const Transfer&) = delete;
+    void TearDown() override { EXPECT_THAT(editor.midiService.misuses(), IsEmpty()); }
 
     void chooseOutput() {
         editor.devices.chosen.g_outDevice =
