@@ -8,7 +8,6 @@ namespace {
 
 namespace journal = support::journal;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 template <typename Dialog>
 class DeviceDialogTest : public EitherDialog<Dialog> {};

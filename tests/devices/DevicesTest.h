@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <vector>
@@ -21,6 +22,7 @@ namespace devices {
 
 inline std::vector<std::string> itemsOf(const toolkit::ComboBox& box) {
     std::vector<std::string> items;
+    items.reserve(static_cast<std::size_t>(box.numberOfItems()));
     for (int i = 0; i < box.numberOfItems(); ++i) {
         items.emplace_back(box.itemObjectValueAtIndex(i).value());
     }
@@ -50,10 +52,14 @@ inline void chooseByText(toolkit::ComboBox& box, const std::string& text) {
 }
 
 class DevicesTest : public testing::Test {
+public:
+    DevicesTest() = default;
+    DevicesTest(const DevicesTest&) = delete;
+    DevicesTest& operator=(const DevicesTest&) = delete;
+    ~DevicesTest() override { EXPECT_THAT(service.misuses(), testing::IsEmpty()); }
+
 protected:
     using Device = platform::software::Device;
-
-    ~DevicesTest() override { EXPECT_THAT(service.misuses(), testing::IsEmpty()); }
 
     /// A device with an input and an output that bear its name.
     Device& addDevice(const std::string& name) {

@@ -7,7 +7,6 @@ namespace devices {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 template <typename Dialog>
 class SetupChanges : public EitherDialog<Dialog> {};

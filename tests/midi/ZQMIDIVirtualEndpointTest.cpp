@@ -10,7 +10,6 @@
 namespace midi {
 namespace {
 
-using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 template <typename Kind>

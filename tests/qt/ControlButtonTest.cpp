@@ -48,10 +48,10 @@ double difference(const QImage& a, const QImage& b) {
 
 class InEachTheme : public testing::TestWithParam<bool> {
 protected:
-    InEachTheme() {
+    void SetUp() override {
         QApplication::setPalette(GetParam() ? tests::darkPalette() : tests::lightPalette());
     }
-    ~InEachTheme() override { QApplication::setPalette(tests::lightPalette()); }
+    void TearDown() override { QApplication::setPalette(tests::lightPalette()); }
 };
 
 INSTANTIATE_TEST_SUITE_P(ControlButton, InEachTheme, testing::Bool(),
