@@ -251,11 +251,11 @@ TEST_F(Saving, LeavesTheOldPresetOrTheNewOneWhenTheEditorIsKilled) {
         ASSERT_TRUE(text == texts[0] || text == texts[1]) << "kill " << i << ": " << text;
         ++found.at(text == texts[0] ? 0 : 1);
     }
-    EXPECT_GT(found[0], 0);
-    EXPECT_GT(found[1], 0);
-    // Only kills in the middle of a save leave something, so there were some.
+    // Which of the two, and how often a kill falls into the middle of a save and leaves something,
+    // is up to the machine.
+    RecordProperty("old", found[0]);
+    RecordProperty("new", found[1]);
     const std::size_t leftOver = unfinishedFiles(folder);
-    EXPECT_GT(leftOver, 0U);
     EXPECT_EQ(folder.names().size(), leftOver + 1);
 
     // What they left disturbs neither a save nor a load.

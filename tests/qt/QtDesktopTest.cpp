@@ -17,7 +17,6 @@ namespace {
 
 using app::robot::press;
 using app::robot::whenDialogOpens;
-using toolkit::Alert;
 using toolkit::AlertAnswer;
 
 /// A window that ends its modal run when it closes, as all of them do.

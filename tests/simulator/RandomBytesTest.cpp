@@ -64,7 +64,7 @@ TEST_P(RandomBytes, NoiseIsTakenForNothing) {
 }
 
 TEST_P(RandomBytes, HoweverMuchArrivesLittleIsKept) {
-    constexpr std::size_t little = 256 * 1024;
+    constexpr std::size_t little = std::size_t{256} * 1024;
     SimulatedController tormelk;
     const std::size_t before = support::liveMemory();
     for (int round = 0; round < 20; ++round) {
