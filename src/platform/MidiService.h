@@ -129,6 +129,12 @@ public:
     virtual OSStatus MIDISend(MIDIPortRef port, MIDIEndpointRef destination,
                               const MIDIPacketList* list) = 0;
 
+    /// Names of the other programs that are connected to the endpoint now, in no order, one a
+    /// program. What they send can slip in between our messages. Empty where nothing is known.
+    [[nodiscard]] virtual std::vector<std::string> connectedPrograms(MIDIEndpointRef) {
+        return {};
+    }
+
     // Endpoints that this process publishes.
     virtual OSStatus MIDISourceCreate(MIDIClientRef client, std::string_view name,
                                       MIDIEndpointRef* source) = 0;
