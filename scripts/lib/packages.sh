@@ -6,6 +6,7 @@
     packages_to_build=(
         g++ cmake ninja-build git
         nlohmann-json3-dev
+        libasound2-dev
         qt6-base-dev
     )
     # What a window needs where there is no screen: a virtual one, and letters to write with.
