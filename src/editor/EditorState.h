@@ -43,6 +43,9 @@ inline constexpr std::array<int, 5> tcmtv = {
     108,  // the pad editor's combo_curConst
 };
 
+/// Position of the byte that the `trigger` button mirrors.
+inline constexpr std::size_t triggerPosition = 73;
+
 /// One flag a layer; a layer outside 0 to 3 has none.
 class LayerFlags {
 public:

@@ -158,6 +158,8 @@ private:
     void showBlank(toolkit::ComboBox& box);
     void showBlanksBesidePadEditor();
     void showControl(tables::List listForUnknownKind);
+    void showBlankIfOwn(toolkit::ComboBox& box);
+    void showTrigger();
     void showSelectionAfresh();
     void showChannelAfresh();
     void greyTrigger(int control);

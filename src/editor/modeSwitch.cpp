@@ -34,6 +34,7 @@ void mainController::switchMode(int newMode) {
     config::setTrailerOfEveryLayer(state_.sysData, config::dawModeOffset, newMode);
     // The selection kept on leaving User Defined does not survive this step.
     dataChgCore(state_.selection.keyEvnt);
+    showTrigger();
 }
 
 void mainController::clearSelection() {

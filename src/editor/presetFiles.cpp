@@ -78,6 +78,8 @@ void mainController::takePreset(const config::PresetBytes& preset, int mode) {
     update_Aft_LoadFile();
     if (state_.selection.keyEvnt != noControl) {
         dataChgCore(state_.selection.keyEvnt);
+    } else if (mode != userDefinedMode) {
+        toggleGray();  // nothing can be edited in a host's mode
     }
     state_.bChange = 0;
 }

@@ -1,6 +1,8 @@
 // A person's choice in a property box is written into the image, for the edited control in the
 // edited layer.
 
+#include <algorithm>
+
 #include "editor/mainController.h"
 #include "editor/padWriters.h"
 
@@ -29,6 +31,7 @@ void mainController::comboBoxSelectionIsChanging(toolkit::ComboBox& box) {
         return;
     }
     if (state_.selection.keyEvnt == noControl) {
+        showBlankIfOwn(box);
         return;
     }
     if (&box == &window_.combo_chan) {
@@ -42,6 +45,14 @@ void mainController::comboBoxSelectionIsChanging(toolkit::ComboBox& box) {
     }
 }
 
+/// A choice made for no control is for nothing, and the box says so.
+void mainController::showBlankIfOwn(toolkit::ComboBox& box) {
+    const auto boxes = propertyBoxes();
+    if (std::find(boxes.begin(), boxes.end(), &box) != boxes.end()) {
+        showBlank(box);
+    }
+}
+
 void mainController::chooseChannel(int index) {
     const int layer = state_.layers.layrData;
     const int control = state_.selection.keyEvnt;
@@ -51,6 +62,7 @@ void mainController::chooseChannel(int index) {
     } else if (index != stored) {
         config::setChannel(state_.sysData, layer, control, index);
         state_.bChange = 1;
+        showTrigger();
     }
 }
 
@@ -120,9 +132,14 @@ void mainController::toggleGray() {
 }
 
 void mainController::triggerEnable() {
-    constexpr std::size_t triggerByte = 73;
     window_.trigger.setEnabled(true);
-    window_.trigger.setState(state_.sysData[triggerByte] != 0 ? 1 : 0);
+    showTrigger();
+}
+
+/// The `trigger` button mirrors a byte of layer 0 that is a pad's channel too: called wherever
+/// that byte may have changed.
+void mainController::showTrigger() {
+    window_.trigger.setState(state_.sysData[triggerPosition] != 0 ? 1 : 0);
 }
 
 void mainController::setPaCc_domal(int layer, int control, int value) {

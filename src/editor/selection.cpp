@@ -243,8 +243,8 @@ void mainController::rmMsgSel() {
 // Both bytes are the channels of pads in layer 0 (controls 66 and 68). The overlap is meant.
 
 void mainController::toggle() {
-    constexpr std::size_t position = 73;
-    state_.sysData[position] ^= 5;
+    state_.sysData[triggerPosition] ^= 5;
+    showTrigger();
     showChannelAfresh();
 }
 

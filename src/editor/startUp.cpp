@@ -94,6 +94,7 @@ void mainController::update_Aft_LoadFile() {
     }
     selchange_Aft_TypeJudg();
     lockCheck();  // the image may have brought another lock flag
+    showTrigger();
 }
 
 void mainController::judge() {

@@ -288,6 +288,16 @@ TEST_F(Loading, WithNothingSelectedNothingIsShownAfresh) {
     EXPECT_EQ(state.sysData.at(294), (preset.at(294) & 0xE0) | 9);
 }
 
+TEST_F(LoadingInUserDefined, TheTriggerLampFollowsThePresetEvenWithNothingSelected) {
+    state.selection.keyEvnt = noControl;
+    config::Image preset = randomPreset(7, 0);
+    for (const int byte : {0, 9, 0}) {
+        preset.at(73) = static_cast<std::uint8_t>(byte);
+        loadPreset(preset);
+        EXPECT_EQ(window.trigger.state(), byte != 0 ? 1 : 0);
+    }
+}
+
 TEST_F(LoadingInUserDefined, AHostsPresetLeavesTheBoxesWithTheHostsFunctionsAndDisabled) {
     state.selection.keyEvnt = noControl;
     for (const int mode : {1, 2, 3, 4}) {
@@ -296,6 +306,8 @@ TEST_F(LoadingInUserDefined, AHostsPresetLeavesTheBoxesWithTheHostsFunctionsAndD
         EXPECT_FALSE(window.combo_type.isEnabled());
         EXPECT_FALSE(window.combo_chan.isEnabled());
         EXPECT_FALSE(window.combo_cc.isEnabled());
+        EXPECT_FALSE(window.combo_trig.isEnabled());
+        window.combo_trig.setEnabled(true);
     }
     loadPreset(randomPreset(6, 5));
     EXPECT_EQ(window.combo_cc.numberOfItems(), 0);

@@ -37,6 +37,19 @@ TEST_F(PropertyBoxes, WithNothingSelectedNoChoiceIsWritten) {
     EXPECT_EQ(state.selection.keyEvnt, 127);
 }
 
+TEST_F(PropertyBoxes, AChoiceForNoControlGoesBackToTheBlank) {
+    controller.dataChgCore(127);
+    for (toolkit::ComboBox* box :
+         {&window.combo_chan, &window.combo_cc, &window.combo_type, &window.combo_trig}) {
+        box->choose(1);
+        box->choose(2);
+        const int last = box->numberOfItems() - 1;
+        EXPECT_EQ(box->indexOfSelectedItem(), last);
+        EXPECT_TRUE(toolkit::isBlankEntry(*box->itemObjectValueAtIndex(last)));
+        EXPECT_FALSE(toolkit::isBlankEntry(*box->itemObjectValueAtIndex(last - 1)));
+    }
+}
+
 TEST_F(PropertyBoxes, ABoxOfAnotherWindowIsIgnored) {
     toolkit::ComboBox other;
     other.addItemsWithObjectValues(data::Chan());

@@ -105,6 +105,8 @@ void RandomWalk::checkShownAssignment() {
 }
 
 void RandomWalk::checkTrigger() {
+    require(editor_.window.trigger.state() == (editor_.byte(0, 73) != 0 ? 1 : 0),
+            "the trigger lamp mirrors its byte");
     const toolkit::ComboBox& box = editor_.window.combo_trig;
     const int control = editor_.state.selection.keyEvnt;
     const bool open = editor_.state.pads.pad_modal != 0;

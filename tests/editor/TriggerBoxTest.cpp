@@ -188,5 +188,21 @@ TEST_F(TriggerBox, TheTriggerButtonShowsByte73) {
     EXPECT_EQ(window.trigger.state(), 0);
 }
 
+TEST_F(TriggerBox, TheTriggerButtonFollowsItsByteThroughEveryActionThatChangesIt) {
+    state.sysData[73] = 0;
+    controller.toggle();
+    EXPECT_EQ(window.trigger.state(), 1);
+    controller.toggle();
+    EXPECT_EQ(window.trigger.state(), 0);
+
+    edit(0, 66);  // whose channel the byte is
+    window.combo_chan.choose(3);
+    EXPECT_EQ(window.trigger.state(), 1);
+    editor.chooseMode(1);  // the host's image has 0 there
+    EXPECT_EQ(window.trigger.state(), 0);
+    editor.chooseMode(0);
+    EXPECT_EQ(window.trigger.state(), 1);
+}
+
 }  // namespace
 }  // namespace editor

@@ -96,7 +96,6 @@ struct Expected {
     std::set<int> litPadLayers;
     bool firstPadLayerEnabled = true;
     int locker = 1;
-    int trigger = 0;
     bool visible = true;
     std::string title;
     Box mode, type, chan, cc, trig;
