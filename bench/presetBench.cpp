@@ -185,10 +185,11 @@ void benchLoadCommand(const fs::path& path) {
     platform::NotificationCentre notificationCentre;
     midi::ZQMIDIProcess process(service, notificationCentre);
     devices::seldevChoice devices(process);
+    firmware::FirmwareState firmware(process);
     PickingDesktop desktop(path);
     editor::EditorState state;
     editor::MainWindow window;
-    editor::mainController controller(state, window, desktop, devices);
+    editor::mainController controller(state, window, desktop, devices, firmware);
     controller.awakeFromNib();
     window.combo_mode.choose(editor::userDefinedMode);
 

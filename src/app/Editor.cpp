@@ -8,7 +8,8 @@ Editor::Editor(platform::MidiService& midiService, qt::QtDesktop& desktopForIt)
     : desktop(desktopForIt),
       midiProcess(midiService, notificationCentre),
       devices(midiProcess),
-      controller(state, window, desktop, devices),
+      firmware(midiProcess),
+      controller(state, window, desktop, devices, firmware),
       view(window, controller),
       midiDispatcher(midiService) {
     qt::addEditorViews(desktop);

@@ -4,6 +4,7 @@
 #include "editor/EditorState.h"
 #include "editor/MainWindow.h"
 #include "editor/mainController.h"
+#include "firmware/FirmwareState.h"
 #include "midi/ZQMIDIProcess.h"
 #include "platform/MidiService.h"
 #include "platform/NotificationCentre.h"
@@ -27,6 +28,7 @@ struct Editor {
     platform::NotificationCentre notificationCentre;
     midi::ZQMIDIProcess midiProcess;
     devices::seldevChoice devices;
+    firmware::FirmwareState firmware;
     editor::EditorState state;
     editor::MainWindow window;
     editor::mainController controller;

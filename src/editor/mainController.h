@@ -28,6 +28,7 @@
 #include "devices/seldev.h"
 #include "editor/EditorState.h"
 #include "editor/MainWindow.h"
+#include "firmware/FirmwareState.h"
 #include "platform/PacketList.h"
 #include "shell/about.h"
 #include "tables/List.h"
@@ -39,7 +40,7 @@ class mainController {
 public:
     /// Builds the image and both stores. Everything handed in must outlive the controller.
     mainController(EditorState& state, MainWindow& window, toolkit::Desktop& desktop,
-                   devices::seldevChoice& devices);
+                   devices::seldevChoice& devices, firmware::FirmwareState& firmware);
     mainController(const mainController&) = delete;
     mainController& operator=(const mainController&) = delete;
 
@@ -142,6 +143,7 @@ public:
     [[nodiscard]] static bool applicationShouldTerminate();
     void about();
     void midiSelect();
+    void firmware();
     void setver(std::int32_t version) { version_ = version; }
     [[nodiscard]] std::int32_t ver() const { return version_; }
 
@@ -196,6 +198,7 @@ private:
     MainWindow& window_;
     toolkit::Desktop& desktop_;
     devices::seldevChoice& devices_;
+    firmware::FirmwareState& firmware_;
 
     std::unique_ptr<shell::about> ab_;  // made on first use, then kept
     std::string programName_;

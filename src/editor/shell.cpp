@@ -1,6 +1,7 @@
 // The program's other windows, and its end.
 
 #include "editor/mainController.h"
+#include "firmware/firm.h"
 
 namespace editor {
 
@@ -30,6 +31,11 @@ void mainController::about() {
 
 void mainController::midiSelect() {
     devices::seldev dialog(devices_, desktop_);
+    desktop_.runModalForWindow(dialog);
+}
+
+void mainController::firmware() {
+    firmware::firm dialog(firmware_, devices_, desktop_);
     desktop_.runModalForWindow(dialog);
 }
 

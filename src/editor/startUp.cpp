@@ -12,8 +12,8 @@ using config::dawModeOffset;
 using config::trailer;
 
 mainController::mainController(EditorState& state, MainWindow& window, toolkit::Desktop& desktop,
-                               devices::seldevChoice& devices)
-    : state_(state), window_(window), desktop_(desktop), devices_(devices) {
+                               devices::seldevChoice& devices, firmware::FirmwareState& firmware)
+    : state_(state), window_(window), desktop_(desktop), devices_(devices), firmware_(firmware) {
     state_.selection.selTag2 = noControl;
     config::buildImageAndStores(state_.sysData, state_.stores);
     window_.locker.setState(trailer(state_.sysData, 0, config::lockOffset) != 0 ? 1 : 0);

@@ -41,21 +41,23 @@ bool readBeginning(int descriptor, std::size_t limit, std::size_t expected, std:
 
 }  // namespace
 
-ReadResult readFile(const std::filesystem::path& path, std::size_t limit) {
+ReadResult readFile(const std::filesystem::path& path, std::size_t limit, Access access) {
     struct stat status {};
     if (::stat(path.c_str(), &status) == 0 && !isRegular(status)) {
-        return {Status::NotRegular, {}};
+        return {Status::NotRegular, {}, 0};
     }
+    const int mode = access == Access::Read ? O_RDONLY : O_RDWR;
     // Not waiting matters where the path has become a pipe since it was looked at.
-    const FileDescriptor file(::open(path.c_str(), O_RDWR | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    const FileDescriptor file(::open(path.c_str(), mode | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     if (!file.isOpen()) {
-        return {Status::CannotOpen, {}};
+        return {Status::CannotOpen, {}, 0};
     }
     if (::fstat(file.get(), &status) != 0 || !isRegular(status)) {
-        return {Status::NotRegular, {}};
+        return {Status::NotRegular, {}, 0};
     }
     ReadResult result;
-    const auto expected = static_cast<std::size_t>(std::max<off_t>(status.st_size, 0));
+    result.size = static_cast<std::uintmax_t>(std::max<off_t>(status.st_size, 0));
+    const auto expected = static_cast<std::size_t>(result.size);
     const bool done = readBeginning(file.get(), limit, expected, result.bytes);
     result.status = done ? Status::Read : Status::Failed;
     return result;

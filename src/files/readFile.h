@@ -4,6 +4,7 @@
 // what is in the files is not known here.
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <string>
 
@@ -12,17 +13,26 @@ namespace files {
 struct ReadResult {
     enum class Status {
         Read,        ///< `bytes` holds the file's beginning
-        CannotOpen,  ///< no such file, or it may not be read and written
+        CannotOpen,  ///< no such file, or it may not be opened for what it is wanted for
         NotRegular,  ///< a folder, a pipe, a device, a socket
         Failed       ///< it was opened, and reading failed
     };
     Status status = Status::Failed;
     std::string bytes;
+    /// The size the file had when it was opened; `bytes` may hold more or less where it changes
+    /// meanwhile. Known unless it was not opened or is no regular file.
+    std::uintmax_t size = 0;
 };
 
-/// Reads at most `limit` bytes from the beginning of a regular file. The file is opened for
-/// updating, so one that may only be read counts as not to be opened; it is not changed. Never
-/// waits for a pipe or a device.
-[[nodiscard]] ReadResult readFile(const std::filesystem::path& path, std::size_t limit);
+/// What a file is opened for. Either way it is not changed.
+enum class Access {
+    ReadAndWrite,  ///< a file that may only be read counts as not to be opened
+    Read
+};
+
+/// Reads at most `limit` bytes from the beginning of a regular file. Never waits for a pipe or a
+/// device.
+[[nodiscard]] ReadResult readFile(const std::filesystem::path& path, std::size_t limit,
+                                  Access access = Access::ReadAndWrite);
 
 }  // namespace files

@@ -83,6 +83,7 @@ void MainWindowView::makeActions(editor::mainController& controller) {
     firmwareUpdate_ =
         addAction(QStringLiteral("actionFirmwareUpdate"), QStringLiteral("&Firmware Update..."));
     firmwareUpdate_->setEnabled(false);
+    connect(firmwareUpdate_, &QAction::triggered, this, [&controller] { controller.firmware(); });
 
     about_ = addAction(QStringLiteral("actionAbout"), QStringLiteral("&About Tormelk Wyro"));
     connect(about_, &QAction::triggered, this, [&controller] { controller.about(); });

@@ -1,8 +1,11 @@
 #include "shell/message.h"
 
+#include <utility>
+
 namespace shell {
 
-message::message(toolkit::Desktop& desktop, std::uint8_t& answer) : desktop_(desktop), a_(answer) {
+message::message(toolkit::Desktop& desktop, std::uint8_t& answer, Confirmation content)
+    : desktop_(desktop), a_(answer), content_(std::move(content)) {
     okButton.action = [this](toolkit::Button&) { ok(); };
     cancelButton.action = [this](toolkit::Button&) { cancel(); };
 }

@@ -15,6 +15,8 @@ const std::string qtHeader = "Q[A-Za-z/]+|moc_\\w+\\.cpp";
 const std::string archiveHeader = "nlohmann/.*";
 /// The number of this process, which marks the endpoints it publishes.
 const std::string processHeader = "unistd\\.h";
+/// How exactly the kernel ends a sleep.
+const std::string timerHeader = "sys/prctl\\.h";
 /// Whole files, flushed and renamed, and the descriptor to watch: the operating system's.
 const std::string systemHeader = "unistd\\.h|fcntl\\.h|sys/(stat|eventfd)\\.h";
 
@@ -74,18 +76,20 @@ const std::vector<Room>& rooms() {
         {"midi", {"platform"}, {archiveHeader, processHeader}},
         {"devices", {"toolkit", "platform", "midi"}, {}},
         {"shell", {"toolkit"}, {}},
+        {"firmware", {"files", "toolkit", "platform", "midi", "devices", "shell"}, {}},
         {"editor",
-         {"tables", "config", "files", "toolkit", "platform", "midi", "devices", "shell"},
+         {"tables", "config", "files", "toolkit", "platform", "midi", "devices", "shell",
+          "firmware"},
          {}},
         {"simulator", {"config", "tables", "platform", "midi", "toolkit"}, {}},
         {"qt",
-         {"tables", "config", "files", "toolkit", "platform", "midi", "devices", "shell", "editor",
-          "simulator"},
-         {qtHeader},
+         {"tables", "config", "files", "toolkit", "platform", "midi", "devices", "shell",
+          "firmware", "editor", "simulator"},
+         {qtHeader, timerHeader},
          false},
         {"app",
          {"tables", "config", "files", "toolkit", "platform", "platform/software", "midi",
-          "devices", "shell", "editor", "simulator", "qt"},
+          "devices", "shell", "firmware", "editor", "simulator", "qt"},
          {qtHeader},
          false},
     };

@@ -3,6 +3,7 @@
 
 #include "devices/seldev.h"
 #include "editor/TestEditor.h"
+#include "firmware/firm.h"
 #include "shell/about.h"
 
 namespace editor {
@@ -64,7 +65,7 @@ TEST_F(Shell, AboutIsMadeOnceAndShownAgain) {
     WatchingDesktop watching;
     EditorState otherState;
     MainWindow otherWindow;
-    mainController other(otherState, otherWindow, watching, editor.devices);
+    mainController other(otherState, otherWindow, watching, editor.devices, editor.firmware);
     other.about();
     ASSERT_EQ(watching.shown.size(), 1U);
     toolkit::Window& about = watching.shown[0]->window();
@@ -93,6 +94,24 @@ TEST_F(Shell, TheDevicesAreChosenInAModalDialog) {
     EXPECT_THAT(desktop.journal(),
                 ElementsAre(journal::modalBegins<devices::seldev>(), journal::stopModal(),
                             journal::modalEnds<devices::seldev>()));
+}
+
+TEST_F(Shell, TheFirmwareWindowIsModalAndKeepsItsStateBetweenItsOpenings) {
+    editor.midiService.addDestination("Port A");
+    desktop.onModal<firmware::firm>([this](firmware::firm& shown) {
+        EXPECT_EQ(shown.window().title(), "Firmware Upgrade");
+        desktop.onModal<devices::seldev>([](devices::seldev& dialog) { dialog.okButton.click(); });
+        shown.selectButton.click();
+        EXPECT_EQ(shown.nextStep(), 4);
+        shown.closeButton.click();
+    });
+    controller.firmware();
+    desktop.onModal<firmware::firm>([](firmware::firm& shown) {
+        EXPECT_EQ(shown.nextStep(), 4);
+        shown.window().close();
+    });
+    controller.firmware();
+    EXPECT_EQ(editor.devices.midi_device_open, 1);
 }
 
 TEST_F(Shell, TheVersionIsWhatItWasSetTo) {

@@ -23,7 +23,7 @@ TEST(StartUp, ConstructionSelectsControlZeroAndForgetsEverythingElse) {
     state.layers.varPaLaDwn = 1;
     state.pads.pad_modal = 1;
     MainWindow window;
-    const mainController controller(state, window, other.desktop, other.devices);
+    const mainController controller(state, window, other.desktop, other.devices, other.firmware);
 
     EXPECT_EQ(state.selection.selTag2, 127);
     EXPECT_EQ(state.selection.keyEvnt, 0);
@@ -43,7 +43,7 @@ TEST(StartUp, ConstructionBuildsTheImageAndBothStores) {
     TestEditor other;
     EditorState state;
     MainWindow window;
-    const mainController controller(state, window, other.desktop, other.devices);
+    const mainController controller(state, window, other.desktop, other.devices, other.firmware);
 
     constexpr std::array<std::uint8_t, 6> header = {0xF0, 0x1D, 0x03, 0x00, 0x69, 0x4E};
     const auto image = [&](int layer, int offset) {

@@ -21,6 +21,7 @@
 #include "editor/MainWindow.h"
 #include "editor/mainController.h"
 #include "editor/pad.h"
+#include "firmware/FirmwareState.h"
 #include "midi/ZQMIDIProcess.h"
 #include "platform/NotificationCentre.h"
 #include "platform/software/SoftwareMidiService.h"
@@ -117,10 +118,11 @@ struct TestEditor {
     platform::NotificationCentre notificationCentre;
     midi::ZQMIDIProcess midiProcess{midiService, notificationCentre};
     devices::seldevChoice devices{midiProcess};
+    firmware::FirmwareState firmware{midiProcess};
     EditorDesktop desktop;
     EditorState state;
     MainWindow window;
-    mainController controller{state, window, desktop, devices};
+    mainController controller{state, window, desktop, devices, firmware};
 
     TestEditor() { controller.awakeFromNib(); }
 

@@ -112,6 +112,32 @@ TEST(ReadFile, CannotOpenWhatItMayNotReadAndWrite) {
     });
 }
 
+TEST(ReadFile, OpensWhatItMayOnlyReadWhereItIsToReadOnly) {
+    const TemporaryFolder folder;
+    write(folder / "only to read", "contents");
+    write(folder / "only to write", "contents");
+    fs::permissions(folder / "only to read", fs::perms(0444));
+    fs::permissions(folder / "only to write", fs::perms(0222));
+    asOrdinaryUser([&] {
+        const ReadResult result = readFile(folder / "only to read", plenty, Access::Read);
+        EXPECT_EQ(result.status, Status::Read);
+        EXPECT_EQ(result.bytes, "contents");
+        EXPECT_EQ(readFile(folder / "only to write", plenty, Access::Read).status,
+                  Status::CannotOpen);
+    });
+}
+
+TEST(ReadFile, TellsTheFilesSizeHoweverLittleOfItIsRead) {
+    const TemporaryFolder folder;
+    write(folder / "file", manyBytes(5000));
+    EXPECT_EQ(readFile(folder / "file", 10).size, 5000U);
+    EXPECT_EQ(readFile(folder / "file", plenty).size, 5000U);
+    fs::resize_file(folder / "file", (std::uintmax_t{1} << 32) + 1);
+    EXPECT_EQ(readFile(folder / "file", 10, Access::Read).size, (std::uintmax_t{1} << 32) + 1);
+    EXPECT_EQ(readFile(folder / "nothing", 10).size, 0U);
+    EXPECT_EQ(readFile(folder.path(), 10).size, 0U);
+}
+
 TEST(ReadFile, CannotOpenAFileOfAReadOnlyFileSystem) {
     const TemporaryFolder folder;
     withFileSystem(folder.path(), "size=64k", [&] {

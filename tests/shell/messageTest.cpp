@@ -73,6 +73,15 @@ TEST_F(MessageTest, BothButtonsCanBeClickedFromTheStart) {
     EXPECT_TRUE(confirmation.cancelButton.isEnabled());
 }
 
+TEST_F(MessageTest, HoldsWhatItIsToShow) {
+    std::uint8_t answer = 0;
+    EXPECT_TRUE(message(desktop, answer).content().facts.empty());
+    const message told(desktop, answer, {{"Careful"}, {{"Time", "45 s"}}, "Start again."});
+    EXPECT_THAT(told.content().warnings, ElementsAre("Careful"));
+    EXPECT_THAT(told.content().facts, ElementsAre(Confirmation::Fact{"Time", "45 s"}));
+    EXPECT_EQ(told.content().advice, "Start again.");
+}
+
 TEST_F(MessageTest, TwoOfThemKeepTheirAnswersApart) {
     std::uint8_t first = 7;
     std::uint8_t second = 7;

@@ -112,6 +112,17 @@ OSStatus SoftwareMidiService::MIDISend(MIDIPortRef port, MIDIEndpointRef destina
     return noErr;
 }
 
+std::vector<std::string> SoftwareMidiService::connectedPrograms(MIDIEndpointRef endpoint) {
+    const Lock lock(mutex_);
+    const auto found = present_.find(endpoint);
+    const bool isDestination =
+        found != present_.end() && found->second->type_ == kMIDIObjectType_Destination;
+    if (!isDestination || published_.contains(endpoint)) {
+        return {};
+    }
+    return static_cast<const Destination&>(*found->second).connectedPrograms_;
+}
+
 OSStatus SoftwareMidiService::MIDIReceived(MIDIEndpointRef source, const MIDIPacketList* list) {
     if (const OSStatus failed = begin({"MIDIReceived", source}); failed != noErr) {
         return failed;

@@ -126,6 +126,11 @@ void Destination::keepReceived(bool keep) {
     keepsReceived_ = keep;
 }
 
+void Destination::setConnectedPrograms(std::vector<std::string> names) {
+    const std::lock_guard lock(service_.mutex_);
+    connectedPrograms_ = std::move(names);
+}
+
 Device::Device(SoftwareMidiService& service, std::string_view name, bool external)
     : Object(service, external ? kMIDIObjectType_ExternalDevice : kMIDIObjectType_Device, name),
       external_(external) {}

@@ -127,6 +127,9 @@ public:
     /// Whether lists are kept for `received`; they are, unless switched off.
     void keepReceived(bool keep);
 
+    /// The other programs that are connected to this port; none at first.
+    void setConnectedPrograms(std::vector<std::string> names);
+
 private:
     friend class SoftwareMidiService;
     Destination(SoftwareMidiService& service, MIDIObjectType type, std::string_view name,
@@ -137,6 +140,7 @@ private:
     std::shared_ptr<const Handler> handler_;
     std::vector<RecordedPacketList> received_;
     bool keepsReceived_ = true;
+    std::vector<std::string> connectedPrograms_;
 };
 
 /// Hardware with ports; or, external, what a person says is plugged into such a port.

@@ -128,6 +128,7 @@ public:
     OSStatus MIDIPortDispose(MIDIPortRef port) override;
     OSStatus MIDISend(MIDIPortRef port, MIDIEndpointRef destination,
                       const MIDIPacketList* list) override;
+    [[nodiscard]] std::vector<std::string> connectedPrograms(MIDIEndpointRef endpoint) override;
     OSStatus MIDISourceCreate(MIDIClientRef client, std::string_view name,
                               MIDIEndpointRef* source) override;
     OSStatus MIDIDestinationCreate(MIDIClientRef client, std::string_view name, MIDIReadProc read,

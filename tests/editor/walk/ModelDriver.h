@@ -2,6 +2,7 @@
 
 #include "devices/seldev.h"
 #include "editor/walk/Driver.h"
+#include "firmware/FirmwareState.h"
 #include "midi/ZQMIDIProcess.h"
 #include "platform/AbsentMidiService.h"
 #include "platform/NotificationCentre.h"
@@ -37,10 +38,11 @@ private:
     platform::NotificationCentre notificationCentre_;
     midi::ZQMIDIProcess process_{service_, notificationCentre_};
     devices::seldevChoice devices_{process_};
+    firmware::FirmwareState firmware_{process_};
     support::ScriptedDesktop desktop_;
     editor::EditorState state_;
     editor::MainWindow window_;
-    editor::mainController controller_{state_, window_, desktop_, devices_};
+    editor::mainController controller_{state_, window_, desktop_, devices_, firmware_};
     editor::pad* pad_ = nullptr;
 };
 

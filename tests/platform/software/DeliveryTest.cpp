@@ -21,6 +21,21 @@ TEST_F(Delivery, HandsASentListToTheDestinationBeforeTheSendReturns) {
     service.MIDIPortDispose(port);
 }
 
+TEST_F(Delivery, TellsWhichOtherProgramsAreConnectedToADestination) {
+    Destination& out = service.addDestination("out");
+    const Source& in = service.addSource("in");
+    EXPECT_THAT(service.connectedPrograms(out.handle()), IsEmpty());
+    out.setConnectedPrograms({"Recorder", "Patch Bay"});
+    EXPECT_THAT(service.connectedPrograms(out.handle()), ElementsAre("Recorder", "Patch Bay"));
+    EXPECT_THAT(service.connectedPrograms(in.handle()), IsEmpty());
+    EXPECT_THAT(service.connectedPrograms(0), IsEmpty());
+    MIDIEndpointRef published = 0;
+    service.MIDIDestinationCreate(
+        client, "own", [](const MIDIPacketList*, void*, void*) {}, nullptr, &published);
+    EXPECT_THAT(service.connectedPrograms(published), IsEmpty());
+    service.MIDIEndpointDispose(published);
+}
+
 TEST_F(Delivery, RecordsEveryPacketWithItsTime) {
     Destination& out = service.addDestination("out");
     const MIDIPortRef port = outputPort();

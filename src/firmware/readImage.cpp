@@ -1,0 +1,62 @@
+#include "firmware/readImage.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "files/readFile.h"
+
+namespace firmware {
+namespace {
+
+constexpr std::string_view prefix = "tormelk";
+
+char lowerCase(char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+
+bool beginsRight(std::string_view name) {
+    return name.size() >= prefix.size() &&
+           std::equal(prefix.begin(), prefix.end(), name.begin(),
+                      [](char wanted, char letter) { return wanted == lowerCase(letter); });
+}
+
+bool isOpen(files::ReadResult::Status status) {
+    return status == files::ReadResult::Status::Read || status == files::ReadResult::Status::Failed;
+}
+
+void choose(FirmwareState& state, std::string name, std::uint64_t size,
+            ChosenFile::Verdict verdict) {
+    state.chosenFile = {std::move(name), size, verdict};
+    state.m_bin_file = 1;
+}
+
+}  // namespace
+
+ReadOutcome readImage(const std::filesystem::path& path, FirmwareState& state) {
+    const files::ReadResult file = files::readFile(path, imageFileLimit, files::Access::Read);
+    if (!isOpen(file.status)) {
+        return ReadOutcome::CannotRead;
+    }
+    const std::string name = path.filename().string();
+    if (!beginsRight(name)) {
+        choose(state, name, file.size, ChosenFile::Verdict::WrongName);
+        return ReadOutcome::WrongName;
+    }
+    if (file.size >= imageFileLimit) {
+        state.len = static_cast<std::uint32_t>(file.size);
+        choose(state, name, file.size, ChosenFile::Verdict::TooLarge);
+        return ReadOutcome::TooLarge;
+    }
+    const auto size = static_cast<std::size_t>(file.size);
+    if (file.status == files::ReadResult::Status::Failed || file.bytes.size() < size) {
+        return ReadOutcome::CannotRead;
+    }
+    state.len = static_cast<std::uint32_t>(size);
+    state.midi_program_hex_len = state.len;
+    std::copy_n(file.bytes.begin(), size, state.midi_program_hex.begin());
+    choose(state, name, size, ChosenFile::Verdict::Accepted);
+    state.heldFile = state.chosenFile;
+    return ReadOutcome::Accepted;
+}
+
+}  // namespace firmware
