@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <utility>
 
 namespace bench {
 namespace {
@@ -32,11 +33,16 @@ std::vector<Timing> timeInTurn(const std::vector<std::function<void()>>& operati
     } while (Clock::now() < end);
 
     std::vector<Timing> timings;
+    timings.reserve(runs.size());
     for (std::vector<double>& times : runs) {
-        std::sort(times.begin(), times.end());
-        timings.push_back({times[times.size() / 2], times[times.size() * 99 / 100]});
+        timings.push_back(timingOf(std::move(times)));
     }
     return timings;
+}
+
+Timing timingOf(std::vector<double> times) {
+    std::sort(times.begin(), times.end());
+    return {times[times.size() / 2], times[times.size() * 99 / 100]};
 }
 
 void use(const void* result) {
@@ -46,6 +52,12 @@ void use(const void* result) {
 void print(const std::string& what, const Timing& timing) {
     std::printf("  %-52s %9.1f us   (slowest in a hundred %9.1f us)\n", what.c_str(), timing.median,
                 timing.slowestInAHundred);
+}
+
+void printWithin(const Timing& timing, double aim) {
+    std::printf("  the slowest in a hundred took %.0f %% of %.0f ms: %s\n\n",
+                100 * timing.slowestInAHundred / aim, aim / 1000,
+                timing.slowestInAHundred <= aim ? "met" : "MISSED");
 }
 
 void printRatio(const Timing& ours, const Timing& plain, double aim) {

@@ -17,11 +17,17 @@ struct Timing {
 [[nodiscard]] std::vector<Timing> timeInTurn(const std::vector<std::function<void()>>& operations,
                                              double seconds = 1);
 
+/// What the runs' times, in microseconds and at least one, amount to.
+[[nodiscard]] Timing timingOf(std::vector<double> times);
+
 /// Keeps the compiler from leaving out work whose result nobody uses.
 void use(const void* result);
 
 /// Prints a line: what it was, its median run, and its slowest in a hundred.
 void print(const std::string& what, const Timing& timing);
+
+/// Prints whether the slowest in a hundred stays within a number of microseconds.
+void printWithin(const Timing& timing, double aim);
 
 /// Prints by how many times the first is faster, and what is aimed at (0: nothing).
 void printRatio(const Timing& ours, const Timing& plain, double aim);

@@ -197,9 +197,7 @@ void benchLoadCommand(const fs::path& path) {
     constexpr double frame = 16'000;
     const bench::Timing loading = timeInTurn({[&] { controller.loadFile(); }}).front();
     print("the whole command, painting not included", loading);
-    std::printf("  The slowest in a hundred took %.2f %% of a frame of 16 ms: %s\n",
-                100 * loading.slowestInAHundred / frame,
-                loading.slowestInAHundred < frame ? "met" : "MISSED");
+    bench::printWithin(loading, frame);
 }
 
 }  // namespace

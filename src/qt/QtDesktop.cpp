@@ -12,7 +12,6 @@
 #include <utility>
 
 #include "qt/asText.h"
-#include "qt/filePanels.h"
 
 namespace qt {
 
@@ -75,12 +74,12 @@ toolkit::AlertAnswer QtDesktop::runAlertPanel(const toolkit::Alert& alert) {
 
 std::optional<std::filesystem::path> QtDesktop::runSavePanel(const toolkit::SavePanel& panel) {
     const Counted counted(panels_);
-    return filePanels::runSave(panel);
+    return filePanels_.runSave(panel);
 }
 
 std::optional<std::filesystem::path> QtDesktop::runOpenPanel(const toolkit::OpenPanel& panel) {
     const Counted counted(panels_);
-    return filePanels::runOpen(panel);
+    return filePanels_.runOpen(panel);
 }
 
 int QtDesktop::runModalForWindow(toolkit::WindowController& controller) {

@@ -21,6 +21,7 @@
 #include <vector>
 
 #include "qt/DialogView.h"
+#include "qt/FilePanels.h"
 #include "qt/Sleeper.h"
 #include "qt/TemporarySettings.h"
 #include "toolkit/Desktop.h"
@@ -82,6 +83,7 @@ private:
     void lookForLastWindow();
 
     TemporarySettings settings_;
+    FilePanels filePanels_;  // which write into the settings as they go
     EndProcess endProcess_;
     Sleeper sleeper_;
     std::map<std::type_index, Builder> builders_;

@@ -140,6 +140,17 @@ TEST(Program, LeavesNothingBehind) {
     EXPECT_EQ(home.content(), emptyHome) << home.content().join(u'\n').toStdString();
 }
 
+TEST(Program, SaysSoWhenALimitOnFileSizesStopsASave) {
+    const Home home;
+    const Result result = run("prlimit", home, QStringLiteral("save-and-close"),
+                              {QStringLiteral("--fsize=100"), QStringLiteral(TORMELK_WYRO)});
+    EXPECT_TRUE(result.ended) << result.errors;
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(result.output.rfind("pilot: saw Tormelk Wyro: Fail to save Tormelk file\n\n", 0), 0U)
+        << result.output;
+    EXPECT_EQ(home.content(), emptyHome) << home.content().join(u'\n').toStdString();
+}
+
 TEST(Program, WarnsOfNothing) {
     const Home home;
     const Result result = run(TORMELK_WYRO, home, QStringLiteral("close"));

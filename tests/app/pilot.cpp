@@ -8,7 +8,9 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QDir>
 #include <QGenericPlugin>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QTest>
@@ -99,11 +101,24 @@ void lookAroundAndClose() {
     closeMainWindow();
 }
 
+/// Saves a preset in the folder for temporary files and reads what the alert says, if there is one.
+void saveAndClose() {
+    soon([] { return QApplication::activeModalWidget() != nullptr; },
+         [] {
+             auto* name = QApplication::activeModalWidget()->findChild<QLineEdit*>(
+                 QStringLiteral("fileNameEdit"));
+             name->setText(QDir(QDir::tempPath()).filePath(QStringLiteral("stage")));
+             lookAtDialog();
+             QTest::keyClick(name, Qt::Key_Enter);
+         });
+    mainWindow()->findChild<QAction*>(QStringLiteral("actionSavePreset"))->trigger();
+    closeMainWindow();
+}
+
 const std::pair<const char*, void (*)()> tasks[] = {
-    {"close", closeMainWindow},
-    {"quit", quit},
-    {"edit-and-close", editAndClose},
-    {"look-around-and-close", lookAroundAndClose},
+    {"close", closeMainWindow},       {"quit", quit},
+    {"edit-and-close", editAndClose}, {"look-around-and-close", lookAroundAndClose},
+    {"save-and-close", saveAndClose},
 };
 
 class Pilot final : public QGenericPlugin {

@@ -1,4 +1,4 @@
-#include "qt/filePanels.h"
+#include "qt/FilePanels.h"
 
 #include <gtest/gtest.h>
 
@@ -69,6 +69,32 @@ TEST_F(FilePanels, LeaveATypeThatWasTyped) {
     EXPECT_EQ(desktop.runSavePanel(save), inFolder("Stage.Tormelk"));
 }
 
+TEST_F(FilePanels, TakeAnotherDotInANameForNoType) {
+    for (const char* name : {"mix 1.2", "v2.", "Stage.txt"}) {
+        const QString typed = QString::fromLatin1(name);
+        whenDialogOpens(saveTitle, [this, typed](QDialog& dialog) { enter(dialog, typed); });
+        EXPECT_EQ(desktop.runSavePanel(save), inFolder((std::string(name) + ".Tormelk").c_str()));
+    }
+}
+
+TEST_F(FilePanels, LeaveATypeInOtherLettersAsItWasTyped) {
+    whenDialogOpens(saveTitle,
+                    [this](QDialog& dialog) { enter(dialog, QStringLiteral("stage.tormelk")); });
+    EXPECT_EQ(desktop.runSavePanel(save), inFolder("stage.tormelk"));
+}
+
+TEST_F(FilePanels, OpenAFolderThatWasTyped) {
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("songs")));
+    whenDialogOpens(saveTitle, [this](QDialog& dialog) {
+        enter(dialog, QStringLiteral("songs"));
+        const auto& panel = dynamic_cast<QFileDialog&>(dialog);
+        EXPECT_TRUE(panel.isVisible());
+        EXPECT_EQ(panel.directory().dirName(), QStringLiteral("songs"));
+        dialog.reject();
+    });
+    EXPECT_EQ(desktop.runSavePanel(save), std::nullopt);
+}
+
 TEST_F(FilePanels, AskBeforeAFileIsOverwritten) {
     createFile(QStringLiteral("Stage.Tormelk"));
     whenDialogOpens(saveTitle, [this](QDialog& dialog) {
@@ -104,6 +130,21 @@ TEST_F(FilePanels, OfferEveryFileWhereNoTypeIsAskedFor) {
         enter(dialog, QStringLiteral("tormelk_1.bin"));
     });
     EXPECT_EQ(desktop.runOpenPanel({}), inFolder("tormelk_1.bin"));
+}
+
+TEST_F(FilePanels, OpenOneRightAfterTheOther) {
+    QWidget window;
+    window.show();
+    window.activateWindow();
+    for (int i = 0; i < 20; ++i) {
+        whenDialogOpens(openTitle, [](QDialog& dialog) { press(dialog, Qt::Key_Escape); });
+        EXPECT_EQ(desktop.runOpenPanel(open), std::nullopt);
+        whenDialogOpens(saveTitle, [](QDialog& dialog) { press(dialog, Qt::Key_Escape); });
+        EXPECT_EQ(desktop.runSavePanel(save), std::nullopt);
+        if (i % 5 == 4) {
+            QTest::qWait(110);  // those before have gone
+        }
+    }
 }
 
 TEST_F(FilePanels, AnswerNothingWhenCancelled) {

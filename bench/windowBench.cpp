@@ -1,0 +1,101 @@
+// How soon a person sees what they did, in the real main window.
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <random>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "Stopwatch.h"
+#include "app/Editor.h"
+#include "app/Robot.h"
+#include "app/identity.h"
+#include "config/presetText.h"
+#include "platform/software/SoftwareMidiService.h"
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double microsecondsSince(Clock::time_point start) {
+    return std::chrono::duration<double, std::micro>(Clock::now() - start).count();
+}
+
+/// Everything that is due is painted and handed to the display.
+void paintAll() {
+    QApplication::sendPostedEvents();
+    QApplication::processEvents();
+}
+
+/// A User Defined preset in which every assignment differs from those of another seed.
+std::string somePreset(const config::Image& like, unsigned seed) {
+    config::Image image = like;
+    std::mt19937 random(seed);
+    for (int layer = 0; layer < config::layerCount; ++layer) {
+        for (int control = 0; control < config::buttonCount; ++control) {
+            config::setChannel(image, layer, control, static_cast<int>(random() % 16));
+            config::setNumber(image, layer, control, static_cast<int>(random() % 128));
+        }
+    }
+    config::setTrailerOfEveryLayer(image, config::dawModeOffset, editor::userDefinedMode);
+    return config::presetText(image);
+}
+
+/// From Enter in the file panel to the preset on the screen.
+double loadOnce(app::Editor& editor, const QString& path) {
+    Clock::time_point start;
+    app::robot::whenDialogOpens(QStringLiteral("Open"), [&](QDialog& panel) {
+        auto& name = app::robot::find<QLineEdit>(panel, "fileNameEdit");
+        name.setText(path);
+        start = Clock::now();
+        app::robot::press(name, Qt::Key_Enter);
+    });
+    editor.controller.loadFile();
+    paintAll();
+    return microsecondsSince(start);
+}
+
+void benchLoading(app::Editor& editor) {
+    const QTemporaryDir folder;
+    const QStringList paths = {folder.filePath(QStringLiteral("a.Tormelk")),
+                               folder.filePath(QStringLiteral("b.Tormelk"))};
+    for (int i = 0; i < 2; ++i) {
+        std::ofstream(paths[i].toStdString())
+            << somePreset(editor.state.sysData, static_cast<unsigned>(i));
+    }
+    std::printf("Load, from Enter in the file panel to everything painted\n");
+    constexpr int runs = 200;
+    constexpr double frame = 16'000;
+    std::vector<double> times;
+    times.reserve(runs);
+    loadOnce(editor, paths[0]);
+    for (int run = 0; run < runs; ++run) {
+        times.push_back(loadOnce(editor, paths[(run + 1) % 2]));
+    }
+    const bench::Timing timing = bench::timingOf(std::move(times));
+    bench::print("the panel goes, the file is read, the window shows it", timing);
+    bench::printWithin(timing, frame);
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+    const QApplication application(argumentCount, arguments);
+    app::setIdentity();
+    platform::software::SoftwareMidiService midiService;
+    qt::QtDesktop desktop([](int status) { std::exit(status); });
+    app::Editor editor(midiService, desktop);
+    editor.window.combo_mode.choose(editor::userDefinedMode);
+    editor.show();
+    paintAll();
+    benchLoading(editor);
+    return 0;
+}
