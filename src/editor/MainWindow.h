@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <utility>
 
 #include "config/layout.h"
@@ -49,6 +50,10 @@ struct MainWindow {
     toolkit::ComboBox combo_cc;    ///< note, controller or program number
     toolkit::ComboBox combo_trig;  ///< momentary or toggle
     toolkit::TextField mode_info;  ///< caption of `combo_cc`
+    toolkit::TextField status;     ///< what the last action did
+
+    /// Tells the view that an action has ended: image, layer, mode and selection may be others now.
+    std::function<void()> actionEnded;
 };
 
 }  // namespace editor

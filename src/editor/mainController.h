@@ -151,6 +151,8 @@ public:
 
 private:
     void connectActions();
+    /// Tells the view.
+    void actionEnded();
     void fillBoxes();
     /// `combo_chan`, `combo_type`, `combo_cc`, `combo_trig`.
     [[nodiscard]] std::array<toolkit::ComboBox*, 4> propertyBoxes();

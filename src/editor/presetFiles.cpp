@@ -21,6 +21,8 @@ void mainController::saveFile() {
         return;
     }
     state_.bChange = 0;
+    window_.status.setStringValue("Saved " + path->filename().string());
+    actionEnded();
 }
 
 void mainController::loadFile() {
@@ -42,6 +44,8 @@ void mainController::loadFile() {
         config::keepWholeUserDefined(state_.sysData, state_.stores);
     }
     takePreset(*preset, mode);
+    window_.status.setStringValue("Loaded " + path->filename().string());
+    actionEnded();
 }
 
 /// A file that cannot be opened, or is no preset, is refused with an alert; nothing has changed.

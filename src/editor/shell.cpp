@@ -32,11 +32,13 @@ void mainController::about() {
 void mainController::midiSelect() {
     devices::seldev dialog(devices_, desktop_);
     desktop_.runModalForWindow(dialog);
+    actionEnded();
 }
 
 void mainController::firmware() {
     firmware::firm dialog(firmware_, devices_, desktop_);
     desktop_.runModalForWindow(dialog);
+    actionEnded();
 }
 
 }  // namespace editor

@@ -42,21 +42,42 @@ void mainController::awakeFromNib() {
 }
 
 void mainController::connectActions() {
+    const auto clicked = [this](void (mainController::*act)(toolkit::Button&)) {
+        return [this, act](toolkit::Button& sender) {
+            (this->*act)(sender);
+            actionEnded();
+        };
+    };
     for (toolkit::Button& button : window_.keysOrderedByTag) {
-        button.action = [this](toolkit::Button& sender) { typeSelect1(sender); };
+        button.action = clicked(&mainController::typeSelect1);
     }
     for (toolkit::Button& button : window_.moLaCtrls) {
-        button.action = [this](toolkit::Button& sender) { onMoLa(sender); };
+        button.action = clicked(&mainController::onMoLa);
     }
     for (toolkit::Button& button : window_.paLaCtrls) {
-        button.action = [this](toolkit::Button& sender) { onPaLa(sender); };
+        button.action = clicked(&mainController::onPaLa);
     }
-    window_.locker.action = [this](toolkit::Button&) { onLok(); };
-    window_.combo_mode.onChoice = [this] { comboBoxSelectionIsChanging(window_.combo_mode); };
+    window_.locker.action = [this](toolkit::Button&) {
+        onLok();
+        actionEnded();
+    };
+    const auto chosen = [this](toolkit::ComboBox& box) {
+        return [this, &box] {
+            comboBoxSelectionIsChanging(box);
+            actionEnded();
+        };
+    };
+    window_.combo_mode.onChoice = chosen(window_.combo_mode);
     for (toolkit::ComboBox* box : propertyBoxes()) {
-        box->onChoice = [this, box] { comboBoxSelectionIsChanging(*box); };
+        box->onChoice = chosen(*box);
     }
     window_.window.windowWillClose = [this] { windowWillClose(); };
+}
+
+void mainController::actionEnded() {
+    if (window_.actionEnded) {
+        window_.actionEnded();
+    }
 }
 
 std::array<toolkit::ComboBox*, 4> mainController::propertyBoxes() {

@@ -22,6 +22,9 @@ void mainController::sendData() {
         desktop_.sleepForTimeInterval(config::pauseAfterBlock);
     }
     output->removeSender(this);
+    window_.status.setStringValue(output->isOnline()
+                                      ? "Sent 4 layers to " + output->displayName()
+                                      : output->displayName() + " went away during the Send");
     desktop_.runAlertPanel({"Tormelk Wyro", "Send Done"});
 }
 

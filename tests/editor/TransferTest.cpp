@@ -290,5 +290,12 @@ TEST(SecondMessageForm, IsNewEachTime) {
     EXPECT_NE(first.get(), second.get());
 }
 
+TEST_F(Transfer, TheStatusNamesTheOutputThatTookTheLayers) {
+    chooseOutput();
+    EXPECT_EQ(window.status.stringValue(), "");
+    send();
+    EXPECT_EQ(window.status.stringValue(), "Sent 4 layers to Tormelk Port 1");
+}
+
 }  // namespace
 }  // namespace editor
