@@ -1,12 +1,16 @@
 #include "qt/ComboBoxView.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
+#include <QKeyEvent>
 #include <QPointer>
 #include <QScrollBar>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
 
 #include "qt/asText.h"
+#include "toolkit/itemSearch.h"
 
 namespace qt {
 
@@ -36,6 +40,28 @@ void ComboBoxView::Items::reset() {
     endResetModel();
 }
 
+/// Keys that follow each other soon are one word.
+void ComboBoxView::SearchedList::keyboardSearch(const QString& typed) {
+    const toolkit::ComboBox* box = box_.link_.model();
+    if (box == nullptr || typed.isEmpty()) {
+        typed_.clear();
+        return;
+    }
+    if (!sinceLastKey_.isValid() ||
+        sinceLastKey_.hasExpired(2 * QApplication::keyboardInputInterval())) {
+        typed_.clear();
+    }
+    typed_ += typed;
+    sinceLastKey_.start();
+    const int found = toolkit::findItem(*box, typed_.toStdString(), currentIndex().row());
+    if (found >= 0) {
+        setCurrentIndex(model()->index(found, 0));
+    }
+    const QString hint =
+        found >= 0 ? QStringLiteral("Search: %1") : QStringLiteral("No \u201c%1\u201d");
+    QToolTip::showText(mapToGlobal(rect().bottomLeft()), hint.arg(typed_), this);
+}
+
 ComboBoxView::ComboBoxView(toolkit::ComboBox& model, QWidget* parent)
     : QComboBox(parent),
       link_(model, [this](toolkit::ComboBox::Change change) { follow(change); }) {
@@ -46,6 +72,7 @@ ComboBoxView::ComboBoxView(toolkit::ComboBox& model, QWidget* parent)
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(widthInLetters);
     setModel(&items_);
+    setView(new SearchedList(*this));
     showSelection();
     setEnabled(model.isEnabled());
     connect(this, &QComboBox::activated, this, [this](int index) { passChoice(index); });
@@ -66,6 +93,17 @@ void ComboBoxView::wheelEvent(QWheelEvent* event) {
     } else {
         event->ignore();
     }
+}
+
+void ComboBoxView::keyPressEvent(QKeyEvent* event) {
+    const QString typed = event->text();
+    const bool plain = (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;
+    if (!plain || typed.isEmpty() || !typed.front().isLetterOrNumber() || count() == 0) {
+        QComboBox::keyPressEvent(event);
+        return;
+    }
+    showPopup();
+    view()->keyboardSearch(typed);
 }
 
 void ComboBoxView::follow(toolkit::ComboBox::Change change) {

@@ -2,6 +2,8 @@
 
 #include <QAbstractListModel>
 #include <QComboBox>
+#include <QElapsedTimer>
+#include <QListView>
 
 #include "qt/ModelLink.h"
 #include "toolkit/ComboBox.h"
@@ -10,6 +12,9 @@ namespace qt {
 
 /// Shows a `toolkit::ComboBox`: a drop-down list nobody can type into. A person's pick goes to the
 /// model, and what is shown afterwards is the model's selection.
+///
+/// Typing looks for an item, in the open list so that nothing is chosen before Enter: "sus" finds
+/// "64 Sustain", "60" the note and the number.
 ///
 /// Items are read from the model when they are painted, so filling costs nothing per item.
 class ComboBoxView final : public QComboBox {
@@ -21,6 +26,8 @@ public:
 protected:
     /// A wheel that rolls over a box on its way down the window changes nothing.
     void wheelEvent(QWheelEvent* event) override;
+    /// A letter opens the list and begins a search.
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     class Items final : public QAbstractListModel {
@@ -32,6 +39,18 @@ private:
 
     private:
         const ComboBoxView& view_;
+    };
+
+    /// The open list.
+    class SearchedList final : public QListView {
+    public:
+        explicit SearchedList(const ComboBoxView& box) : box_(box) {}
+        void keyboardSearch(const QString& typed) override;
+
+    private:
+        const ComboBoxView& box_;
+        QString typed_;
+        QElapsedTimer sinceLastKey_;
     };
 
     void follow(toolkit::ComboBox::Change change);

@@ -125,12 +125,58 @@ TEST(ComboBoxView, PassesAPickOfTheMouseFromThePopUpToTheModel) {
     EXPECT_EQ(box.choices, std::vector<int>{3});
 }
 
-TEST(ComboBoxView, PassesAPickByArrowKeyAndByTypingTheFirstLetters) {
+TEST(ComboBoxView, PassesAPickByArrowKey) {
     Fixture box;
     QTest::keyClick(box.view.get(), Qt::Key_Down);
     EXPECT_EQ(box.choices, (std::vector<int>{0}));
-    QTest::keyClicks(box.view.get(), QStringLiteral("q"));
-    EXPECT_EQ(box.choices, (std::vector<int>{0, 2}));
+}
+
+void type(QWidget& widget, const char* text) {
+    QTest::keyClicks(&widget, QString::fromLatin1(text));
+}
+
+/// Types into the box, then into the list that has opened, as the focus goes.
+void search(ComboBoxView& view, const char* text) {
+    type(view, std::string(text, 1).c_str());
+    ASSERT_TRUE(view.view()->isVisible());
+    type(*view.view(), text + 1);
+}
+
+TEST(ComboBoxView, ChoosesWhatWasSearchedForOnEnterAndNotBefore) {
+    Fixture box;
+    box.model.removeAllItems();
+    box.model.addItemsWithObjectValues(tables::data::CC());
+    search(*box.view, "sus");
+    EXPECT_EQ(box.choices, std::vector<int>());
+    EXPECT_EQ(box.view->view()->currentIndex().row(), 64);
+    QTest::keyClick(box.view->view(), Qt::Key_Enter);
+    EXPECT_EQ(box.choices, std::vector<int>{64});
+    EXPECT_EQ(box.view->currentIndex(), 64);
+}
+
+TEST(ComboBoxView, FindsANoteByItsNumberAndByItsName) {
+    Fixture box;
+    box.model.removeAllItems();
+    box.model.addItemsWithObjectValues(tables::data::Note());
+    search(*box.view, "60");
+    EXPECT_EQ(box.view->view()->currentIndex().row(), 60);
+    QTest::keyClick(box.view->view(), Qt::Key_Escape);
+    EXPECT_EQ(box.choices, std::vector<int>());
+    EXPECT_EQ(box.view->currentIndex(), -1);
+    QTest::qWait(2 * QApplication::keyboardInputInterval() + 50);  // a new word
+    search(*box.view, "5(c");
+    EXPECT_EQ(box.view->view()->currentIndex().data().toString().left(4), QStringLiteral("5(C)"));
+}
+
+TEST(ComboBoxView, OpensALongListAtTheCurrentEntry) {
+    Fixture box;
+    box.model.removeAllItems();
+    box.model.addItemsWithObjectValues(tables::data::CC());
+    box.model.selectItemAtIndex(100);
+    box.view->showPopup();
+    const QAbstractItemView& list = *box.view->view();
+    EXPECT_EQ(list.currentIndex().row(), 100);
+    EXPECT_TRUE(list.viewport()->rect().intersects(list.visualRect(list.currentIndex())));
 }
 
 TEST(ComboBoxView, RunsNoHandlerWhenTheSelectedItemIsPickedAgain) {

@@ -57,7 +57,8 @@ protected:
     editor::EditorState state;
     editor::MainWindow window;
     support::ScriptedDesktop desktop;
-    editor::mainController controller{state, window, desktop, devices};
+    firmware::FirmwareState firmware{process};
+    editor::mainController controller{state, window, desktop, devices, firmware};
     MainWindowView view{window, controller};
 };
 

@@ -46,7 +46,8 @@ protected:
     editor::EditorState state;
     editor::MainWindow window;
     QtDesktop desktop{[](int) {}};
-    editor::mainController controller{state, window, desktop, devices};
+    firmware::FirmwareState firmware{process};
+    editor::mainController controller{state, window, desktop, devices, firmware};
     MainWindowView main{window, controller};
 };
 
