@@ -1,6 +1,6 @@
 // Selecting a control and showing its assignment in the property boxes.
 
-#include "config/factoryTables.h"
+#include "editor/controlNames.h"
 #include "editor/mainController.h"
 #include "tables/data.h"
 
@@ -10,11 +10,6 @@ using config::isLayerKey;
 using config::isPad;
 
 namespace {
-
-/// Position in `aPadMap` and `aMapPad`.
-std::size_t padPosition(int padTagOrIndex) {
-    return static_cast<std::size_t>(padTagOrIndex - config::firstPad);
-}
 
 bool hasButton(int control) {
     return control >= 0 && control < config::buttonCount;
@@ -49,7 +44,7 @@ void selectLast(toolkit::ComboBox& box) {
 void mainController::typeSelect1(toolkit::Button& sender) {
     const int tag = sender.tag();
     if (isPad(tag)) {
-        dataChgCore_pad(config::aPadMap[padPosition(tag)]);
+        dataChgCore_pad(controlOfTag(tag));
     } else {
         dataChg(tag);
     }
@@ -184,8 +179,7 @@ void mainController::showBlanksBesidePadEditor() {
 }
 
 toolkit::Button& mainController::buttonOf(int control) {
-    const int tag = isPad(control) ? config::aMapPad[padPosition(control)] : control;
-    return window_.keysOrderedByTag[static_cast<std::size_t>(tag)];
+    return window_.keysOrderedByTag[static_cast<std::size_t>(tagOfControl(control))];
 }
 
 void mainController::cleanBnSel() {

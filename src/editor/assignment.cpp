@@ -1,0 +1,202 @@
+#include "editor/assignment.h"
+
+#include <array>
+
+#include "tables/data.h"
+
+namespace editor {
+
+namespace {
+
+constexpr int toggleBit = 0x40;
+
+MessageKind kindOf(int modeByte) {
+    switch (modeByte & 0x0F) {
+        case 0x9:
+            return MessageKind::Note;
+        case 0xB:
+            return MessageKind::ControlChange;
+        case 0xC:
+            return MessageKind::ProgramChange;
+        case 0xE:
+            return MessageKind::PitchBend;
+        default:
+            return MessageKind::Unknown;
+    }
+}
+
+/// An item of a list; empty where there is none.
+std::string_view itemOf(tables::List list, int index) {
+    return index >= 0 && index < static_cast<int>(list.size())
+               ? list[static_cast<std::size_t>(index)]
+               : std::string_view();
+}
+
+std::string_view withoutBlanksBefore(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    return first == std::string_view::npos ? std::string_view() : text.substr(first);
+}
+
+std::string_view withoutBlanksBehind(std::string_view text) {
+    return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+/// What a note does in a host: an item of its list without the note's name before it.
+std::string_view functionOfNote(int mode, int note) {
+    constexpr std::string_view none = "- - -";
+    const std::string_view item = itemOf(tables::data::Midi_Msg1(mode), note);
+    const std::size_t nameEnd = item.find(')');
+    if (nameEnd == std::string_view::npos) {
+        return {};
+    }
+    const std::string_view function = withoutBlanksBefore(item.substr(nameEnd + 1));
+    return function == none ? std::string_view() : function;
+}
+
+/// What turning an encoder or moving a fader does. The lists have functions for notes alone; these
+/// are worded after their "V_Select CH.1" and "Fader Touch CH.1".
+std::string_view functionOfMovement(MessageKind kind, int channel, int number) {
+    constexpr int firstEncoderController = 16;
+    constexpr std::array<std::string_view, 8> encoders = {
+        "V-Pot CH.1", "V-Pot CH.2", "V-Pot CH.3", "V-Pot CH.4",
+        "V-Pot CH.5", "V-Pot CH.6", "V-Pot CH.7", "V-Pot CH.8",
+    };
+    constexpr std::array<std::string_view, 9> faders = {
+        "Fader CH.1", "Fader CH.2", "Fader CH.3", "Fader CH.4",   "Fader CH.5",
+        "Fader CH.6", "Fader CH.7", "Fader CH.8", "Fader Master",
+    };
+    if (kind == MessageKind::PitchBend) {
+        return itemOf(faders, channel);
+    }
+    return kind == MessageKind::ControlChange && channel == 0
+               ? itemOf(encoders, number - firstEncoderController)
+               : std::string_view();
+}
+
+/// The hosts take their functions from channel 1; a pad that plays drums on channel 10 is no
+/// function key.
+std::string_view functionOf(MessageKind kind, int channel, int number, int mode) {
+    if (mode < nuendoMode || mode > logicMode) {
+        return {};
+    }
+    if (kind == MessageKind::Note) {
+        return channel == 0 ? functionOfNote(mode, number) : std::string_view();
+    }
+    return functionOfMovement(kind, channel, number);
+}
+
+std::string messageText(const Assignment& assignment) {
+    const std::string kind(nameOf(assignment.kind));
+    const std::string number = std::to_string(assignment.number);
+    switch (assignment.kind) {
+        case MessageKind::Note: {
+            const bool isNote = assignment.number < static_cast<int>(tables::data::Note().size());
+            return kind + " " + number + (isNote ? " " + noteText(assignment.number) : "");
+        }
+        case MessageKind::ControlChange: {
+            const std::string_view item =
+                withoutBlanksBehind(itemOf(tables::data::CC(), assignment.number));
+            return kind + " " + (item.empty() ? number : std::string(item));
+        }
+        case MessageKind::ProgramChange:
+            return kind + " " + number;
+        case MessageKind::PitchBend:
+        case MessageKind::Unknown:
+            break;
+    }
+    return kind;
+}
+
+/// "note 10 A#-1" within a sentence.
+std::string withinSentence(std::string text) {
+    if (!text.empty() && text[0] >= 'A' && text[0] <= 'Z') {
+        text[0] = static_cast<char>(text[0] - 'A' + 'a');
+    }
+    return text;
+}
+
+}  // namespace
+
+Assignment assignmentOf(const config::Image& image, int layer, int mode, int control) {
+    Assignment assignment;
+    if (!isLayer(layer) || control < 0 || control >= config::buttonCount) {
+        return assignment;
+    }
+    const int modeByte = config::mode(image, layer, control);
+    assignment.kind = kindOf(modeByte);
+    assignment.channel = config::channel(image, layer, control);
+    assignment.number = config::number(image, layer, control);
+    assignment.canToggle = control < config::firstEncoder;
+    assignment.toggles = assignment.canToggle && (modeByte & toggleBit) != 0;
+    assignment.hostFunction =
+        functionOf(assignment.kind, assignment.channel, assignment.number, mode);
+    return assignment;
+}
+
+int shownLayer(const Layers& layers, int control) {
+    return config::isPad(control) ? layers.m_paLa : layers.layrData;
+}
+
+std::string noteText(int note) {
+    const std::string_view item = itemOf(tables::data::Note(), note);
+    const std::size_t open = item.find('(');
+    if (open == std::string_view::npos) {
+        return "Note " + std::to_string(note);
+    }
+    const std::string_view octave = item.substr(0, open);
+    std::string text(item.substr(open + 1, item.size() - open - 2));
+    return text.append(octave);
+}
+
+std::string_view nameOf(MessageKind kind) {
+    switch (kind) {
+        case MessageKind::Note:
+            return "Note";
+        case MessageKind::ControlChange:
+            return "Control change";
+        case MessageKind::ProgramChange:
+            return "Program change";
+        case MessageKind::PitchBend:
+            return "Pitch bend";
+        case MessageKind::Unknown:
+            break;
+    }
+    return "Unknown message";
+}
+
+std::string Assignment::shortText() const {
+    if (!hostFunction.empty()) {
+        return std::string(hostFunction.substr(hostFunction.find(':') + 1));  // npos + 1 is 0
+    }
+    switch (kind) {
+        case MessageKind::Note:
+            return noteText(number);
+        case MessageKind::ControlChange:
+            return "CC " + std::to_string(number);
+        case MessageKind::ProgramChange:
+            return "PC " + std::to_string(number);
+        case MessageKind::PitchBend:
+            return "Pitch";
+        case MessageKind::Unknown:
+            break;
+    }
+    return "?";
+}
+
+std::string Assignment::channelText() const {
+    return "ch " + std::to_string(channel + 1);
+}
+
+std::string Assignment::fullText() const {
+    std::string text = messageText(*this);
+    if (!hostFunction.empty()) {
+        text = std::string(hostFunction) + ": " + withinSentence(text);
+    }
+    text += ", channel " + std::to_string(channel + 1);
+    if (canToggle) {
+        text += toggles ? ", toggle" : ", momentary";
+    }
+    return text;
+}
+
+}  // namespace editor
