@@ -1,6 +1,7 @@
 #include "simulator/SimulatedController.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "config/factoryTables.h"
@@ -10,6 +11,9 @@ namespace simulator {
 namespace {
 
 constexpr std::uint8_t sysExBegin = 0xF0;
+constexpr std::uint8_t nibbleStatus = 0x9F;
+constexpr std::array<std::uint8_t, 8> updateModeMessage = {0xF0, 0x1D, 0x03, 0x00,
+                                                           0x69, 0x55, 0x7F, 0xF7};
 
 std::span<const std::uint8_t> configurationHeader() {
     return std::span(config::SysBuf_init).first(config::headerSize);
@@ -47,46 +51,134 @@ const char* kindOf(std::uint8_t status) {
     }
 }
 
+/// Whether the message carries a byte in two halves.
+bool isFirmwareByte(std::span<const std::uint8_t> message) {
+    return message.front() == nibbleStatus && message[1] < 0x10 && message[2] < 0x10;
+}
+
 }  // namespace
 
 void SimulatedController::receive(std::span<const std::uint8_t> bytes) {
     const std::uint64_t entriesBefore = entries_;
+    const bool wasOffline = offline_;
     for (const std::uint8_t byte : bytes) {
-        assembler_.add(byte);
+        if (!offline_) {
+            assembler_.add(byte);
+        }
+    }
+    if (offline_ && !wasOffline && onOffline) {
+        onOffline();
     }
     if (entries_ != entriesBefore && onChange) {
         onChange();
     }
 }
 
-void SimulatedController::take(std::span<const std::uint8_t> message) {
-    if (message.front() == sysExBegin) {
-        takeSysEx(message);
-    } else {
-        refuse(std::string(kindOf(message.front())) + " (" + hexadecimal(message) +
-                   ") is no configuration message",
-               message.size());
+void SimulatedController::goOfflineAfter(std::size_t messages) {
+    messagesUntilOffline_ = messages;
+    if (messages == 0) {
+        offline_ = true;
+        messagesUntilOffline_.reset();
     }
 }
 
+void SimulatedController::goOnline() {
+    offline_ = false;
+    messagesUntilOffline_.reset();
+}
+
+void SimulatedController::countMessage() {
+    if (messagesUntilOffline_ && --*messagesUntilOffline_ == 0) {
+        messagesUntilOffline_.reset();
+        offline_ = true;
+        note(false, "Offline, as it was told", 0);
+    }
+}
+
+files::ReplaceResult SimulatedController::saveFirmware(const std::filesystem::path& path) const {
+    const std::span<const std::uint8_t> written = firmware_.written();
+    return files::replaceFile(path, std::string(written.begin(), written.end()));
+}
+
+void SimulatedController::take(std::span<const std::uint8_t> message) {
+    if (isFirmwareByte(message)) {
+        takeFirmwareByte(message);
+        countMessage();
+        return;
+    }
+    refusesFirmware_ = false;
+    if (message.front() == sysExBegin) {
+        takeSysEx(message);
+    } else {
+        note(false,
+             std::string(kindOf(message.front())) + " (" + hexadecimal(message) +
+                 (inUpdateMode_ ? ") is no firmware" : ") is no configuration message"),
+             message.size());
+    }
+    countMessage();
+}
+
+void SimulatedController::takeFirmwareByte(std::span<const std::uint8_t> message) {
+    if (!inUpdateMode_) {
+        if (!refusesFirmware_) {
+            refusesFirmware_ = true;
+            note(false,
+                 "Note on (" + hexadecimal(message) +
+                     ") and what follows: firmware is taken in "
+                     "the update mode only",
+                 message.size());
+        }
+        return;
+    }
+    const auto byte = static_cast<std::uint8_t>(message[1] << 4 | message[2]);
+    std::optional<FirmwareReceiver::Report> report = firmware_.take(byte);
+    if (report) {
+        inUpdateMode_ = !report->restarts;
+        note(report->accepted, std::move(report->text), report->bytes);
+    }
+}
+
+void SimulatedController::beginUpdateMode(std::size_t bytes) {
+    inUpdateMode_ = true;
+    firmware_.begin();
+    note(true, "Update mode: waits for firmware", bytes);
+}
+
 void SimulatedController::takeSysEx(std::span<const std::uint8_t> message) {
+    if (std::equal(message.begin(), message.end(), updateModeMessage.begin(),
+                   updateModeMessage.end())) {
+        beginUpdateMode(message.size());
+    } else if (inUpdateMode_) {
+        note(false,
+             "Message begins " + hexadecimal(headerOf(message)) +
+                 ": in the update mode only firmware is taken",
+             message.size());
+    } else {
+        takeConfiguration(message);
+    }
+}
+
+void SimulatedController::takeConfiguration(std::span<const std::uint8_t> message) {
     if (!beginsAsConfiguration(message)) {
-        refuse("Message begins " + hexadecimal(headerOf(message)) +
-                   ": a configuration message begins " + hexadecimal(configurationHeader()),
-               message.size());
+        note(false,
+             "Message begins " + hexadecimal(headerOf(message)) +
+                 ": a configuration message begins " + hexadecimal(configurationHeader()),
+             message.size());
         return;
     }
     if (message.size() != config::blockSize) {
-        refuse("Message of " + std::to_string(message.size()) +
-                   " bytes: a configuration message has " + std::to_string(config::blockSize),
-               message.size());
+        note(false,
+             "Message of " + std::to_string(message.size()) +
+                 " bytes: a configuration message has " + std::to_string(config::blockSize),
+             message.size());
         return;
     }
     const std::size_t block = message[config::blockNumberOffset];
     if (block < 1 || block > layers_.size()) {
-        refuse("Block number " + std::to_string(block) + ": the blocks are 1 to " +
-                   std::to_string(layers_.size()),
-               message.size());
+        note(false,
+             "Block number " + std::to_string(block) + ": the blocks are 1 to " +
+                 std::to_string(layers_.size()),
+             message.size());
         return;
     }
     std::copy(message.begin(), message.end(), layers_[block - 1].emplace().begin());
@@ -95,6 +187,7 @@ void SimulatedController::takeSysEx(std::span<const std::uint8_t> message) {
 
 void SimulatedController::refuse(std::string reason, std::size_t bytes) {
     note(false, std::move(reason), bytes);
+    countMessage();
 }
 
 void SimulatedController::note(bool accepted, std::string text, std::size_t bytes) {

@@ -11,12 +11,15 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <span>
 #include <string>
 
 #include "config/layout.h"
+#include "files/replaceFile.h"
+#include "simulator/FirmwareReceiver.h"
 #include "simulator/MessageAssembler.h"
 
 namespace simulator {
@@ -55,6 +58,22 @@ public:
     /// One entry for each message, the oldest first.
     [[nodiscard]] const std::deque<LogEntry>& log() const { return log_; }
 
+    /// Between the message that sends it there and the reset at the end of an upload. Meanwhile it
+    /// takes no configuration.
+    [[nodiscard]] bool isInUpdateMode() const { return inUpdateMode_; }
+    [[nodiscard]] const FirmwareReceiver& firmware() const { return firmware_; }
+    /// Saves the blocks written to the flash.
+    [[nodiscard]] files::ReplaceResult saveFirmware(const std::filesystem::path& path) const;
+
+    /// From the moment at which that many more messages have come, refused ones included, it hears
+    /// nothing any more, as with its cable pulled.
+    void goOfflineAfter(std::size_t messages);
+    void goOnline();
+    [[nodiscard]] bool isOffline() const { return offline_; }
+
+    /// Runs when it goes offline as it was told to, at the end of the `receive` in which it does.
+    std::function<void()> onOffline;
+
     /// Runs at the end of each `receive` that has added to the log.
     std::function<void()> onChange;
 
@@ -62,12 +81,22 @@ private:
     void take(std::span<const std::uint8_t> message) override;
     void refuse(std::string reason, std::size_t bytes) override;
     void takeSysEx(std::span<const std::uint8_t> message);
+    void takeConfiguration(std::span<const std::uint8_t> message);
+    void takeFirmwareByte(std::span<const std::uint8_t> message);
+    void beginUpdateMode(std::size_t bytes);
+    void countMessage();
     void note(bool accepted, std::string text, std::size_t bytes);
 
     MessageAssembler assembler_{*this};
     Layers layers_;
     std::deque<LogEntry> log_;
     std::uint64_t entries_ = 0;
+
+    FirmwareReceiver firmware_;
+    bool inUpdateMode_ = false;
+    bool refusesFirmware_ = false;  // firmware bytes came in vain, and that has been said
+    bool offline_ = false;
+    std::optional<std::size_t> messagesUntilOffline_;
 };
 
 }  // namespace simulator

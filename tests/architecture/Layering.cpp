@@ -81,7 +81,7 @@ const std::vector<Room>& rooms() {
          {"tables", "config", "files", "toolkit", "platform", "midi", "devices", "shell",
           "firmware"},
          {}},
-        {"simulator", {"config", "tables", "platform", "midi", "toolkit"}, {}},
+        {"simulator", {"config", "files", "tables", "platform", "midi", "toolkit"}, {}},
         {"qt",
          {"tables", "config", "files", "toolkit", "platform", "midi", "devices", "shell",
           "firmware", "editor", "simulator"},
