@@ -82,7 +82,6 @@ void MainWindowView::makeActions(editor::mainController& controller) {
     connect(midiDevices_, &QAction::triggered, this, [&controller] { controller.midiSelect(); });
     firmwareUpdate_ =
         addAction(QStringLiteral("actionFirmwareUpdate"), QStringLiteral("&Firmware Update..."));
-    firmwareUpdate_->setEnabled(false);
     connect(firmwareUpdate_, &QAction::triggered, this, [&controller] { controller.firmware(); });
 
     about_ = addAction(QStringLiteral("actionAbout"), QStringLiteral("&About Tormelk Wyro"));

@@ -1,25 +1,55 @@
 #include "qt/MessageView.h"
 
+#include <QEvent>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QVBoxLayout>
+#include <QStyle>
+
+#include "qt/asText.h"
 
 namespace qt {
+
+namespace {
+
+constexpr int textWidth = 440;
+constexpr int longestWord = 40;  // letters; a longer one may be broken anywhere
+
+/// A text in which also a long file name can be broken into lines.
+QString breakable(const std::string& text) {
+    QString all;
+    int letters = 0;
+    for (const QChar letter : asText(text)) {
+        letters = letter.isSpace() ? 0 : letters + 1;
+        if (letters > longestWord && !letter.isLowSurrogate()) {
+            all += QChar(0x200B);
+        }
+        all += letter;
+    }
+    return all;
+}
+
+QLabel* paragraph(const QString& text, int width) {
+    auto* label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setFixedWidth(width);
+    return label;
+}
+
+}  // namespace
 
 MessageView::MessageView(shell::message& controller)
     : DialogView(controller, QStringLiteral("Firmware Update")),
       cancel_(new ButtonView(controller.cancelButton, ButtonView::Kind::Command,
                              QStringLiteral("Cancel"))) {
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
-    auto* question = new QLabel(
-        QStringLiteral("The firmware of the controller is about to be replaced.\n\n"
-                       "Until this has ended, do not disconnect the controller, and do not\n"
-                       "switch it off.\n\n"
-                       "Replace the firmware now?"));
+    installEventFilter(this);  // asked before the filter that closes the model
     auto* ok = new ButtonView(controller.okButton, ButtonView::Kind::Command, QStringLiteral("OK"));
     ok->setObjectName(QStringLiteral("ok"));
     cancel_->setObjectName(QStringLiteral("cancel"));
-    ok->setDefault(true);
+    const shell::Confirmation& content = controller.content();
+    (content.warnings.empty() ? ok : cancel_)->setDefault(true);
 
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(8);
@@ -28,14 +58,76 @@ MessageView::MessageView(shell::message& controller)
     buttons->addWidget(cancel_);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(20, 20, 20, 16);
-    layout->setSpacing(16);
-    layout->addWidget(question);
+    layout->setSpacing(14);
+    layout->addWidget(
+        new QLabel(QStringLiteral("The firmware of the controller is about to be replaced.")));
+    addWarnings(*layout, content.warnings);
+    addFacts(*layout, content.facts);
+    if (!content.advice.empty()) {
+        layout->addWidget(paragraph(asText(content.advice), textWidth));
+    }
+    layout->addWidget(new QLabel(QStringLiteral("Replace the firmware now?")));
     layout->addLayout(buttons);
     layout->setSizeConstraint(QLayout::SetFixedSize);
 }
 
+void MessageView::addWarnings(QVBoxLayout& layout, const std::vector<std::string>& warnings) {
+    if (warnings.empty()) {
+        return;
+    }
+    constexpr int spacing = 12;
+    const int size = style()->pixelMetric(QStyle::PM_LargeIconSize);
+    auto* icon = new QLabel;
+    icon->setPixmap(style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(size));
+    auto* texts = new QVBoxLayout;
+    texts->setSpacing(8);
+    for (const std::string& warning : warnings) {
+        QLabel* text = paragraph(breakable(warning), textWidth - size - spacing);
+        QFont bold = text->font();
+        bold.setBold(true);
+        text->setFont(bold);
+        text->setObjectName(QStringLiteral("warning"));
+        texts->addWidget(text);
+    }
+    auto* row = new QHBoxLayout;
+    row->setSpacing(spacing);
+    row->addWidget(icon, 0, Qt::AlignTop);
+    row->addLayout(texts);
+    layout.addLayout(row);
+}
+
+void MessageView::addFacts(QVBoxLayout& layout,
+                           const std::vector<shell::Confirmation::Fact>& facts) {
+    if (facts.empty()) {
+        return;
+    }
+    constexpr int nameWidth = 110;
+    auto* form = new QGridLayout;
+    form->setHorizontalSpacing(12);
+    form->setVerticalSpacing(4);
+    form->setColumnMinimumWidth(0, nameWidth);
+    int row = 0;
+    for (const shell::Confirmation::Fact& fact : facts) {
+        QLabel* value = paragraph(breakable(fact.value), textWidth - nameWidth - 12);
+        value->setObjectName(asText(fact.name));
+        form->addWidget(new QLabel(asText(fact.name)), row, 0, Qt::AlignTop);
+        form->addWidget(value, row, 1);
+        ++row;
+    }
+    layout.addLayout(form);
+}
+
 void MessageView::reject() {
     cancel_->click();
+}
+
+bool MessageView::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Close && event->spontaneous()) {
+        event->ignore();
+        cancel_->click();
+        return true;
+    }
+    return DialogView::eventFilter(watched, event);
 }
 
 }  // namespace qt

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <QVBoxLayout>
+#include <string>
+#include <vector>
+
 #include "qt/ButtonView.h"
 #include "qt/DialogView.h"
 #include "shell/message.h"
@@ -7,14 +11,19 @@
 namespace qt {
 
 /// The last question before the firmware is replaced. It wants an answer: there is no close box,
-/// and Escape is Cancel.
+/// and Escape, or a window manager that closes it all the same, is Cancel. Where there is something
+/// to warn of, Enter is Cancel, too.
 class MessageView final : public DialogView {
 public:
     explicit MessageView(shell::message& controller);
 
     void reject() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void addWarnings(QVBoxLayout& layout, const std::vector<std::string>& warnings);
+    static void addFacts(QVBoxLayout& layout, const std::vector<shell::Confirmation::Fact>& facts);
+
     ButtonView* cancel_;
 };
 

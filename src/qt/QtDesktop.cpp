@@ -53,6 +53,7 @@ QtDesktop::QtDesktop(EndProcess endProcess) : endProcess_(std::move(endProcess))
 QtDesktop::~QtDesktop() = default;
 
 toolkit::AlertAnswer QtDesktop::runAlertPanel(const toolkit::Alert& alert) {
+    sleeper_.endJob();
     const Counted counted(panels_);
     QMessageBox box(QApplication::activeWindow());
     box.setWindowTitle(asText(alert.title));
@@ -73,16 +74,19 @@ toolkit::AlertAnswer QtDesktop::runAlertPanel(const toolkit::Alert& alert) {
 }
 
 std::optional<std::filesystem::path> QtDesktop::runSavePanel(const toolkit::SavePanel& panel) {
+    sleeper_.endJob();
     const Counted counted(panels_);
     return filePanels_.runSave(panel);
 }
 
 std::optional<std::filesystem::path> QtDesktop::runOpenPanel(const toolkit::OpenPanel& panel) {
+    sleeper_.endJob();
     const Counted counted(panels_);
     return filePanels_.runOpen(panel);
 }
 
 int QtDesktop::runModalForWindow(toolkit::WindowController& controller) {
+    sleeper_.endJob();
     const std::unique_ptr<DialogView> view = buildView(controller);
     if (!view) {
         return 0;

@@ -1,8 +1,9 @@
 #include "qt/SimulatorView.h"
 
 #include <QFontDatabase>
+#include <QHBoxLayout>
 #include <QHeaderView>
-#include <QLabel>
+#include <QMessageBox>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <span>
@@ -63,13 +64,34 @@ QString dump(std::span<const std::uint8_t> bytes) {
     return all;
 }
 
+QString describe(const simulator::SimulatedController& controller) {
+    const simulator::FirmwareReceiver& firmware = controller.firmware();
+    QString text;
+    if (controller.isOffline()) {
+        text = QStringLiteral("Offline. ");
+    } else if (controller.isInUpdateMode()) {
+        text = QStringLiteral("In its update mode. ");
+    }
+    if (!firmware.isErased()) {
+        return text + QStringLiteral("Firmware: the one it came with");
+    }
+    if (firmware.blocks() == 0) {
+        return text + QStringLiteral("Firmware: none, it is erased");
+    }
+    return text + QStringLiteral("Firmware: %L1 bytes in %2 blocks")
+                      .arg(firmware.written().size())
+                      .arg(firmware.blocks());
+}
+
 }  // namespace
 
 SimulatorView::SimulatorView(simulator::SimulatedController& controller)
     : link_(controller, [this] { showAll(); }),
       layers_(new QTableWidget(config::layerCount, static_cast<int>(layerColumns.size()))),
       bytes_(new QPlainTextEdit),
-      log_(new QTreeWidget) {
+      log_(new QTreeWidget),
+      firmware_(new QLabel),
+      saveFirmware_(new QPushButton(QStringLiteral("Save &Firmware..."))) {
     setWindowTitle(QStringLiteral("Simulated Tormelk"));
     nameWidget(*layers_, QStringLiteral("layers"), QStringLiteral("The layers it holds"));
     layers_->setHorizontalHeaderLabels(layerColumns);
@@ -100,11 +122,19 @@ SimulatorView::SimulatorView(simulator::SimulatedController& controller)
     log_->setRootIsDecorated(false);
     log_->setSelectionMode(QAbstractItemView::NoSelection);
 
+    firmware_->setObjectName(QStringLiteral("firmware"));
+    saveFirmware_->setObjectName(QStringLiteral("saveFirmware"));
+    connect(saveFirmware_, &QPushButton::clicked, this, [this] { saveFirmware(); });
+    auto* firmware = new QHBoxLayout;
+    firmware->addWidget(firmware_, 1);
+    firmware->addWidget(saveFirmware_);
+
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(captionOf(*layers_, QStringLiteral("&Layers")));
     layout->addWidget(layers_);
     layout->addWidget(captionOf(*bytes_, QStringLiteral("&Bytes of the selected layer")));
     layout->addWidget(bytes_, 2);
+    layout->addLayout(firmware);
     layout->addWidget(captionOf(*log_, QStringLiteral("&Messages")));
     layout->addWidget(log_, 1);
     showAll();
@@ -122,6 +152,24 @@ void SimulatorView::showAll() {
         selectFirstLayerHeld(controller->layers());
         showBytes();
         showLog();
+        showFirmware();
+    }
+}
+
+void SimulatorView::showFirmware() {
+    firmware_->setText(describe(*link_.model()));
+    saveFirmware_->setEnabled(link_.model()->firmware().blocks() > 0);
+}
+
+void SimulatorView::saveFirmware() {
+    const auto path = filePanels_.runSave({"Save the firmware it holds", "BIN", "received"});
+    const simulator::SimulatedController* controller = link_.model();
+    if (!path || controller == nullptr) {
+        return;
+    }
+    const files::ReplaceResult result = controller->saveFirmware(*path);
+    if (!result.replaced) {
+        QMessageBox::warning(this, windowTitle(), asText(result.reason + "."));
     }
 }
 

@@ -1,17 +1,20 @@
 #pragma once
 
+#include <QLabel>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTableWidget>
 #include <QTreeWidget>
 #include <QWidget>
 
+#include "qt/FilePanels.h"
 #include "qt/ModelLink.h"
 #include "simulator/SimulatedController.h"
 
 namespace qt {
 
-/// What a simulated Tormelk holds: its four layers, the bytes of one of them, and every message
-/// that came.
+/// What a simulated Tormelk holds: its four layers, the bytes of one of them, its firmware, and
+/// every message that came.
 class SimulatorView final : public QWidget {
 public:
     explicit SimulatorView(simulator::SimulatedController& controller);
@@ -21,12 +24,17 @@ private:
     void showLayers(const simulator::SimulatedController::Layers& layers);
     void showBytes();
     void showLog();
+    void showFirmware();
+    void saveFirmware();
     void selectFirstLayerHeld(const simulator::SimulatedController::Layers& layers);
 
     ModelLink<simulator::SimulatedController> link_;
     QTableWidget* layers_;
     QPlainTextEdit* bytes_;
     QTreeWidget* log_;
+    QLabel* firmware_;
+    QPushButton* saveFirmware_;
+    FilePanels filePanels_;
 };
 
 }  // namespace qt

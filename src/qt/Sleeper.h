@@ -2,22 +2,34 @@
 
 #include <chrono>
 
+#include "qt/InputShield.h"
+
 namespace qt {
 
 /// Sleeps that are never shorter than asked, and hardly longer. A job on the main thread that
 /// consists of many of them keeps the window painting and answering the window manager; it takes no
-/// input meanwhile, and hears nothing of devices that come and go.
+/// input meanwhile, and hears nothing of devices that come and go. What a person types, clicks or
+/// asks to be closed during a job that is long enough to breathe is thrown away.
 class Sleeper {
 public:
     void sleep(std::chrono::duration<double> seconds);
+
+    /// The job is done, and the person is about to be asked something: input that came up to now is
+    /// thrown away too. After a job that did not breathe, or none, it does nothing.
+    void endJob();
 
 private:
     using Clock = std::chrono::steady_clock;
 
     void breathe(Clock::time_point now);
+    void waitUntil(Clock::time_point end);
 
     Clock::time_point lastSleepEnd_{};
     Clock::time_point lastBreath_{};
+    bool breathed_ = false;  // in the job that is going on
+    /// How late the kernel wakes this thread, three times out of four; it is told to do so earlier.
+    Clock::duration lateness_{};
+    InputShield shield_;
 };
 
 }  // namespace qt

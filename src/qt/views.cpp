@@ -3,7 +3,9 @@
 #include "devices/seldev.h"
 #include "devices/seldev2.h"
 #include "editor/pad.h"
+#include "firmware/firm.h"
 #include "qt/AboutView.h"
+#include "qt/FirmView.h"
 #include "qt/MessageView.h"
 #include "qt/PadView.h"
 #include "qt/SeldevView.h"
@@ -26,6 +28,7 @@ void addEditorViews(QtDesktop& desktop) {
     add<devices::seldev, SeldevView>(desktop);
     add<devices::seldev2, SeldevView>(desktop);
     add<editor::pad, PadView>(desktop);
+    add<firmware::firm, FirmView>(desktop);
     add<shell::about, AboutView>(desktop);
     add<shell::message, MessageView>(desktop);
 }

@@ -14,6 +14,7 @@
 #include "app/Robot.h"
 #include "config/layout.h"
 #include "editor/pad.h"
+#include "firmware/firm.h"
 #include "platform/AbsentMidiService.h"
 #include "platform/NotificationCentre.h"
 #include "qt/ControlButton.h"
@@ -54,10 +55,10 @@ protected:
     platform::NotificationCentre centre;
     midi::ZQMIDIProcess process{service, centre};
     devices::seldevChoice devices{process};
+    firmware::FirmwareState firmware{process};
     editor::EditorState state;
     editor::MainWindow window;
     support::ScriptedDesktop desktop;
-    firmware::FirmwareState firmware{process};
     editor::mainController controller{state, window, desktop, devices, firmware};
     MainWindowView view{window, controller};
 };
@@ -285,8 +286,14 @@ TEST_F(MainWindowViewTest, LoadsAPresetFromTheMenuAndTheKeyboard) {
     EXPECT_THAT(desktop.journal(), testing::SizeIs(2));
 }
 
-TEST_F(MainWindowViewTest, OffersNoFirmwareUpdateYet) {
-    EXPECT_FALSE(action("actionFirmwareUpdate").isEnabled());
+TEST_F(MainWindowViewTest, OpensTheFirmwareWindowFromTheMenu) {
+    int opened = 0;
+    desktop.onModal<firmware::firm>([&opened](firmware::firm& shown) {
+        ++opened;
+        shown.window().close();
+    });
+    action("actionFirmwareUpdate").trigger();
+    EXPECT_EQ(opened, 1);
 }
 
 TEST_F(MainWindowViewTest, QuitsFromTheMenuAndTheKeyboard) {

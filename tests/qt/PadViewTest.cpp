@@ -43,10 +43,10 @@ protected:
     platform::NotificationCentre centre;
     midi::ZQMIDIProcess process{service, centre};
     devices::seldevChoice devices{process};
+    firmware::FirmwareState firmware{process};
     editor::EditorState state;
     editor::MainWindow window;
     QtDesktop desktop{[](int) {}};
-    firmware::FirmwareState firmware{process};
     editor::mainController controller{state, window, desktop, devices, firmware};
     MainWindowView main{window, controller};
 };

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QLineEdit>
+#include <QTemporaryDir>
 #include <QTest>
 #include <vector>
 
@@ -9,11 +11,14 @@
 #include "config/startUp.h"
 #include "config/stores.h"
 #include "config/transfer.h"
+#include "simulator/firmwareFrames.h"
 
 namespace qt {
 namespace {
 
 using app::robot::find;
+using simulator::asMessages;
+using simulator::operator+;
 
 class SimulatorViewTest : public testing::Test {
 protected:
@@ -74,6 +79,47 @@ TEST_F(SimulatorViewTest, ListsWhatWasTakenInAndWhatWasRefusedAndWhy) {
     EXPECT_EQ(log().topLevelItem(0)->text(1), QStringLiteral("254"));
     EXPECT_EQ(log().topLevelItem(0)->text(2).toStdString(), tormelk.log()[0].text);
     EXPECT_EQ(log().topLevelItem(1)->text(2).toStdString(), "Refused: " + tormelk.log()[1].text);
+}
+
+TEST_F(SimulatorViewTest, TellsTheModeAndTheFirmwareItHolds) {
+    const auto text = [this] { return find<QLabel>(view, "firmware").text(); };
+    auto& save = find<QPushButton>(view, "saveFirmware");
+    EXPECT_EQ(text(), QStringLiteral("Firmware: the one it came with"));
+    EXPECT_FALSE(save.isEnabled());
+    tormelk.receive(simulator::updateModeMessage);
+    EXPECT_EQ(text(), QStringLiteral("In its update mode. Firmware: the one it came with"));
+    tormelk.receive(asMessages(simulator::connectFrame() + simulator::eraseFrame()));
+    EXPECT_EQ(text(), QStringLiteral("In its update mode. Firmware: none, it is erased"));
+    EXPECT_FALSE(save.isEnabled());
+    tormelk.receive(asMessages(simulator::blockFrame(0) + simulator::blockFrame(1)));
+    EXPECT_EQ(text(), QStringLiteral("In its update mode. Firmware: 1,024 bytes in 2 blocks"));
+    EXPECT_TRUE(save.isEnabled());
+    tormelk.receive(asMessages(simulator::resetFrame()));
+    EXPECT_EQ(text(), QStringLiteral("Firmware: 1,024 bytes in 2 blocks"));
+    tormelk.goOfflineAfter(1);
+    tormelk.receive(std::vector<std::uint8_t>{0xF6});
+    EXPECT_EQ(text(), QStringLiteral("Offline. Firmware: 1,024 bytes in 2 blocks"));
+}
+
+TEST_F(SimulatorViewTest, SavesTheFirmwareItReceived) {
+    tormelk.receive(simulator::updateModeMessage);
+    tormelk.receive(
+        asMessages(simulator::connectFrame() + simulator::eraseFrame() + simulator::blockFrame(0)));
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("image.BIN"));
+    const auto save = [this](const QString& name) {
+        app::robot::whenDialogOpens(QStringLiteral("Save the firmware it holds"),
+                                    [name](QDialog& panel) {
+                                        find<QLineEdit>(panel, "fileNameEdit").setText(name);
+                                        app::robot::press(panel, Qt::Key_Enter);
+                                    });
+        app::robot::click(find(view, "saveFirmware"));
+    };
+    save(path);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const simulator::Bytes content = simulator::contentOf(0);
+    EXPECT_EQ(file.readAll().toStdString(), std::string(content.begin(), content.end()));
 }
 
 TEST(SimulatorView, LeavesAControllerThatOutlivesItAndOutlivesIt) {

@@ -1,13 +1,16 @@
 #include "qt/Sleeper.h"
 
 #include <gtest/gtest.h>
+#include <sys/prctl.h>
 
 #include <QApplication>
 #include <QTest>
 #include <QTimer>
 #include <QWidget>
+#include <algorithm>
 #include <chrono>
 #include <thread>
+#include <vector>
 
 namespace qt {
 namespace {
@@ -48,10 +51,12 @@ class Canvas final : public QWidget {
 public:
     int painted = 0;
     int clicked = 0;
+    int typed = 0;
 
 protected:
     void paintEvent(QPaintEvent*) override { ++painted; }
     void mousePressEvent(QMouseEvent*) override { ++clicked; }
+    void keyPressEvent(QKeyEvent*) override { ++typed; }
 };
 
 TEST(Sleeper, LetsTheWindowPaintDuringALongJobOfShortSleeps) {
@@ -80,6 +85,75 @@ TEST(Sleeper, DoesNotRunTheEventLoopDuringAShortJob) {
     EXPECT_FALSE(fired);
     QApplication::processEvents();
     EXPECT_TRUE(fired);
+}
+
+TEST(Sleeper, SleepsHardlyLongerThanAsked) {
+    // Two hundredths are allowed over a whole upload; here more, for a machine that is busy.
+    Sleeper sleeper;
+    std::vector<double> taken;
+    for (int i = 0; i < 400; ++i) {
+        taken.push_back(timeOf(sleeper, 2ms).count());
+    }
+    std::sort(taken.begin(), taken.end());
+    EXPECT_LT(taken[taken.size() / 2], 0.00206) << "the kernel's usual lateness would show here";
+}
+
+TEST(Sleeper, LeavesTheThreadsTimersAsTheyWere) {
+    const int before = ::prctl(PR_GET_TIMERSLACK);
+    Sleeper sleeper;
+    sleeper.sleep(3ms);
+    EXPECT_EQ(::prctl(PR_GET_TIMERSLACK), before);
+}
+
+/// Posts a click and a key as a display does: to be processed with the event loop's next turn.
+void postInput(QWidget& widget, std::chrono::milliseconds after) {
+    QTimer::singleShot(after, &widget, [&widget] {
+        QTest::mouseClick(&widget, Qt::LeftButton);
+        QTest::keyClick(&widget, Qt::Key_A);
+        widget.close();
+    });
+}
+
+TEST(Sleeper, ThrowsAwayWhatAPersonDoesDuringALongJob) {
+    Canvas canvas;
+    canvas.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&canvas));
+    Sleeper sleeper;
+    postInput(canvas, 20ms);
+    sleeper.sleep(160ms);
+    sleeper.endJob();
+    QApplication::processEvents();
+    EXPECT_EQ(canvas.clicked, 0);
+    EXPECT_EQ(canvas.typed, 0);
+    EXPECT_TRUE(canvas.isVisible());
+    postInput(canvas, 0ms);
+    QTest::qWait(20);
+    EXPECT_EQ(canvas.clicked, 1) << "afterwards it is taken again";
+    EXPECT_EQ(canvas.typed, 1);
+    EXPECT_FALSE(canvas.isVisible());
+}
+
+TEST(Sleeper, ThrowsAwayWhatCameSinceTheLastBreathWhenTheJobEnds) {
+    Canvas canvas;
+    canvas.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&canvas));
+    Sleeper sleeper;
+    sleeper.sleep(60ms);
+    postInput(canvas, 0ms);
+    sleeper.endJob();
+    QApplication::processEvents();
+    EXPECT_EQ(canvas.clicked, 0);
+    EXPECT_TRUE(canvas.isVisible());
+}
+
+TEST(Sleeper, EndsAShortJobWithoutATurnOfTheEventLoop) {
+    bool fired = false;
+    Sleeper sleeper;
+    sleeper.sleep(2ms);
+    QTimer::singleShot(0, qApp, [&fired] { fired = true; });
+    sleeper.endJob();
+    EXPECT_FALSE(fired);
+    QApplication::processEvents();
 }
 
 TEST(Sleeper, StartsAnewForEachJob) {

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QProgressBar>
+
+#include "qt/ModelLink.h"
+#include "toolkit/ProgressIndicator.h"
+
+namespace qt {
+
+/// Shows a `toolkit::ProgressIndicator`. A value outside its range is shown as nothing done. Told
+/// to draw at once it draws its whole window, and so what stands beside it.
+class ProgressView final : public QProgressBar {
+public:
+    explicit ProgressView(toolkit::ProgressIndicator& model, QWidget* parent = nullptr);
+    ~ProgressView() override;
+
+private:
+    void showModel();
+
+    ModelLink<toolkit::ProgressIndicator> link_;
+};
+
+}  // namespace qt
