@@ -86,7 +86,7 @@ std::string_view functionOf(MessageKind kind, int channel, int number, int mode)
 }
 
 std::string messageText(const Assignment& assignment) {
-    const std::string kind(nameOf(assignment.kind));
+    std::string kind(nameOf(assignment.kind));
     const std::string number = std::to_string(assignment.number);
     switch (assignment.kind) {
         case MessageKind::Note: {

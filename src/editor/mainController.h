@@ -149,6 +149,9 @@ public:
 
     [[nodiscard]] const std::string& prog_name() const { return programName_; }
 
+    /// For the view, which shows what the widgets do not hold.
+    [[nodiscard]] const EditorState& state() const { return state_; }
+
 private:
     void connectActions();
     /// Tells the view.

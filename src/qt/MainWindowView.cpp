@@ -49,7 +49,7 @@ MainWindowView::MainWindowView(editor::MainWindow& window, editor::mainControlle
     layout->setSpacing(12);
     layout->addLayout(makeTopBar(window));
     layout->addWidget(makeSeparator());
-    layout->addWidget(new SurfacePanel(window), 1);
+    layout->addWidget(new SurfacePanel(window, controller.state()), 1);
     layout->addWidget(makeSeparator());
     layout->addWidget(new AssignmentPanel(window));
     setCentralWidget(content);

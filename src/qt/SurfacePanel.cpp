@@ -5,8 +5,10 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "config/layout.h"
+#include "editor/assignment.h"
+#include "editor/controlNames.h"
 #include "qt/ControlButton.h"
+#include "qt/asText.h"
 #include "qt/controlFaces.h"
 #include "qt/widgets.h"
 
@@ -39,13 +41,28 @@ QLabel* heading(const QString& caption) {
 
 }  // namespace
 
-SurfacePanel::SurfacePanel(editor::MainWindow& window, QWidget* parent)
-    : QWidget(parent), window_(window) {
+SurfacePanel::SurfacePanel(editor::MainWindow& window, const editor::EditorState& state,
+                           QWidget* parent)
+    : QWidget(parent), window_(window), state_(state) {
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(28);
     layout->addWidget(makeStrips(), strips + 1);
     layout->addWidget(makeKeysAndPads(), keysInARow);
+    refresh();
+}
+
+void SurfacePanel::refresh() {
+    int tag = 0;
+    for (QWidget* face : faces_) {
+        const int control = editor::controlOfTag(tag++);
+        const editor::Assignment assignment =
+            editor::assignmentOf(state_.sysData, editor::shownLayer(state_.layers, control),
+                                 state_.modes.machn_mod, control);
+        const QString sent = asText(assignment.fullText());
+        face->setAccessibleDescription(sent);
+        face->setToolTip(face->accessibleName() + QLatin1Char('\n') + sent);
+    }
 }
 
 QWidget* SurfacePanel::makeStrips() {
@@ -111,6 +128,7 @@ void SurfacePanel::addControl(QGridLayout& grid, int tag, int row, int column) {
     auto* button = new ControlButton(model, face.shape, face.caption);
     nameWidget(*button, QStringLiteral("encoder%1").arg(tag), face.name);
     grid.addWidget(button, row, column);
+    faces_.at(static_cast<std::size_t>(tag)) = button;
 }
 
 void SurfacePanel::addLayerButtons(QGridLayout& grid, int row,

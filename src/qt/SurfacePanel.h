@@ -2,7 +2,10 @@
 
 #include <QGridLayout>
 #include <QWidget>
+#include <array>
 
+#include "config/layout.h"
+#include "editor/EditorState.h"
 #include "editor/MainWindow.h"
 
 namespace qt {
@@ -11,7 +14,11 @@ namespace qt {
 /// the right, a button for each control.
 class SurfacePanel final : public QWidget {
 public:
-    explicit SurfacePanel(editor::MainWindow& window, QWidget* parent = nullptr);
+    SurfacePanel(editor::MainWindow& window, const editor::EditorState& state,
+                 QWidget* parent = nullptr);
+
+    /// Shows afresh what each control sends; to be called when an action has ended.
+    void refresh();
 
 private:
     QWidget* makeStrips();
@@ -21,6 +28,8 @@ private:
                          const QString& caption, const QString& outlet);
 
     editor::MainWindow& window_;
+    const editor::EditorState& state_;
+    std::array<QWidget*, config::buttonCount> faces_{};
 };
 
 }  // namespace qt
