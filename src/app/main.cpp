@@ -2,10 +2,12 @@
 
 #include <QApplication>
 #include <csignal>
+#include <cstdio>
+#include <cstdlib>
 
 #include "app/Editor.h"
 #include "app/identity.h"
-#include "platform/AbsentMidiService.h"
+#include "platform/alsa/AlsaMidiService.h"
 #include "qt/QtDesktop.h"
 
 int main(int, char** arguments) {
@@ -14,8 +16,12 @@ int main(int, char** arguments) {
     int count = 1;  // its name; neither the program nor Qt reads more of the command line
     const QApplication application(count, arguments);
     app::setIdentity();
-    platform::AbsentMidiService midiService;
-    qt::QtDesktop desktop;
+    platform::alsa::AlsaMidiService midiService("Tormelk Wyro");
+    qt::QtDesktop desktop([&midiService](int status) {
+        midiService.end();
+        std::fflush(nullptr);
+        std::_Exit(status);
+    });
     app::Editor editor(midiService, desktop);
     editor.show();
     return QApplication::exec();

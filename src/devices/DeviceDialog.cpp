@@ -101,6 +101,7 @@ DeviceDialog::DeviceDialog(midi::ZQMIDIProcess& process, toolkit::Desktop& deskt
 
 void DeviceDialog::fillLists() {
     const midi::ZQMIDIManager& manager = process_.sharedInstance();
+    process_.service().rescan();
     shownInputs_ = referencesTo(manager.realSources());
     shownOutputs_ = referencesTo(manager.realDestinations());
     show(combo_in, shownInputs_);

@@ -1,8 +1,8 @@
 #pragma once
 
 // The operations of a MIDI service that the endpoint layer (midi/) calls, as one abstract class.
-// Implementations: platform/software (in this process: tests, the demo) and AbsentMidiService (a
-// computer without MIDI). Handles are plain integers, 0 is none; results are codes, 0 is success.
+// Implementations: platform/alsa (the product), platform/software (in this process: tests, the demo)
+// and AbsentMidiService (a computer without MIDI). Handles are plain integers, 0 is none; results are codes, 0 is success.
 //
 // All operations belong to the main thread, with these exceptions: MIDIReceived may be called on
 // any thread, a read callback runs on the service's input thread, and a read callback may itself
@@ -84,7 +84,8 @@ public:
     MidiService& operator=(const MidiService&) = delete;
     virtual ~MidiService() = default;
 
-    /// Connects this process to the service. `notify` is called by `dispatch`, on the main thread.
+    /// Connects this process to the service. `notify` is called by `dispatch` and `rescan`, on the
+    /// main thread.
     /// A failure leaves `*client` 0.
     virtual OSStatus MIDIClientCreate(std::string_view name, MIDINotifyProc notify, void* refCon,
                                       MIDIClientRef* client) = 0;
@@ -151,6 +152,10 @@ public:
 
     /// Delivers what is due on the main thread: setup changes, coalesced.
     virtual void dispatch() = 0;
+
+    /// Looks once more, at once, for what nothing announces: a service that was not there until
+    /// now. To be called before a person is shown the lists. Clients are told of what has changed.
+    virtual void rescan() {}
 };
 
 }  // namespace platform

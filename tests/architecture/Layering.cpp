@@ -20,6 +20,12 @@ const std::string timerHeader = "sys/prctl\\.h";
 /// Whole files, flushed and renamed, and the descriptor to watch: the operating system's.
 const std::string systemHeader = "unistd\\.h|fcntl\\.h|sys/(stat|eventfd)\\.h";
 
+/// The sequencer's library, the kernel's own description of it, and what to wait for its events
+/// with.
+const std::string sequencerHeader =
+    "alsa/asoundlib\\.h|sound/asequencer\\.h|unistd\\.h|fcntl\\.h|poll\\.h|pthread\\.h|"
+    "sys/(epoll|eventfd|timerfd|ioctl)\\.h";
+
 /// The name of the standard library's headers: lower case, without folder and ending. Those it has
 /// from C are used under their C++ names.
 bool isStandard(const std::string& target) {
@@ -73,6 +79,7 @@ const std::vector<Room>& rooms() {
         {"toolkit", {}, {}},
         {"platform", {}, {}},
         {"platform/software", {"platform"}, {systemHeader}},
+        {"platform/alsa", {"platform"}, {sequencerHeader}},
         {"midi", {"platform"}, {archiveHeader, processHeader}},
         {"devices", {"toolkit", "platform", "midi"}, {}},
         {"shell", {"toolkit"}, {}},
@@ -88,8 +95,8 @@ const std::vector<Room>& rooms() {
          {qtHeader, timerHeader},
          false},
         {"app",
-         {"tables", "config", "files", "toolkit", "platform", "platform/software", "midi",
-          "devices", "shell", "firmware", "editor", "simulator", "qt"},
+         {"tables", "config", "files", "toolkit", "platform", "platform/software", "platform/alsa",
+          "midi", "devices", "shell", "firmware", "editor", "simulator", "qt"},
          {qtHeader},
          false},
     };

@@ -86,9 +86,10 @@ TEST(LayeringCheck, SeesQtInEveryCoreRoom) {
     }
 }
 
-TEST(LayeringCheck, SeesTheSystemsMidiInEveryRoom) {
+TEST(LayeringCheck, SeesTheSystemsMidiInEveryRoomButItsOwn) {
     for (const Room& room : rooms()) {
-        EXPECT_THAT(verdict(room.name + "/File.cpp", "#include <alsa/asoundlib.h>"), SizeIs(1))
+        EXPECT_THAT(verdict(room.name + "/File.cpp", "#include <alsa/asoundlib.h>"),
+                    SizeIs(room.name == "platform/alsa" ? 0 : 1))
             << room.name;
     }
 }

@@ -15,12 +15,14 @@ bool mayLink(const Room& room, const std::string& target) {
     static const std::regex warnings("tormelk-warnings");
     static const std::regex windows("Qt6::.*");
     static const std::regex archive("nlohmann_json::.*");
+    static const std::regex sequencer("ALSA::ALSA|Threads::Threads");
     if (target == room.name || std::ranges::count(room.uses, target) > 0) {
         return true;
     }
     return std::regex_match(target, warnings) ||
            (!room.core && std::regex_match(target, windows)) ||
-           (room.name == "midi" && std::regex_match(target, archive));
+           (room.name == "midi" && std::regex_match(target, archive)) ||
+           (room.name == "platform/alsa" && std::regex_match(target, sequencer));
 }
 
 }  // namespace

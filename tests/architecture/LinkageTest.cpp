@@ -45,6 +45,11 @@ TEST(LinkageCheck, SeesThatTheEditorItselfLinksWindows) {
     EXPECT_THAT(forbiddenLibraries(neededLibraries(TORMELK_PROGRAM_WITH_WINDOWS)),
                 Contains("libQt6Widgets.so.6"));
 }
+
+TEST(LinkageCheck, SeesThatTheEditorItselfLinksTheSystemsMidi) {
+    EXPECT_THAT(forbiddenLibraries(neededLibraries(TORMELK_PROGRAM_WITH_WINDOWS)),
+                Contains("libasound.so.2"));
+}
 #endif
 
 TEST(LinkageCheck, TellsForbiddenLibrariesFromOthers) {
@@ -71,6 +76,7 @@ TEST(LinkageCheck, SeesWindowsInALinkLineOfACoreRoom) {
 TEST(LinkageCheck, SeesTheSystemsMidiInALinkLine) {
     EXPECT_THAT(linkOffences("midi: platform;asound"), ElementsAre("midi may not link asound"));
     EXPECT_THAT(linkOffences("midi: ALSA::ALSA"), ElementsAre("midi may not link ALSA::ALSA"));
+    EXPECT_THAT(linkOffences("platform/alsa: platform;ALSA::ALSA"), IsEmpty());
 }
 
 TEST(LinkageCheck, SeesALibraryThatIsNoRoom) {

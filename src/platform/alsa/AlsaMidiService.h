@@ -1,0 +1,163 @@
+#pragma once
+
+// The MIDI service of a Linux computer, over the ALSA sequencer: what other programs and devices
+// offer is listed, what comes and goes is followed, what is sent arrives whole and in order or the
+// call has not returned.
+//
+//     AlsaMidiService service("Tormelk Wyro");      // the name other programs see
+//     ...
+//     service.end();                                // before the process exits
+//
+// A kernel client is a device with one entity; a program's port has neither. The bus between
+// programs (Midi Through) carries the driver's name that isIACBus knows. Unique IDs: see
+// uniqueIDFor.h. "ZQMIDIOwnerPID" of another program's port is its process, as the kernel knows it.
+//
+// Without a sequencer (not loaded, denied, gone) the lists are empty and everything else fails
+// quietly; `rescan` finds one that has come since.
+//
+// A destination that has stopped taking data, or is held by another program, for some seconds is
+// offline until it takes data again or is plugged in anew.
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/MidiService.h"
+#include "platform/alsa/Announcements.h"
+#include "platform/alsa/Coalescer.h"
+#include "platform/alsa/EndpointList.h"
+#include "platform/alsa/Input.h"
+#include "platform/alsa/Output.h"
+
+namespace platform::alsa {
+
+class AlsaMidiService final : public MidiService {
+public:
+    /// To be made on the main thread. Does nothing to the sequencer before the first client.
+    explicit AlsaMidiService(std::string_view programName);
+    ~AlsaMidiService() override;
+
+    /// Lets go of the devices, for the process is about to exit: nothing can be sent afterwards.
+    /// Takes at most a few seconds, while leaving it to the kernel can take 10 s for a dead device.
+    void end();
+
+    OSStatus MIDIClientCreate(std::string_view name, MIDINotifyProc notify, void* refCon,
+                              MIDIClientRef* client) override;
+    OSStatus MIDIClientDispose(MIDIClientRef client) override;
+    std::uint32_t MIDIGetNumberOfSources() override;
+    MIDIEndpointRef MIDIGetSource(std::uint32_t index) override;
+    std::uint32_t MIDIGetNumberOfDestinations() override;
+    MIDIEndpointRef MIDIGetDestination(std::uint32_t index) override;
+    OSStatus MIDIObjectGetStringProperty(MIDIObjectRef object, std::string_view property,
+                                         std::string* value) override;
+    OSStatus MIDIObjectGetIntegerProperty(MIDIObjectRef object, std::string_view property,
+                                          std::int32_t* value) override;
+    OSStatus MIDIObjectGetDataProperty(MIDIObjectRef object, std::string_view property,
+                                       std::vector<std::uint8_t>* value) override;
+    /// Only what this process has published can be written to: kMIDIUnknownEndpoint otherwise.
+    OSStatus MIDIObjectSetStringProperty(MIDIObjectRef object, std::string_view property,
+                                         std::string_view value) override;
+    /// The same. A unique ID that another endpoint has is refused, and so is 0, which is none.
+    OSStatus MIDIObjectSetIntegerProperty(MIDIObjectRef object, std::string_view property,
+                                          std::int32_t value) override;
+    OSStatus MIDIObjectFindByUniqueID(std::int32_t uniqueID, MIDIObjectRef* object,
+                                      MIDIObjectType* type) override;
+    OSStatus MIDIEndpointGetEntity(MIDIEndpointRef endpoint, MIDIEntityRef* entity) override;
+    OSStatus MIDIEntityGetDevice(MIDIEntityRef entity, MIDIDeviceRef* device) override;
+    OSStatus MIDIInputPortCreate(MIDIClientRef client, std::string_view name, MIDIReadProc read,
+                                 void* readProcRefCon, MIDIPortRef* port) override;
+    OSStatus MIDIOutputPortCreate(MIDIClientRef client, std::string_view name,
+                                  MIDIPortRef* port) override;
+    OSStatus MIDIPortConnectSource(MIDIPortRef port, MIDIEndpointRef source,
+                                   void* srcConnRefCon) override;
+    OSStatus MIDIPortDisconnectSource(MIDIPortRef port, MIDIEndpointRef source) override;
+    OSStatus MIDIPortDispose(MIDIPortRef port) override;
+    /// Time stamps are not looked at: everything is sent at once.
+    OSStatus MIDISend(MIDIPortRef port, MIDIEndpointRef destination,
+                      const MIDIPacketList* list) override;
+    [[nodiscard]] std::vector<std::string> connectedPrograms(MIDIEndpointRef endpoint) override;
+    OSStatus MIDISourceCreate(MIDIClientRef client, std::string_view name,
+                              MIDIEndpointRef* source) override;
+    OSStatus MIDIDestinationCreate(MIDIClientRef client, std::string_view name, MIDIReadProc read,
+                                   void* readProcRefCon, MIDIEndpointRef* destination) override;
+    OSStatus MIDIEndpointDispose(MIDIEndpointRef endpoint) override;
+    OSStatus MIDIReceived(MIDIEndpointRef source, const MIDIPacketList* list) override;
+    void rescan() override;
+    [[nodiscard]] int fileDescriptor() const override { return watch_; }
+    void dispatch() override;
+
+private:
+    using Lock = std::unique_lock<std::mutex>;
+
+    struct Client {
+        MIDINotifyProc notify = nullptr;
+        void* refCon = nullptr;
+        bool changeDue = false;
+    };
+    struct Port {
+        bool isInput = false;
+        int number = -1;  // of an input port
+        std::map<MIDIEndpointRef, Address> connections;
+    };
+    struct Published {
+        int number = -1;  // of its port
+        Direction direction = Direction::Source;
+        std::string name;
+        std::map<std::string, std::int32_t, std::less<>> integers;
+        std::map<std::string, std::string, std::less<>> strings;
+    };
+
+    // Objects.cpp: handles and properties.
+    [[nodiscard]] bool exists(const Lock&, MIDIObjectRef object) const;
+    [[nodiscard]] std::optional<std::string> stringProperty(const Lock&, MIDIObjectRef object,
+                                                            std::string_view property) const;
+    [[nodiscard]] std::optional<std::int32_t> integerProperty(const Lock&, MIDIObjectRef object,
+                                                              std::string_view property) const;
+    [[nodiscard]] MIDIEndpointRef endpointWithUniqueID(const Lock&, std::int32_t uniqueID) const;
+    [[nodiscard]] std::optional<Direction> directionOf(const Lock&, MIDIEndpointRef endpoint) const;
+    [[nodiscard]] std::optional<PortDescription> portOf(const Lock&,
+                                                        MIDIEndpointRef endpoint) const;
+    [[nodiscard]] std::vector<MIDIEndpointRef> endpointsOf(const Lock&, Direction direction) const;
+    [[nodiscard]] OSStatus publish(MIDIClientRef client, std::string_view name, Direction direction,
+                                   MIDIReadProc read, void* readProcRefCon,
+                                   MIDIEndpointRef* endpoint);
+
+    // Setup.cpp: following what comes and goes.
+    [[nodiscard]] bool openSequencerIfClosed(const Lock&);
+    void hear(const Lock&);
+    void follow(const Lock&);
+    void loseSequencer(const Lock&);
+    void makeDue(const Lock&);
+    void notifyDue(Lock& lock);
+    void takingChanged(MIDIEndpointRef destination, bool takesData);
+    void wakeUp() const;
+    void watch(int descriptor) const;
+
+    const std::string programName_;
+    const int watch_;   // an epoll over the others
+    const int timer_;   // runs while changes are coalesced
+    const int wakeUp_;  // another thread has something for the main thread
+
+    mutable std::mutex mutex_;
+    // No handle is given twice.
+    MIDIObjectRef lastHandle_ = 0;
+    std::map<MIDIClientRef, Client> clients_;
+    std::map<MIDIPortRef, Port> ports_;
+    std::map<MIDIEndpointRef, Published> published_;
+    EndpointList list_{lastHandle_};
+    std::vector<MIDIEndpointRef> sources_;
+    std::vector<MIDIEndpointRef> destinations_;
+    std::unique_ptr<Announcements> announcements_;
+    Announcements::News news_;
+    Coalescer coalescer_;
+
+    Input input_;
+    Output output_;
+};
+
+}  // namespace platform::alsa

@@ -1,0 +1,67 @@
+#pragma once
+
+// The endpoints of other programs and of devices, with the handles this process knows them by. It
+// follows what the sequencer says from time to time; in between it stays as it is.
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "platform/MidiService.h"
+#include "platform/alsa/enumeration.h"
+
+namespace platform::alsa {
+
+struct ListedEndpoint {
+    MIDIEndpointRef handle = 0;
+    MIDIEntityRef entity = 0;  ///< 0 for a program's port
+    std::int32_t uniqueID = 0;
+    unsigned int occurrence = 0;  ///< which one of those with the same names, from 0
+    bool isOffline = false;       ///< it is there, but takes no data
+    PortDescription port;
+};
+
+/// A client of the kernel.
+struct ListedDevice {
+    MIDIDeviceRef handle = 0;
+    MIDIEntityRef entity = 0;
+    std::string name;
+    bool isBus = false;
+};
+
+class EndpointList {
+public:
+    /// `nextHandle` is counted up for each handle that is given out; it must outlive this.
+    explicit EndpointList(MIDIObjectRef& nextHandle) : nextHandle_(nextHandle) {}
+
+    /// Follows the ports that are there now. What has gone (also if another stands at its address
+    /// now: `exited`) loses its handle for good, what is new gets one. Returns whether anything has
+    /// changed.
+    bool follow(const std::vector<PortDescription>& present, const std::set<Address>& exited);
+
+    /// In order of appearance, sources and destinations mixed.
+    [[nodiscard]] const std::vector<ListedEndpoint>& endpoints() const { return endpoints_; }
+    /// None for a handle that has none.
+    [[nodiscard]] const ListedEndpoint* find(MIDIEndpointRef handle) const;
+    [[nodiscard]] const ListedDevice* findDevice(MIDIObjectRef deviceOrEntity) const;
+
+    /// Returns whether that is a change.
+    bool setOffline(MIDIEndpointRef handle, bool isOffline);
+
+private:
+    bool removeGone(const std::vector<PortDescription>& present, const std::set<Address>& exited);
+    bool followNames(const std::vector<PortDescription>& present);
+    bool addNew(const std::vector<PortDescription>& present);
+    void giveUniqueID(ListedEndpoint& endpoint) const;
+    [[nodiscard]] MIDIEntityRef entityOf(const PortDescription& port);
+    [[nodiscard]] ListedEndpoint* find(const Address& address, Direction direction);
+
+    MIDIObjectRef& nextHandle_;
+    std::vector<ListedEndpoint> endpoints_;
+    std::map<int, ListedDevice> devices_;  // by client number
+};
+
+}  // namespace platform::alsa

@@ -1,0 +1,44 @@
+#pragma once
+
+// The sequencer's own things: handles of clients, addresses of ports. Errors are the kernel's
+// numbers, negated, as the library returns them.
+
+#include <alsa/asoundlib.h>
+
+#include <compare>
+#include <memory>
+#include <string>
+
+namespace platform::alsa {
+
+/// A port of a client, by the sequencer's numbers. They name nothing for long: the next device that
+/// is plugged in may get them.
+struct Address {
+    int client = -1;
+    int port = -1;
+
+    auto operator<=>(const Address&) const = default;
+};
+
+struct SequencerCloser {
+    void operator()(snd_seq_t* sequencer) const { snd_seq_close(sequencer); }
+};
+/// A client of the sequencer.
+using Sequencer = std::unique_ptr<snd_seq_t, SequencerCloser>;
+
+/// A new client that never waits. None where there is no sequencer or it is denied; nothing is
+/// written to standard error then. `streams` is SND_SEQ_OPEN_INPUT, _OUTPUT or _DUPLEX.
+[[nodiscard]] Sequencer openSequencer(const std::string& name, int streams);
+
+/// What can be waited for until there is something to read.
+[[nodiscard]] int descriptorOf(snd_seq_t& sequencer);
+
+/// The most cells that a client's pool of incoming events can have. The usual 200 are lost
+/// altogether when a burst fills them.
+inline constexpr std::size_t largestInputPool = 2000;
+
+/// A port that other programs do not see in their lists. Returns its number, or an error.
+[[nodiscard]] int createHiddenPort(snd_seq_t& sequencer, const std::string& name,
+                                   unsigned int capabilities);
+
+}  // namespace platform::alsa

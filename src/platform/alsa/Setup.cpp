@@ -1,0 +1,168 @@
+// Following what comes and goes, and telling the clients.
+
+#include <sys/epoll.h>
+#include <sys/eventfd.h>
+#include <sys/timerfd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+#include "platform/alsa/AlsaMidiService.h"
+
+namespace platform::alsa {
+namespace {
+
+/// Takes what makes an eventfd or a timer readable.
+void drain(int descriptor) {
+    std::uint64_t count = 0;
+    [[maybe_unused]] const ssize_t taken = read(descriptor, &count, sizeof count);
+}
+
+void startTimer(int timer, Coalescer::Duration duration) {
+    // Zero would stop it.
+    const auto nanoseconds = std::max<std::chrono::nanoseconds::rep>(
+        std::chrono::duration_cast<std::chrono::nanoseconds>(duration).count(), 1);
+    constexpr std::chrono::nanoseconds::rep inASecond = 1'000'000'000;
+    itimerspec time{};
+    time.it_value.tv_sec = nanoseconds / inASecond;
+    time.it_value.tv_nsec = nanoseconds % inASecond;
+    timerfd_settime(timer, 0, &time, nullptr);
+}
+
+}  // namespace
+
+void AlsaMidiService::watch(int descriptor) const {
+    epoll_event event{};
+    event.events = EPOLLIN;
+    event.data.fd = descriptor;
+    epoll_ctl(watch_, EPOLL_CTL_ADD, descriptor, &event);
+}
+
+void AlsaMidiService::wakeUp() const {
+    const std::uint64_t one = 1;
+    [[maybe_unused]] const ssize_t written = write(wakeUp_, &one, sizeof one);
+}
+
+bool AlsaMidiService::openSequencerIfClosed(const Lock& lock) {
+    if (announcements_ != nullptr) {
+        return true;
+    }
+    // They are listened to before the first look, so that nothing can fall between.
+    announcements_ = Announcements::open(programName_);
+    if (announcements_ == nullptr) {
+        return false;
+    }
+    watch(announcements_->descriptor());
+    output_.prepare();
+    follow(lock);
+    return true;
+}
+
+void AlsaMidiService::hear(const Lock& lock) {
+    if (announcements_ == nullptr) {
+        return;
+    }
+    const bool hadChanged = news_.changed;
+    news_.changed = false;
+    announcements_->read(news_);
+    if (news_.isLost) {
+        loseSequencer(lock);
+        return;
+    }
+    if (news_.changed) {
+        coalescer_.note(std::chrono::steady_clock::now());
+    }
+    news_.changed = news_.changed || hadChanged;
+}
+
+void AlsaMidiService::follow(const Lock& lock) {
+    std::vector<MIDIEndpointRef> gone = endpointsOf(lock, Direction::Destination);
+    const std::vector<PortDescription> present =
+        announcements_ == nullptr ? std::vector<PortDescription>()
+                                  : portsOf(announcements_->sequencer(), input_.client());
+    const bool changed = list_.follow(present, news_.exited);
+    news_ = {};
+    coalescer_.clear();
+    sources_ = endpointsOf(lock, Direction::Source);
+    destinations_ = endpointsOf(lock, Direction::Destination);
+    for (const MIDIEndpointRef destination : gone) {
+        const bool isThere = std::find(destinations_.begin(), destinations_.end(), destination) !=
+                             destinations_.end();
+        if (!isThere) {
+            output_.forget(destination);
+        }
+    }
+    if (changed) {
+        makeDue(lock);
+    }
+}
+
+void AlsaMidiService::loseSequencer(const Lock& lock) {
+    announcements_.reset();
+    follow(lock);
+}
+
+void AlsaMidiService::makeDue(const Lock&) {
+    for (auto& [handle, client] : clients_) {
+        client.changeDue = true;
+    }
+}
+
+void AlsaMidiService::takingChanged(MIDIEndpointRef destination, bool takesData) {
+    const Lock lock(mutex_);
+    if (list_.setOffline(destination, !takesData)) {
+        makeDue(lock);
+        wakeUp();
+    }
+}
+
+void AlsaMidiService::notifyDue(Lock& lock) {
+    std::vector<Client> due;
+    for (auto& [handle, client] : clients_) {
+        if (client.changeDue) {
+            client.changeDue = false;
+            due.push_back(client);
+        }
+    }
+    lock.unlock();
+    const MIDINotification message{kMIDIMsgSetupChanged, sizeof(MIDINotification)};
+    for (const Client& client : due) {
+        if (client.notify != nullptr) {
+            client.notify(&message, client.refCon);
+        }
+    }
+    lock.lock();
+}
+
+void AlsaMidiService::rescan() {
+    Lock lock(mutex_);
+    if (clients_.empty()) {
+        return;
+    }
+    if (announcements_ == nullptr) {
+        static_cast<void>(openSequencerIfClosed(lock));
+    } else {
+        hear(lock);
+        follow(lock);
+    }
+    notifyDue(lock);
+}
+
+void AlsaMidiService::dispatch() {
+    Lock lock(mutex_);
+    drain(wakeUp_);
+    drain(timer_);
+    hear(lock);
+    if (const auto wait = coalescer_.dueIn(std::chrono::steady_clock::now())) {
+        if (*wait > Coalescer::Duration::zero()) {
+            startTimer(timer_, *wait);
+        } else {
+            follow(lock);
+        }
+    }
+    notifyDue(lock);
+}
+
+}  // namespace platform::alsa
