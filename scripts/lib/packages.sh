@@ -15,8 +15,9 @@
         fonts-dejavu-core
     )
     packages_to_test=(
-        libgtest-dev libgmock-dev
+        libgtest-dev libgmock-dev libxcb1-dev
         clang-format clang-tidy
+        openbox xdotool x11-utils
     )
     packages_to_measure=(
         libgtest-dev libgmock-dev

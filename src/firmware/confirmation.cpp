@@ -106,8 +106,9 @@ shell::Confirmation confirmationOf(const FirmwareState& state, const UploadOutpu
     content.advice =
         "Until the upload has ended, leave the controller connected and switched on. The window "
         "shows how far it is, and takes no clicks meanwhile.\n\n"
-        "Should it be cut off, nothing is lost: the controller waits in its update mode. Start "
-        "again at step 3.";
+        "Should it be cut off, the controller is not lost: it waits in its update mode. Start "
+        "again "
+        "at step 3.";
     return content;
 }
 

@@ -35,8 +35,7 @@ FirmView::FirmView(firmware::firm& controller)
         1,
         {QStringLiteral("Send the controller into its update mode"),
          QStringLiteral("Connect the controller, choose its output and send it the message."),
-         QStringLiteral("It stops playing and waits for firmware. Does it wait already? Go on with "
-                        "step 3.")},
+         QStringLiteral("It then waits for firmware. If it does so already, go on with step 3.")},
         controller.updateButton, QStringLiteral("update"), QStringLiteral("&Update Mode"));
     steps_[1] = makeStep(
         2,

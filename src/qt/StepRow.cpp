@@ -10,7 +10,8 @@ namespace {
 constexpr int badgeSize = 26;
 constexpr int padding = 10;
 constexpr double corner = 6;
-constexpr double tint = 0.16;  // how much of the highlight is in the background
+constexpr float tint = 0.16F;      // how much of the highlight is in the background
+constexpr float faintness = 0.4F;  // how much of the text's colour is in a line that is less
 
 }  // namespace
 
@@ -55,13 +56,15 @@ void StepRow::paintEvent(QPaintEvent*) {
     const QColor highlight = palette().color(QPalette::Highlight);
     if (next_) {
         QColor background = highlight;
-        background.setAlphaF(static_cast<float>(tint));
+        background.setAlphaF(tint);
         painter.setPen(QPen(highlight, 1));
         painter.setBrush(background);
         painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), corner, corner);
     }
     const QRectF badge(padding, padding, badgeSize, badgeSize);
-    painter.setPen(QPen(next_ ? highlight : palette().color(QPalette::Mid), 1));
+    QColor faint = palette().color(QPalette::WindowText);
+    faint.setAlphaF(faintness);
+    painter.setPen(QPen(next_ ? highlight : faint, 1));
     painter.setBrush(next_ ? QBrush(highlight) : QBrush(Qt::NoBrush));
     painter.drawEllipse(badge);
     QFont bold = font();

@@ -1,12 +1,16 @@
 #include "qt/EveryWindow.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QFile>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include "app/Demo.h"
 #include "app/Robot.h"
-#include "shell/message.h"
+#include "firmware/firm.h"
+#include "firmware/readImage.h"
 
 namespace tests {
 
@@ -86,14 +90,71 @@ void showAbout(app::Demo& demo, const Visit& visit) {
     qFatal("The about window did not open");
 }
 
-void showMessage(app::Demo& demo, const Visit& visit) {
-    std::uint8_t answer = 0;
-    shell::message message(demo.desktop, answer);
-    whenDialogOpens(QStringLiteral("Firmware Update"), [&visit](QDialog& dialog) {
-        show(dialog, "message", visit);
+/// Opens the firmware window; `person` must close it.
+void openFirmware(app::Demo& demo, std::function<void(QDialog&)> person) {
+    whenDialogOpens(QStringLiteral("Firmware Upgrade"), std::move(person));
+    demo.editor.view.findChild<QAction*>(QStringLiteral("actionFirmwareUpdate"))->trigger();
+}
+
+/// The confirmation that Upload asks for, which is cancelled.
+void showMessage(const QDialog& firmware, const char* name, const Visit& visit) {
+    whenDialogOpens(QStringLiteral("Firmware Update"), [name, &visit](QDialog& dialog) {
+        show(dialog, name, visit);
         press(dialog, Qt::Key_Escape);
     });
-    demo.desktop.runModalForWindow(message);
+    click(find(firmware, "upload"));
+}
+
+/// What the window looks like in the middle of an upload.
+void showUpload(app::Demo& demo, const Visit& visit) {
+    firmware::firm controller(demo.editor.firmware, demo.editor.devices, demo.desktop);
+    whenDialogOpens(QStringLiteral("Firmware Upgrade"), [&](QDialog& dialog) {
+        controller.progress.setMaxValue(79);
+        controller.progress.setDoubleValue(31);
+        controller.step5.setStringValue("39 %, block 31 of 79, 56 s left");
+        show(dialog, "firmware-upload", visit);
+        press(dialog, Qt::Key_Escape);
+    });
+    demo.desktop.runModalForWindow(controller);
+}
+
+/// A firmware file of this size; what is in it does not matter here.
+void chooseFile(app::Demo& demo, const QTemporaryDir& folder, const char* name, qsizetype size) {
+    QFile file(folder.filePath(QString::fromLatin1(name)));
+    if (!file.open(QIODevice::WriteOnly) || file.write(QByteArray(size, 'f')) != size) {
+        qFatal("%s cannot be written", name);
+    }
+    file.close();
+    (void)firmware::readImage(file.fileName().toStdString(), demo.editor.firmware);
+}
+
+void showFirmware(app::Demo& demo, const Visit& visit) {
+    const QTemporaryDir folder;
+    openFirmware(demo, [&](QDialog& dialog) {
+        show(dialog, "firmware", visit);
+        press(dialog, Qt::Key_Escape);
+    });
+    demo.tormelk.receive(firmware::update);
+    demo.editor.devices.midi_device_open = 1;
+    demo.editor.firmware.lastStepDone = 4;
+    chooseFile(demo, folder, "tormelk_2.bin", 40000);
+    openFirmware(demo, [&](QDialog& dialog) {
+        show(dialog, "firmware-ready", visit);
+        demo.destination.setConnectedPrograms({"Recorder"});
+        showMessage(dialog, "message", visit);
+        demo.destination.setConnectedPrograms({});
+        chooseFile(demo, folder, "tormelk_far_too_large.bin", 60000);
+        showMessage(dialog, "message-warning", visit);
+        press(dialog, Qt::Key_Escape);
+    });
+    chooseFile(demo, folder, "tormelk_2.bin", 40000);
+    showUpload(demo, visit);
+    show(demo.simulatorView, "simulator-update", visit);
+    demo.editor.firmware.lastStepDone = 5;
+    openFirmware(demo, [&](QDialog& dialog) {
+        show(dialog, "firmware-done", visit);
+        press(dialog, Qt::Key_Escape);
+    });
 }
 
 void showEmptyDeviceDialog(app::Demo& demo, const Visit& visit) {
@@ -121,7 +182,7 @@ void forEveryWindow(const Visit& visit) {
     show(demo.simulatorView, "simulator", visit);
     showPadEditor(demo, visit);
     showAbout(demo, visit);
-    showMessage(demo, visit);
+    showFirmware(demo, visit);
     showEmptyDeviceDialog(demo, visit);
 }
 

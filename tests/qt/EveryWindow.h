@@ -6,7 +6,8 @@
 namespace tests {
 
 /// Opens each window of the editor in turn, in a telling state, and shows it to `visit` with a name
-/// for it: "main", "seldev", "about", "message", "pad", "simulator", "alert" and variants of them.
+/// for it: "main", "seldev", "about", "message", "pad", "simulator", "firmware", "alert" and
+/// variants of them.
 void forEveryWindow(const std::function<void(QWidget& window, const QString& name)>& visit);
 
 }  // namespace tests

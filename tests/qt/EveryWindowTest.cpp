@@ -82,7 +82,8 @@ TEST(EveryWindow, ShowsTheTextOfAChoiceInFullWhereItIsShort) {
 TEST(EveryWindow, IsOneOfTheWindowsThereAre) {
     std::set<std::string> seen;
     forEveryWindow([&seen](QWidget&, const QString& name) { seen.insert(name.toStdString()); });
-    for (const char* window : {"main", "seldev", "about", "message", "pad", "simulator", "alert"}) {
+    for (const char* window :
+         {"main", "seldev", "about", "message", "pad", "simulator", "firmware", "alert"}) {
         EXPECT_TRUE(seen.contains(window)) << window;
     }
 }

@@ -1,0 +1,124 @@
+// How long a firmware upload takes beyond the pauses it is made of, and what it costs the
+// processor, in the real window with its real pauses.
+
+#include <sys/resource.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QTest>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <random>
+
+#include "app/Editor.h"
+#include "app/Robot.h"
+#include "app/identity.h"
+#include "firmware/pace.h"
+#include "platform/software/SoftwareMidiService.h"
+#include "simulator/SimulatedController.h"
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using Seconds = std::chrono::duration<double>;
+
+constexpr std::size_t imageSize = 40000;
+constexpr double mostTimesThePauses = 1.02;
+constexpr double mostProcessorTime = 3;
+
+double processorTime() {
+    rusage usage{};
+    ::getrusage(RUSAGE_SELF, &usage);
+    return static_cast<double>(usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) +
+           static_cast<double>(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e6;
+}
+
+const char* verdict(bool met) {
+    return met ? "met" : "MISSED";
+}
+
+/// An image, as if its file had been opened, and the device chosen.
+void prepare(app::Editor& editor) {
+    std::mt19937 random(1);
+    firmware::FirmwareState& state = editor.firmware;
+    for (std::size_t i = 0; i < imageSize; ++i) {
+        state.midi_program_hex.at(i) = static_cast<std::uint8_t>(random());
+    }
+    state.len = imageSize;
+    state.midi_program_hex_len = imageSize;
+    state.m_bin_file = 1;
+    state.chosenFile = {"tormelk.bin", imageSize, firmware::ChosenFile::Verdict::Accepted};
+    state.heldFile = state.chosenFile;
+    editor.devices.chosen.g_outDevice =
+        editor.midiProcess.sharedInstance().realDestinations().front().get();
+    editor.devices.midi_device_open = 1;
+}
+
+struct Cost {
+    double seconds = 0;
+    double processorSeconds = 0;
+};
+
+/// Presses Upload and OK; timed from there to the word that it is completed.
+Cost upload(app::Editor& editor) {
+    Clock::time_point start;
+    double processorBefore = 0;
+    Cost cost;
+    app::robot::whenDialogOpens(QStringLiteral("Firmware Upgrade"), [&](QDialog& window) {
+        app::robot::whenDialogOpens(QStringLiteral("Firmware Update"), [&](QDialog& question) {
+            app::robot::whenDialogOpens(QStringLiteral("Upload"), [&](QDialog& alert) {
+                cost = {Seconds(Clock::now() - start).count(), processorTime() - processorBefore};
+                app::robot::press(alert, Qt::Key_Enter);
+            });
+            start = Clock::now();
+            processorBefore = processorTime();
+            app::robot::click(app::robot::find(question, "ok"));
+        });
+        app::robot::click(app::robot::find(window, "upload"));
+        app::robot::press(window, Qt::Key_Escape);
+    });
+    editor.view.findChild<QAction*>(QStringLiteral("actionFirmwareUpdate"))->trigger();
+    return cost;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    const QApplication application(count, arguments);
+    app::setIdentity();
+    platform::software::SoftwareMidiService midiService;
+    platform::software::Destination& destination =
+        midiService.addDevice("Tormelk").addDestination("Tormelk");
+    destination.keepReceived(false);
+    simulator::SimulatedController tormelk;
+    destination.onReceive([&tormelk](const platform::MIDIPacketList& list) {
+        platform::forEachPacket(list, [&](std::uint64_t, std::span<const std::uint8_t> bytes) {
+            tormelk.receive(bytes);
+        });
+    });
+    qt::QtDesktop desktop([](int) {});
+    app::Editor editor(midiService, desktop);
+    editor.show();
+    (void)QTest::qWaitForWindowExposed(&editor.view);
+    tormelk.receive(firmware::update);
+    prepare(editor);
+
+    const double pauses = firmware::timeOfUpload(firmware::blocksFor(imageSize)).count();
+    std::printf("Uploading a firmware of %zu bytes: its pauses alone are %.3f s\n", imageSize,
+                pauses);
+    std::fflush(stdout);
+    const Cost cost = upload(editor);
+    if (tormelk.firmware().blocks() != firmware::blocksFor(imageSize)) {
+        std::printf("  It did NOT ARRIVE whole.\n");
+        return EXIT_FAILURE;
+    }
+    std::printf("  took %.3f s: %.4f times the pauses; the aim is %.2f: %s\n", cost.seconds,
+                cost.seconds / pauses, mostTimesThePauses,
+                verdict(cost.seconds <= mostTimesThePauses * pauses));
+    std::printf("  the program's own processor time was %.2f s; the aim is %.0f s: %s\n",
+                cost.processorSeconds, mostProcessorTime,
+                verdict(cost.processorSeconds < mostProcessorTime));
+    return EXIT_SUCCESS;
+}
