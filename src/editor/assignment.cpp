@@ -1,5 +1,6 @@
 #include "editor/assignment.h"
 
+#include <algorithm>
 #include <array>
 
 #include "tables/data.h"
@@ -185,6 +186,24 @@ std::string Assignment::shortText() const {
 
 std::string Assignment::channelText() const {
     return "ch " + std::to_string(channel + 1);
+}
+
+std::pair<std::string, std::string> Assignment::faceLines() const {
+    const std::string text = shortText();
+    if (hostFunction.empty()) {
+        return {text, channelText()};
+    }
+    std::pair<std::string, std::string> lines{text, ""};
+    std::size_t longest = text.size();
+    for (std::size_t blank = text.find(' '); blank != std::string::npos;
+         blank = text.find(' ', blank + 1)) {
+        const std::size_t longer = std::max(blank, text.size() - blank - 1);
+        if (longer < longest) {
+            longest = longer;
+            lines = {text.substr(0, blank), text.substr(blank + 1)};
+        }
+    }
+    return lines;
 }
 
 std::string Assignment::fullText() const {

@@ -4,25 +4,15 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "qt/contrast.h"
+
 namespace qt {
-
-namespace {
-
-/// A colour between two, `share` of the way to the second.
-QColor between(const QColor& from, const QColor& to, qreal share) {
-    const auto mix = [share](int a, int b) {
-        return static_cast<int>(static_cast<qreal>(a) + static_cast<qreal>(b - a) * share);
-    };
-    return {mix(from.red(), to.red()), mix(from.green(), to.green()), mix(from.blue(), to.blue())};
-}
-
-}  // namespace
 
 ControlButton::ControlButton(toolkit::Button& model, Shape shape, const QString& caption,
                              QWidget* parent)
     : ButtonView(model, Kind::State, caption, parent), shape_(shape) {
     setAttribute(Qt::WA_Hover);
-    const bool stretches = shape == Shape::Fader || shape == Shape::Pad;
+    const bool stretches = shape == Shape::Pad;
     setSizePolicy(shape == Shape::Lamp ? QSizePolicy::Fixed : QSizePolicy::Expanding,
                   stretches ? QSizePolicy::Expanding : QSizePolicy::Fixed);
 }
@@ -34,12 +24,6 @@ QSize ControlButton::sizeHint() const {
     const int width = metrics.horizontalAdvance(text());
     const int height = metrics.height();
     switch (shape_) {
-        case Shape::Knob: {
-            const int side = std::max(width + 14, height * 3);
-            return {side, side};
-        }
-        case Shape::Fader:
-            return {width + 14, height * 8};
         case Shape::Pad:
             return {std::max(width + 16, height * 4), height * 3};
         case Shape::Lamp:
@@ -56,9 +40,6 @@ void ControlButton::paintEvent(QPaintEvent*) {
     painter.setFont(lettering());
     const Colours used = colours();
     drawBody(painter, used);
-    if (shape_ == Shape::Fader) {
-        drawFaderTrack(painter, used);
-    }
     drawCaption(painter, used);
     if (hasFocus()) {
         drawFocus(painter, used);
@@ -70,7 +51,8 @@ ControlButton::Colours ControlButton::colours() const {
     const bool lit = isChecked();
     const QColor lettering =
         all.color(lit && shape_ != Shape::Lamp ? QPalette::HighlightedText : QPalette::ButtonText);
-    QColor fill = lit ? all.color(QPalette::Highlight)
+    QColor fill = lit ? shadeFor(all.color(QPalette::Highlight),
+                                 all.color(QPalette::HighlightedText), readableContrast + 0.4)
                       : between(all.color(QPalette::Button), all.color(QPalette::Light), 0.5);
     if (isDown()) {
         fill = between(fill, lettering, 0.25);
@@ -90,10 +72,6 @@ QFont ControlButton::lettering() const {
 
 QRectF ControlButton::outline() const {
     const QRectF all = QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5);
-    if (shape_ == Shape::Knob) {
-        const qreal side = std::min(all.width(), all.height());
-        return {all.center().x() - side / 2, all.center().y() - side / 2, side, side};
-    }
     if (shape_ == Shape::Lamp) {
         const qreal side = all.height() * 0.6;
         return {all.left() + 1, all.center().y() - side / 2, side, side};
@@ -103,12 +81,10 @@ QRectF ControlButton::outline() const {
 
 qreal ControlButton::cornerRadius() const {
     switch (shape_) {
-        case Shape::Knob:
         case Shape::Lamp:
             return outline().width() / 2;
         case Shape::Pad:
             return 8;
-        case Shape::Fader:
         case Shape::Key:
             break;
     }
@@ -122,40 +98,17 @@ void ControlButton::drawBody(QPainter& painter, const Colours& colours) const {
              lit ? 2.0 : 1.0));
     painter.setBrush(colours.fill);
     painter.drawRoundedRect(outline(), cornerRadius(), cornerRadius());
-    if (shape_ == Shape::Knob) {  // the mark on its edge
-        const QRectF knob = outline();
-        painter.setPen(QPen(colours.lettering, 2.0, Qt::SolidLine, Qt::RoundCap));
-        painter.drawLine(QPointF(knob.center().x(), knob.top() + 4),
-                         QPointF(knob.center().x(), knob.top() + 9));
-    }
 }
 
 void ControlButton::drawCaption(QPainter& painter, const Colours& colours) const {
     painter.setPen(colours.lettering);
     QRectF room = rect();
     int alignment = Qt::AlignCenter;
-    if (shape_ == Shape::Fader) {
-        room.setBottom(room.bottom() - 6);
-        alignment = Qt::AlignHCenter | Qt::AlignBottom;
-    } else if (shape_ == Shape::Lamp) {
+    if (shape_ == Shape::Lamp) {
         room.setLeft(outline().right() + 6);
         alignment = Qt::AlignLeft | Qt::AlignVCenter;
     }
     painter.drawText(room, alignment | Qt::TextShowMnemonic, text());
-}
-
-void ControlButton::drawFaderTrack(QPainter& painter, const Colours& colours) const {
-    const QRectF room = outline().adjusted(0, 10, 0, -QFontMetrics(lettering()).height() - 12.0);
-    const qreal middle = room.center().x();
-    painter.setPen(
-        QPen(between(colours.fill, colours.lettering, 0.5), 3.0, Qt::SolidLine, Qt::RoundCap));
-    painter.drawLine(QPointF(middle, room.top()), QPointF(middle, room.bottom()));
-    const QRectF cap(middle - 12, room.top() + room.height() * 0.3, 24, 12);
-    painter.setPen(QPen(colours.lettering, 1.0));
-    painter.setBrush(between(colours.fill, colours.lettering, 0.2));
-    painter.drawRoundedRect(cap, 2, 2);
-    painter.drawLine(QPointF(cap.left() + 4, cap.center().y()),
-                     QPointF(cap.right() - 4, cap.center().y()));
 }
 
 void ControlButton::drawFocus(QPainter& painter, const Colours& colours) const {

@@ -4,12 +4,12 @@
 
 namespace qt {
 
-/// A button in the shape of what it stands for on the controller. Its colours are the palette's, so
-/// that it follows light and dark themes; one that is lit differs in its lettering and its frame
+/// A key, a pad or a lamp in a window beside the drawn controller. Its colours are the palette's,
+/// so that it follows light and dark themes; one that is lit differs in its lettering and its frame
 /// too, not in colour alone.
 class ControlButton final : public ButtonView {
 public:
-    enum class Shape { Knob, Key, Fader, Pad, Lamp };
+    enum class Shape { Key, Pad, Lamp };
 
     ControlButton(toolkit::Button& model, Shape shape, const QString& caption,
                   QWidget* parent = nullptr);
@@ -30,7 +30,6 @@ private:
     [[nodiscard]] QRectF outline() const;
     void drawBody(QPainter& painter, const Colours& colours) const;
     void drawCaption(QPainter& painter, const Colours& colours) const;
-    void drawFaderTrack(QPainter& painter, const Colours& colours) const;
     void drawFocus(QPainter& painter, const Colours& colours) const;
     [[nodiscard]] QFont lettering() const;
     [[nodiscard]] qreal cornerRadius() const;

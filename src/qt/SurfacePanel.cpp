@@ -1,149 +1,244 @@
 #include "qt/SurfacePanel.h"
 
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QVBoxLayout>
+#include <QEvent>
+#include <QFontInfo>
+#include <QKeyEvent>
+#include <QPainter>
 #include <algorithm>
+#include <cmath>
+#include <optional>
 
 #include "editor/assignment.h"
 #include "editor/controlNames.h"
-#include "qt/ControlButton.h"
+#include "qt/FaceAccess.h"
+#include "qt/FaceButton.h"
+#include "qt/SurfaceColours.h"
 #include "qt/asText.h"
-#include "qt/controlFaces.h"
+#include "qt/casePainting.h"
 #include "qt/widgets.h"
 
 namespace qt {
 
 namespace {
 
-constexpr int strips = 8;
-constexpr int buttonsOfAStrip = 4;
-constexpr int keysInARow = 4;
-constexpr int padsInARow = 3;
+/// Below this the lettering would be too small.
+constexpr qreal smallestUnit = 0.94;
 
-/// Makes all columns as wide as the widest.
-void evenOut(QGridLayout& grid) {
-    int widest = 0;
-    for (int i = 0; i < grid.count(); ++i) {
-        widest = std::max(widest, grid.itemAt(i)->widget()->sizeHint().width());
+Place placeOf(int place) {
+    if (place < firstModeLayerPlace) {
+        return placeOfTag(place);
     }
-    for (int column = 0; column < grid.columnCount(); ++column) {
-        grid.setColumnMinimumWidth(column, widest);
-        grid.setColumnStretch(column, 1);
+    return place < firstPadLayerPlace ? placeOfModeLayer(place - firstModeLayerPlace)
+                                      : placeOfPadLayer(place - firstPadLayerPlace);
+}
+
+std::optional<Move> moveOf(int key) {
+    switch (key) {
+        case Qt::Key_Left:
+            return Move::Left;
+        case Qt::Key_Right:
+            return Move::Right;
+        case Qt::Key_Up:
+            return Move::Up;
+        case Qt::Key_Down:
+            return Move::Down;
+        case Qt::Key_Home:
+            return Move::Home;
+        case Qt::Key_End:
+            return Move::End;
+        default:
+            return std::nullopt;
     }
 }
 
-QLabel* heading(const QString& caption) {
-    auto* label = new QLabel(caption);
-    label->setAlignment(Qt::AlignCenter);
-    return label;
+QSize planTimes(qreal unit) {
+    return {static_cast<int>(std::ceil(planSize.width() * unit)),
+            static_cast<int>(std::ceil(planSize.height() * unit))};
 }
 
 }  // namespace
 
 SurfacePanel::SurfacePanel(editor::MainWindow& window, const editor::EditorState& state,
                            QWidget* parent)
-    : QWidget(parent), window_(window), state_(state) {
-    auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(28);
-    layout->addWidget(makeStrips(), strips + 1);
-    layout->addWidget(makeKeysAndPads(), keysInARow);
+    : QWidget(parent), state_(state) {
+    describeFaces();
+    nameWidget(*this, QStringLiteral("surface"), QStringLiteral("Controller"));
+    setToolTip({});
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    addControls(window);
+    addLayers(window.moLaCtrls, firstModeLayerPlace, QStringLiteral("moLa"),
+              QStringLiteral("Mode layer"));
+    addLayers(window.paLaCtrls, firstPadLayerPlace, QStringLiteral("paLa"),
+              QStringLiteral("Pad layer"));
+    makeTabStop(faces_.front());
     refresh();
 }
 
-void SurfacePanel::refresh() {
+void SurfacePanel::addControls(editor::MainWindow& window) {
     int tag = 0;
-    for (QWidget* face : faces_) {
-        const int control = editor::controlOfTag(tag++);
-        const editor::Assignment assignment =
-            editor::assignmentOf(state_.sysData, editor::shownLayer(state_.layers, control),
-                                 state_.modes.machn_mod, control);
-        const QString sent = asText(assignment.fullText());
-        face->setAccessibleDescription(sent);
-        face->setToolTip(face->accessibleName() + QLatin1Char('\n') + sent);
+    for (toolkit::Button& model : window.keysOrderedByTag) {
+        const int control = editor::controlOfTag(tag);
+        addFace(model, tag, asText(editor::controlCaption(control)),
+                QStringLiteral("encoder%1").arg(tag), asText(editor::controlName(control)));
+        ++tag;
     }
 }
 
-QWidget* SurfacePanel::makeStrips() {
-    auto* panel = new QWidget;
-    auto* grid = new QGridLayout(panel);
-    grid->setContentsMargins(0, 0, 0, 0);
-    for (int strip = 0; strip < strips; ++strip) {
-        int row = 0;
-        grid->addWidget(heading(QString::number(strip + 1)), row++, strip);
-        addControl(*grid, config::firstEncoder + strip, row++, strip);
-        addControl(*grid, config::firstEncoderPush + strip, row++, strip);
-        for (int button = 0; button < buttonsOfAStrip; ++button) {
-            addControl(*grid, buttonsOfAStrip * strip + button, row++, strip);
-        }
-        addControl(*grid, config::firstFader + strip, row, strip);
-        grid->setRowStretch(row, 1);
-    }
-    const int faderRow = grid->rowCount() - 1;
-    grid->addWidget(heading(QStringLiteral("Master")), faderRow - 1, strips);
-    addControl(*grid, config::lastFader, faderRow, strips);
-    evenOut(*grid);
-    return panel;
-}
-
-QWidget* SurfacePanel::makeKeysAndPads() {
-    auto* panel = new QWidget;
-    auto* layout = new QVBoxLayout(panel);
-    layout->setContentsMargins(0, 0, 0, 0);
-
-    auto* keys = new QGridLayout;
-    int row = 0;
-    for (const int first : {config::firstLayerKey, config::firstTransportKey}) {
-        for (int key = 0; key < keysInARow; ++key) {
-            addControl(*keys, first + key, row, key);
-        }
-        ++row;
-    }
-    evenOut(*keys);
-    layout->addLayout(keys);
-
-    auto* layers = new QGridLayout;
-    addLayerButtons(*layers, 0, window_.moLaCtrls, QStringLiteral("Mode layer"),
-                    QStringLiteral("moLa"));
-    addLayerButtons(*layers, 1, window_.paLaCtrls, QStringLiteral("Pad layer"),
-                    QStringLiteral("paLa"));
-    layout->addSpacing(10);
-    layout->addLayout(layers);
-
-    auto* pads = new QGridLayout;
-    for (int position = 0; position < config::padCount; ++position) {
-        addControl(*pads, config::firstPad + position, position / padsInARow,
-                   position % padsInARow);
-    }
-    evenOut(*pads);
-    layout->addSpacing(10);
-    layout->addLayout(pads, 1);
-    return panel;
-}
-
-void SurfacePanel::addControl(QGridLayout& grid, int tag, int row, int column) {
-    const ControlFace face = faceOf(tag);
-    toolkit::Button& model = window_.keysOrderedByTag[static_cast<std::size_t>(tag)];
-    auto* button = new ControlButton(model, face.shape, face.caption);
-    nameWidget(*button, QStringLiteral("encoder%1").arg(tag), face.name);
-    grid.addWidget(button, row, column);
-    faces_.at(static_cast<std::size_t>(tag)) = button;
-}
-
-void SurfacePanel::addLayerButtons(QGridLayout& grid, int row,
-                                   std::array<toolkit::Button, 4>& buttons, const QString& caption,
-                                   const QString& outlet) {
-    grid.addWidget(new QLabel(caption), row, 0);
-    int number = 1;
+void SurfacePanel::addLayers(std::array<toolkit::Button, 4>& buttons, int firstPlace,
+                             const QString& outlet, const QString& name) {
+    int index = 0;
     for (toolkit::Button& model : buttons) {
-        auto* button = new ControlButton(model, ControlButton::Shape::Key, QString::number(number));
-        nameWidget(*button, outlet + QString::number(number),
-                   QStringLiteral("%1 %2").arg(caption).arg(number));
-        grid.addWidget(button, row, number);
-        grid.setColumnStretch(number, 1);
-        ++number;
+        const QString number = QString::number(index + 1);
+        addFace(model, firstPlace + index, number, outlet + number,
+                name + QLatin1Char(' ') + number);
+        ++index;
     }
+}
+
+FaceButton* SurfacePanel::addFace(toolkit::Button& model, int place, const QString& caption,
+                                  const QString& outlet, const QString& name) {
+    auto* face = new FaceButton(model, placeOf(place).shape, caption, this);
+    nameWidget(*face, outlet, name);
+    face->onFocus = [this, face] { makeTabStop(face); };
+    faces_.at(static_cast<std::size_t>(place)) = face;
+    return face;
+}
+
+void SurfacePanel::makeTabStop(FaceButton* face) {
+    if (tabStop_ == face) {
+        return;
+    }
+    if (tabStop_ != nullptr) {
+        tabStop_->setFocusPolicy(Qt::ClickFocus);
+    }
+    tabStop_ = face;
+    tabStop_->setFocusPolicy(Qt::StrongFocus);
+}
+
+FaceButton* SurfacePanel::selectedFace() const {
+    const auto* const end = faces_.begin() + firstModeLayerPlace;
+    const auto* const found =
+        std::find_if(faces_.begin(), end, [](const FaceButton* face) { return face->isChecked(); });
+    return found == end ? nullptr : *found;
+}
+
+void SurfacePanel::refresh() {
+    for (int tag = 0; tag < firstModeLayerPlace; ++tag) {
+        const int control = editor::controlOfTag(tag);
+        faces_.at(static_cast<std::size_t>(tag))
+            ->showAssignment(editor::assignmentOf(state_.sysData,
+                                                  editor::shownLayer(state_.layers, control),
+                                                  state_.modes.machn_mod, control));
+    }
+    FaceButton* selected = selectedFace();
+    const int focused = placeWithFocus();
+    if (selected == nullptr || focused >= firstModeLayerPlace) {
+        return;
+    }
+    if (focused >= 0) {
+        selected->setFocus(Qt::OtherFocusReason);
+    }
+    makeTabStop(selected);
+}
+
+int SurfacePanel::placeWithFocus() const {
+    const auto* const found = std::find_if(faces_.begin(), faces_.end(),
+                                           [](const FaceButton* face) { return face->hasFocus(); });
+    return found == faces_.end() ? -1 : static_cast<int>(found - faces_.begin());
+}
+
+void SurfacePanel::keyPressEvent(QKeyEvent* event) {
+    const int place = placeWithFocus();
+    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    const std::optional<Move> wanted = moveOf(event->key());
+    if (place >= 0 && plain && wanted) {
+        move(place, *wanted);
+    } else if (place < 0 || !pressLayer(*event)) {
+        event->ignore();
+    }
+}
+
+void SurfacePanel::move(int place, Move move) {
+    const int target = placeAfter(place, move);
+    if (target == place) {
+        return;
+    }
+    FaceButton* face = faces_.at(static_cast<std::size_t>(target));
+    face->setFocus(Qt::OtherFocusReason);
+    if (target < firstModeLayerPlace) {
+        face->click();
+    }
+}
+
+bool SurfacePanel::pressLayer(const QKeyEvent& event) {
+    const int layer = event.key() - Qt::Key_1;
+    const auto modifiers = event.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
+    const bool forPads = modifiers == Qt::AltModifier;
+    if (!editor::isLayer(layer) || (modifiers != Qt::NoModifier && !forPads)) {
+        return false;
+    }
+    const int place = layer + (forPads ? firstPadLayerPlace : firstModeLayerPlace);
+    faces_.at(static_cast<std::size_t>(place))->click();
+    return true;
+}
+
+qreal SurfacePanel::unit() const {
+    return std::min(width() / planSize.width(), height() / planSize.height());
+}
+
+QPointF SurfacePanel::corner() const {
+    const QSizeF drawn = planSize * unit();
+    return {std::floor((width() - drawn.width()) / 2), std::floor((height() - drawn.height()) / 2)};
+}
+
+void SurfacePanel::arrange() {
+    const qreal scale = unit();
+    const QPointF origin = corner();
+    int place = 0;
+    for (FaceButton* face : faces_) {
+        const QRectF room =
+            placeOf(place++).room.adjusted(-faceMargin, -faceMargin, faceMargin, faceMargin);
+        face->setUnit(scale);
+        face->setGeometry(QRectF(origin + room.topLeft() * scale, room.size() * scale).toRect());
+    }
+    case_ = {};
+}
+
+QSize SurfacePanel::sizeHint() const {
+    constexpr qreal usualLettering = 13;  // pixels of a desktop's font
+    const qreal lettering = QFontInfo(font()).pixelSize();
+    return planTimes(std::clamp(lettering / usualLettering, 1.0, 1.5));
+}
+
+QSize SurfacePanel::minimumSizeHint() const {
+    return planTimes(smallestUnit);
+}
+
+void SurfacePanel::paintEvent(QPaintEvent*) {
+    if (case_.isNull()) {
+        const qreal ratio = devicePixelRatioF();
+        case_ = QPixmap((QSizeF(size()) * ratio).toSize());
+        case_.setDevicePixelRatio(ratio);
+        case_.fill(Qt::transparent);
+        QPainter painter(&case_);
+        painter.translate(corner());
+        paintCase(painter, unit(), font(), SurfaceColours(palette()));
+    }
+    QPainter(this).drawPixmap(0, 0, case_);
+}
+
+void SurfacePanel::resizeEvent(QResizeEvent*) {
+    arrange();
+}
+
+void SurfacePanel::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange ||
+        event->type() == QEvent::StyleChange) {
+        case_ = {};
+        updateGeometry();
+        update();
+    }
+    QWidget::changeEvent(event);
 }
 
 }  // namespace qt

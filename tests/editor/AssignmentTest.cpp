@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <string>
+#include <utility>
+
 #include "editor/TestEditor.h"
 
 namespace editor {
@@ -136,6 +140,18 @@ TEST(Assignment, SaysWhatIsSentWhereTheHostHasNoFunctionForIt) {
     EXPECT_EQ(sent(0x0E, 0, 56, 56, huiMode).shortText(), "Pitch");
     EXPECT_EQ(sent(0x09, 0, 10, 9, userDefinedMode).shortText(), "A#-1");
     EXPECT_EQ(sent(0x09, 0, 10, 9, 6).shortText(), "A#-1");
+}
+
+TEST(Assignment, FillsTheTwoLinesOfAFace) {
+    using Lines = std::pair<std::string, std::string>;
+    EXPECT_EQ(sent(0x0B, 2, 16).faceLines(), Lines("CC 16", "ch 3"));
+    EXPECT_EQ(sent(0x0E, 8, 64, 64).faceLines(), Lines("Pitch", "ch 9"));
+    EXPECT_EQ(sent(0x09, 0, 10, 9, nuendoMode).faceLines(), Lines("SOLO", "CH.3"));
+    EXPECT_EQ(sent(0x09, 0, 94, 9, nuendoMode).faceLines(), Lines("PLAY", ""));
+    EXPECT_EQ(sent(0x09, 0, 46, 9, nuendoMode).faceLines(), Lines("BANK", "Left"));
+    EXPECT_EQ(sent(0x09, 0, 46, 9, liveMode).faceLines(), Lines("PADER", "BANKS <<"));
+    EXPECT_EQ(sent(0x09, 0, 78, 9, liveMode).faceLines(), Lines("Show/clip", "detail view"));
+    EXPECT_EQ(sent(0x09, 0, 10, 9, huiMode).faceLines(), Lines("A#-1", "ch 1"));
 }
 
 TEST(Assignment, SendsAnUnknownMessageWhereThereIsNoSuchControlOrLayer) {

@@ -145,9 +145,10 @@ TEST_F(MainWindowViewTest, CaptionsTheControlsByTheirFactoryRoles) {
     EXPECT_EQ(captionsOf({32, 33, 34, 35}),
               QStringLiteral("Ch Left,Ch Right,Bank Left,Bank Right"));
     EXPECT_EQ(captionsOf({36, 37, 38, 39}), QStringLiteral("Play,Stop,Rewind,Fast Fwd"));
-    EXPECT_EQ(captionsOf({40, 48, 56, 64}), QStringLiteral("Push,Enc,Fader,Fader"));
+    EXPECT_EQ(captionsOf({40, 48, 56, 64}), QStringLiteral("Push,Encoder,Fader,Fader"));
     EXPECT_EQ(captionsOf({65, 73}), QStringLiteral("Pad 1,Pad 9"));
-    EXPECT_EQ(button(QStringLiteral("encoder22")).accessibleName(), QStringLiteral("Strip 6 mute"));
+    EXPECT_EQ(button(QStringLiteral("encoder22")).accessibleName(),
+              QStringLiteral("Strip 6, Mute"));
     EXPECT_EQ(button(QStringLiteral("encoder64")).accessibleName(), QStringLiteral("Master fader"));
 }
 

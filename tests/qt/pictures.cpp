@@ -11,13 +11,14 @@
 #include <cstdio>
 
 #include "qt/EveryWindow.h"
+#include "qt/SurfaceEditor.h"
 #include "qt/palettes.h"
 
 namespace {
 
 bool writePictures(const QDir& folder, const QString& theme, const QString& suffix) {
     bool written = true;
-    tests::forEveryWindow([&](QWidget& window, const QString& name) {
+    const auto write = [&](QWidget& window, const QString& name) {
         const QString file =
             folder.filePath(QStringLiteral("%1-%2-%3.png").arg(name, theme, suffix));
         const QPixmap picture = window.grab();
@@ -25,7 +26,10 @@ bool writePictures(const QDir& folder, const QString& theme, const QString& suff
             std::fprintf(stderr, "cannot write %s\n", qUtf8Printable(file));
             written = false;
         }
-    });
+    };
+    tests::forEverySurface(
+        [&](tests::SurfaceEditor& editor, const QString& name) { write(editor.panel, name); });
+    tests::forEveryWindow(write);
     return written;
 }
 

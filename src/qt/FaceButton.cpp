@@ -1,0 +1,71 @@
+#include "qt/FaceButton.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include "qt/asText.h"
+#include "qt/facePainting.h"
+
+namespace qt {
+
+FaceButton::FaceButton(toolkit::Button& model, FaceShape shape, const QString& caption,
+                       QWidget* parent)
+    : ButtonView(model, Kind::State, caption, parent), shape_(shape) {
+    setAttribute(Qt::WA_Hover);
+    setFocusPolicy(Qt::ClickFocus);
+}
+
+void FaceButton::showAssignment(const editor::Assignment& assignment) {
+    if (assignment == assignment_ && !accessibleDescription().isEmpty()) {
+        return;
+    }
+    assignment_ = assignment;
+    const QString sent = asText(assignment.fullText());
+    setAccessibleDescription(sent);
+    setToolTip(accessibleName() + QLatin1Char('\n') + sent);
+    update();
+}
+
+void FaceButton::setUnit(qreal unit) {
+    unit_ = unit;
+    update();
+}
+
+void FaceButton::paintEvent(QPaintEvent*) {
+    FaceLook look;
+    look.shape = shape_;
+    look.room = rect();
+    look.unit = unit_;
+    look.font = font();
+    look.caption = text();
+    look.assignment = assignment_;
+    look.isChecked = isChecked();
+    look.isEnabled = isEnabled();
+    look.isHovered = underMouse() && isEnabled();
+    look.isHeld = isDown();
+    look.hasFocus = hasFocus();
+    QPainter painter(this);
+    paintFace(painter, look, SurfaceColours(palette()));
+}
+
+void FaceButton::keyPressEvent(QKeyEvent* event) {
+    const bool enters = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+    if (enters && plain) {
+        click();
+    } else if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Select) {
+        ButtonView::keyPressEvent(event);
+    } else {
+        event->ignore();
+    }
+}
+
+void FaceButton::focusInEvent(QFocusEvent* event) {
+    ButtonView::focusInEvent(event);
+    if (onFocus) {
+        onFocus();
+    }
+}
+
+}  // namespace qt

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <functional>
+
+#include "editor/assignment.h"
+#include "qt/ButtonView.h"
+#include "qt/SurfaceColours.h"
+#include "qt/surfacePlan.h"
+
+namespace qt {
+
+/// One control of the drawn controller: an encoder, a key, a fader, a pad or a layer button. It
+/// shows what the control sends; selected, lit, under the mouse, held, with the keyboard and
+/// switched off look different in shape as well as in colour. It is drawn to the scale that its
+/// panel gives it, and leaves the keys that lead elsewhere to the panel.
+class FaceButton final : public ButtonView {
+public:
+    FaceButton(toolkit::Button& model, FaceShape shape, const QString& caption,
+               QWidget* parent = nullptr);
+
+    /// Shows what the control sends. Nothing is painted afresh where it is what is shown already.
+    void showAssignment(const editor::Assignment& assignment);
+    [[nodiscard]] const editor::Assignment& assignment() const { return assignment_; }
+    [[nodiscard]] FaceShape shape() const { return shape_; }
+
+    /// Pixels a unit of the drawing.
+    void setUnit(qreal unit);
+
+    /// Called when the face gets the keyboard.
+    std::function<void()> onFocus;
+
+    [[nodiscard]] QSize sizeHint() const override { return {8, 8}; }  // its panel places it
+    [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+
+private:
+    FaceShape shape_;
+    editor::Assignment assignment_;
+    qreal unit_ = 1;
+};
+
+}  // namespace qt

@@ -1,0 +1,66 @@
+#include "qt/SurfaceColours.h"
+
+#include "qt/contrast.h"
+
+namespace qt {
+
+namespace {
+
+constexpr int hues = 360;
+
+/// How far around the colour circle a kind's hue lies from the theme's accent.
+int turnOf(editor::MessageKind kind) {
+    switch (kind) {
+        case editor::MessageKind::Note:
+            return 185;
+        case editor::MessageKind::ControlChange:
+            return 0;
+        case editor::MessageKind::ProgramChange:
+            return 85;
+        case editor::MessageKind::PitchBend:
+            return 290;
+        case editor::MessageKind::Unknown:
+            break;
+    }
+    return 150;
+}
+
+}  // namespace
+
+SurfaceColours::SurfaceColours(const QPalette& palette) {
+    const QColor window = palette.color(QPalette::Active, QPalette::Window);
+    const QColor text = palette.color(QPalette::Active, QPalette::WindowText);
+    const QColor button = palette.color(QPalette::Active, QPalette::Button);
+    const bool dark = window.lightness() < text.lightness();
+
+    body = dark ? between(window, Qt::black, 0.25) : between(window, text, 0.11);
+    bodyEdge = between(body, text, 0.30);
+    plate = dark ? between(body, text, 0.07) : between(body, text, 0.05);
+    engraving = shadeFor(between(plate, text, 0.78), plate, readableContrast + 0.3);
+    face = dark ? between(button, text, 0.10) : between(button, Qt::white, 0.75);
+    faceHovered = dark ? between(face, text, 0.14) : Qt::white;
+    lettering = shadeFor(palette.color(QPalette::Active, QPalette::ButtonText), face, 7.0);
+    facePressed = between(face, lettering, 0.16);
+    lesserLettering = shadeFor(between(face, lettering, 0.72), facePressed, readableContrast + 0.3);
+    edge = shadeFor(between(face, text, 0.35), plate, 1.8);
+    groove = dark ? between(body, Qt::black, 0.5) : between(body, text, 0.45);
+    selectedLettering = palette.color(QPalette::Active, QPalette::HighlightedText);
+    selected = shadeFor(palette.color(QPalette::Active, QPalette::Highlight), selectedLettering,
+                        readableContrast + 0.4);
+    accent = shadeFor(selected, face, visibleContrast + 0.3);
+    focus = shadeFor(text, plate, 7.0);
+    disabledLettering = shadeFor(between(plate, text, 0.5), plate, readableContrast + 0.1);
+
+    const int hue = palette.color(QPalette::Active, QPalette::Highlight).hslHue();
+    constexpr int blue = 205;
+    accentHue_ = hue < 0 ? blue : hue;  // a grey accent has no hue to start from
+}
+
+QColor SurfaceColours::kind(editor::MessageKind kind, const QColor& background) const {
+    const bool dark = background.lightness() < 128;
+    const int hue = (accentHue_ + turnOf(kind)) % hues;
+    const QColor wanted = QColor::fromHsl(hue, dark ? 170 : 190, dark ? 165 : 100);
+    return shadeFor(wanted, background, visibleContrast + 0.6);
+}
+
+}  // namespace qt

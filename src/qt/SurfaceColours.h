@@ -1,0 +1,40 @@
+#pragma once
+
+// The colours of the drawn controller. All of them come from a palette's roles, so that they fit a
+// light theme and a dark one and any accent; lettering is shaded until it can be read.
+
+#include <QColor>
+#include <QPalette>
+
+#include "editor/assignment.h"
+
+namespace qt {
+
+struct SurfaceColours {
+    explicit SurfaceColours(const QPalette& palette);
+
+    /// A message kind's own colour, to be seen on this background.
+    [[nodiscard]] QColor kind(editor::MessageKind kind, const QColor& background) const;
+
+    QColor body;             ///< the controller's case
+    QColor bodyEdge;         ///< its outline
+    QColor plate;            ///< a strip or group on the case
+    QColor engraving;        ///< lettering on case and plates
+    QColor face;             ///< a key's top
+    QColor faceHovered;      ///< under the mouse
+    QColor facePressed;      ///< held down
+    QColor edge;             ///< a key's outline
+    QColor groove;           ///< a fader's slot, what lies deeper than the case
+    QColor lettering;        ///< on faces
+    QColor lesserLettering;  ///< the second line on faces
+    QColor selected;         ///< the face of the selected control
+    QColor selectedLettering;
+    QColor accent;  ///< lamps and outlines on and around faces
+    QColor focus;   ///< the ring around what has the keyboard
+    QColor disabledLettering;
+
+private:
+    int accentHue_;
+};
+
+}  // namespace qt

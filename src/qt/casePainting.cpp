@@ -1,0 +1,92 @@
+#include "qt/casePainting.h"
+
+#include <QLinearGradient>
+#include <array>
+#include <utility>
+
+#include "qt/contrast.h"
+#include "qt/fittedText.h"
+#include "qt/signs.h"
+#include "qt/surfacePlan.h"
+
+namespace qt {
+
+namespace {
+
+constexpr qreal engravingSize = 11;
+
+QRectF scaled(const QRectF& room, qreal unit) {
+    return {room.topLeft() * unit, room.size() * unit};
+}
+
+void paintBody(QPainter& painter, qreal unit, const SurfaceColours& colours) {
+    const QRectF body =
+        scaled(QRectF(QPointF(0, 0), planSize), unit).adjusted(0.5, 0.5, -0.5, -0.5);
+    QLinearGradient light(body.topLeft(), body.bottomLeft());
+    light.setColorAt(0, between(colours.body, Qt::white, 0.04));
+    light.setColorAt(1, colours.body);
+    painter.setPen(QPen(colours.bodyEdge, 1));
+    painter.setBrush(light);
+    painter.drawRoundedRect(body, caseRadius * unit, caseRadius * unit);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colours.plate);
+    for (const QRectF& plate : plates()) {
+        painter.drawRoundedRect(scaled(plate, unit), plateRadius * unit, plateRadius * unit);
+    }
+}
+
+void letter(QPainter& painter, const QRectF& room, const QString& text, Qt::Alignment alignment,
+            const QFont& font, qreal size) {
+    const FittedText fitted = fitText(text, font, size, room.width());
+    painter.setFont(fitted.font);
+    painter.drawText(room, static_cast<int>(alignment), fitted.text);
+}
+
+void paintSignKey(QPainter& painter, qreal unit, const QFont& font, const SurfaceColours& colours) {
+    using editor::MessageKind;
+    const std::array<std::pair<MessageKind, QString>, 4> kinds = {{
+        {MessageKind::Note, QStringLiteral("Note")},
+        {MessageKind::ControlChange, QStringLiteral("Control")},
+        {MessageKind::ProgramChange, QStringLiteral("Program")},
+        {MessageKind::PitchBend, QStringLiteral("Pitch")},
+    }};
+    constexpr qreal textLeft = 17;
+    int row = 0;
+    const auto roomOfText = [unit](int index) {
+        return scaled(signKeyRow(index).adjusted(textLeft, 0, 0, 0), unit);
+    };
+    for (const auto& [kind, name] : kinds) {
+        const QRectF room = signKeyRow(row);
+        const QRectF sign(room.left() + 2, room.center().y() - kindSignSide / 2, kindSignSide,
+                          kindSignSide);
+        drawKindSign(painter, scaled(sign, unit), kind, colours.kind(kind, colours.body));
+        painter.setPen(colours.engraving);
+        letter(painter, roomOfText(row), name, Qt::AlignLeft | Qt::AlignVCenter, font,
+               engravingSize * unit);
+        ++row;
+    }
+    const QRectF room = signKeyRow(row);
+    const QRectF sign(room.left(), room.center().y() - toggleSignSize.height() / 2,
+                      toggleSignSize.width(), toggleSignSize.height());
+    drawToggleSign(painter, scaled(sign, unit), colours.engraving, colours.body);
+    painter.setPen(colours.engraving);
+    letter(painter, roomOfText(row), QStringLiteral("Toggle"), Qt::AlignLeft | Qt::AlignVCenter,
+           font, engravingSize * unit);
+}
+
+}  // namespace
+
+void paintCase(QPainter& painter, qreal unit, const QFont& font, const SurfaceColours& colours) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintBody(painter, unit, colours);
+    painter.setPen(colours.engraving);
+    for (const Engraving& engraving : engravings()) {
+        QFont used = font;
+        used.setBold(engraving.isStrong);
+        letter(painter, scaled(engraving.room, unit), engraving.text, engraving.alignment, used,
+               engravingSize * unit);
+    }
+    paintSignKey(painter, unit, font, colours);
+}
+
+}  // namespace qt

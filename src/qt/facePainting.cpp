@@ -1,0 +1,307 @@
+#include "qt/facePainting.h"
+
+#include <QFontMetricsF>
+#include <QLinearGradient>
+#include <algorithm>
+
+#include "qt/asText.h"
+#include "qt/contrast.h"
+#include "qt/signs.h"
+
+namespace qt {
+
+namespace {
+
+// In units of the drawing.
+constexpr qreal firstLineSize = 12;
+constexpr qreal secondLineSize = 10;
+constexpr qreal padFirstLineSize = 16;
+constexpr qreal padSecondLineSize = 11.5;
+constexpr qreal captionSize = 10;
+constexpr qreal signGap = 3;
+constexpr qreal faderLettersHeight = 32;
+
+struct Style {
+    QColor fill;
+    QColor lettering;
+    QColor lesserLettering;
+    QColor sign;
+    QColor edge;
+    qreal edgeWidth = 1;
+};
+
+Style styleOf(const FaceLook& look, const SurfaceColours& colours) {
+    const editor::MessageKind kind = look.assignment.kind;
+    if (!look.isEnabled) {
+        return {colours.plate,
+                colours.disabledLettering,
+                colours.disabledLettering,
+                colours.disabledLettering,
+                colours.disabledLettering,
+                look.isChecked ? 2.5 : 1.0};
+    }
+    const bool isLayer = look.shape == FaceShape::Layer;
+    if (look.isChecked && !isLayer) {
+        const QColor fill =
+            look.isHeld ? between(colours.selected, Qt::black, 0.12) : colours.selected;
+        const QColor lettering = colours.selectedLettering;
+        return {fill, lettering, lettering, lettering, between(fill, colours.lettering, 0.55), 2};
+    }
+    QColor fill = look.isHovered ? colours.faceHovered : colours.face;
+    if (look.isHeld) {
+        fill = colours.facePressed;
+    }
+    const bool marked = look.isHovered || look.isChecked;
+    return {fill,
+            colours.lettering,
+            colours.lesserLettering,
+            colours.kind(kind, fill),
+            marked ? colours.accent : colours.edge,
+            marked ? 1.5 : 1.0};
+}
+
+/// The top of the key, knob, pad: the widget without its margin.
+QRectF bodyOf(const FaceLook& look) {
+    const qreal margin = faceMargin * look.unit;
+    return look.room.adjusted(margin, margin, -margin, -margin);
+}
+
+qreal radiusOf(const FaceLook& look, const QRectF& body) {
+    switch (look.shape) {
+        case FaceShape::Knob:
+            return std::min(body.width(), body.height()) / 2;
+        case FaceShape::Pad:
+            return 2 * keyRadius * look.unit;
+        case FaceShape::Layer:
+        case FaceShape::Key:
+        case FaceShape::Fader:
+            break;
+    }
+    return keyRadius * look.unit;
+}
+
+qreal firstSizeOf(const FaceLook& look) {
+    return (look.shape == FaceShape::Pad ? padFirstLineSize : firstLineSize) * look.unit;
+}
+
+qreal secondSizeOf(const FaceLook& look) {
+    return (look.shape == FaceShape::Pad ? padSecondLineSize : secondLineSize) * look.unit;
+}
+
+/// Room of the signs before and behind the second line.
+qreal signsWidthOf(const FaceLook& look, bool hasSecondLine) {
+    const qreal gap = hasSecondLine ? signGap : 0;
+    const qreal toggle = look.assignment.toggles ? toggleSignSize.width() + signGap : 0;
+    return (kindSignSide + gap + toggle) * look.unit;
+}
+
+/// How wide the lettering may be.
+qreal letterRoom(const FaceLook& look) {
+    qreal inset = 2;
+    if (look.shape == FaceShape::Knob || look.shape == FaceShape::Pad) {
+        inset = 6;
+    }
+    return bodyOf(look).width() - 2 * inset * look.unit;
+}
+
+void drawBody(QPainter& painter, const FaceLook& look, const Style& style, const QRectF& body) {
+    const qreal inset = style.edgeWidth / 2;
+    const QRectF outline = body.adjusted(inset, inset, -inset, -inset);
+    const qreal radius = radiusOf(look, body) - inset;
+    QPen pen(style.edge, style.edgeWidth);
+    if (!look.isEnabled) {
+        pen.setStyle(Qt::DashLine);
+        painter.setBrush(Qt::NoBrush);
+    } else {
+        QLinearGradient light(outline.topLeft(), outline.bottomLeft());
+        const bool raised = !look.isHeld && !look.isChecked;
+        light.setColorAt(0, raised ? between(style.fill, Qt::white, 0.10) : style.fill);
+        light.setColorAt(1, raised ? between(style.fill, Qt::black, 0.03) : style.fill);
+        painter.setBrush(light);
+    }
+    painter.setPen(pen);
+    painter.drawRoundedRect(outline, radius, radius);
+}
+
+/// The ring around a knob, from its lower left over the top to its lower right, and the mark that
+/// stands for its position.
+void drawKnob(QPainter& painter, const FaceLook& look, const SurfaceColours& colours,
+              const Style& style, const QRectF& body) {
+    constexpr int sixteenths = 16;
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(colours.groove, 2 * look.unit, Qt::SolidLine, Qt::FlatCap));
+    const qreal half = look.unit;
+    painter.drawArc(body.adjusted(half, half, -half, -half), -45 * sixteenths, 270 * sixteenths);
+    const qreal inset = 3.5 * look.unit;
+    const QRectF cap = body.adjusted(inset, inset, -inset, -inset);
+    drawBody(painter, look, style, cap);
+    painter.setPen(QPen(style.lettering, 2 * look.unit, Qt::SolidLine, Qt::RoundCap));
+    const QPointF top(cap.center().x(), cap.top() + 3 * look.unit);
+    painter.drawLine(top, top + QPointF(0, 4 * look.unit));
+}
+
+/// The slot with its scale, and the cap that slides in it.
+void drawFader(QPainter& painter, const FaceLook& look, const SurfaceColours& colours,
+               const Style& style, const QRectF& body) {
+    const qreal unit = look.unit;
+    const QRectF well = body.adjusted(1.5, 1.5, -1.5, -faderLettersHeight * unit);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(between(style.fill, style.lettering, 0.07));
+    painter.drawRoundedRect(well, keyRadius * unit - 1, keyRadius * unit - 1);
+    const QRectF room = body.adjusted(0, 12 * unit, 0, -(faderLettersHeight + 10) * unit);
+    const qreal middle = room.center().x();
+    constexpr int marks = 11;
+    painter.setPen(QPen(between(style.fill, style.lettering, 0.35), 1));
+    for (int mark = 0; mark < marks; ++mark) {
+        const qreal y = room.top() + room.height() * mark / (marks - 1);
+        const qreal length = (mark % 5 == 0 ? 8 : 5) * unit;
+        painter.drawLine(QPointF(middle - 7 * unit - length, y), QPointF(middle - 7 * unit, y));
+        painter.drawLine(QPointF(middle + 7 * unit, y), QPointF(middle + 7 * unit + length, y));
+    }
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(look.isChecked ? between(style.fill, Qt::black, 0.45) : colours.groove);
+    painter.drawRoundedRect(
+        QRectF(middle - 2.5 * unit, room.top() - 4 * unit, 5 * unit, room.height() + 8 * unit),
+        2.5 * unit, 2.5 * unit);
+
+    const QRectF cap(middle - 13 * unit, room.top() + room.height() * 0.58, 26 * unit, 36 * unit);
+    QLinearGradient light(cap.topLeft(), cap.bottomLeft());
+    const QColor top = between(colours.face, colours.lettering, 0.12);
+    light.setColorAt(0, top);
+    light.setColorAt(0.48, between(colours.face, colours.lettering, 0.30));
+    light.setColorAt(0.52, between(colours.face, colours.lettering, 0.04));
+    light.setColorAt(1, top);
+    painter.setBrush(light);
+    painter.setPen(QPen(between(colours.face, colours.lettering, 0.6), 1));
+    painter.drawRoundedRect(cap, 3 * unit, 3 * unit);
+    painter.setPen(QPen(colours.lettering, 1.5 * unit));
+    painter.drawLine(QPointF(cap.left() + 3 * unit, cap.center().y()),
+                     QPointF(cap.right() - 3 * unit, cap.center().y()));
+}
+
+void drawSigns(QPainter& painter, const FaceLook& look, const Style& style, qreal left,
+               qreal middle, qreal textWidth) {
+    const qreal side = kindSignSide * look.unit;
+    drawKindSign(painter, {left, middle - side / 2, side, side}, look.assignment.kind, style.sign);
+    if (!look.assignment.toggles) {
+        return;
+    }
+    const QSizeF size = toggleSignSize * look.unit;
+    const qreal gaps = (textWidth > 0 ? 2 : 1) * signGap * look.unit;
+    drawToggleSign(
+        painter,
+        {left + side + textWidth + gaps, middle - size.height() / 2, size.width(), size.height()},
+        style.lesserLettering, style.fill);
+}
+
+void drawLines(QPainter& painter, const FaceLook& look, const Style& style, const QRectF& room) {
+    const FaceLines lines = lettersOf(look);
+    const qreal firstHeight = QFontMetricsF(lines.first.font).height();
+    const qreal secondHeight =
+        std::max(QFontMetricsF(lines.second.font).height(), kindSignSide * look.unit);
+    const qreal top = room.center().y() - (firstHeight + secondHeight) / 2;
+
+    painter.setPen(style.lettering);
+    painter.setFont(lines.first.font);
+    painter.drawText(QRectF(room.left(), top, room.width(), firstHeight), Qt::AlignCenter,
+                     lines.first.text);
+
+    const bool hasSecond = !lines.second.text.isEmpty();
+    const qreal width = signsWidthOf(look, hasSecond) + lines.second.width;
+    const qreal left = room.center().x() - width / 2;
+    const qreal middle = top + firstHeight + secondHeight / 2;
+    drawSigns(painter, look, style, left, middle, lines.second.width);
+    painter.setPen(style.lesserLettering);
+    painter.setFont(lines.second.font);
+    painter.drawText(QRectF(left + (kindSignSide + signGap) * look.unit, middle - secondHeight / 2,
+                            lines.second.width + 1, secondHeight),
+                     Qt::AlignLeft | Qt::AlignVCenter, lines.second.text);
+}
+
+void drawCaption(QPainter& painter, const FaceLook& look, const Style& style, const QRectF& body) {
+    QFont font = look.font;
+    font.setPixelSize(std::max(static_cast<int>(captionSize * look.unit), smallestLettering));
+    painter.setFont(font);
+    painter.setPen(style.lesserLettering);
+    const qreal inset = 6 * look.unit;
+    painter.drawText(body.adjusted(inset, inset - 1, -inset, 0), Qt::AlignLeft | Qt::AlignTop,
+                     look.caption);
+}
+
+/// A layer button: its number, and a lamp that is filled while the layer is the current one.
+void drawLayer(QPainter& painter, const FaceLook& look, const SurfaceColours& colours,
+               const Style& style, const QRectF& body) {
+    const qreal unit = look.unit;
+    QFont font = look.font;
+    font.setPixelSize(std::max(static_cast<int>(firstLineSize * unit), smallestLettering));
+    font.setBold(look.isChecked);
+    painter.setFont(font);
+    painter.setPen(style.lettering);
+    painter.drawText(body.adjusted(0, 0, 0, -5 * unit), Qt::AlignCenter, look.caption);
+
+    const QRectF lamp(body.center().x() - 12 * unit, body.bottom() - 8 * unit, 24 * unit, 4 * unit);
+    const QColor lit = look.isEnabled ? colours.accent : style.lettering;
+    painter.setPen(QPen(look.isChecked ? lit : style.edge, 1));
+    painter.setBrush(look.isChecked ? QBrush(lit) : QBrush(Qt::NoBrush));
+    painter.drawRoundedRect(lamp, 2 * unit, 2 * unit);
+}
+
+void drawFocus(QPainter& painter, const FaceLook& look, const SurfaceColours& colours,
+               const QRectF& body) {
+    const qreal width = std::max(1.5 * look.unit, 1.5);
+    const qreal out = faceMargin * look.unit - width / 2;
+    const QRectF ring = body.adjusted(-out, -out, out, out);
+    const qreal radius = radiusOf(look, body) + out;
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(colours.focus, width));
+    painter.drawRoundedRect(ring, radius, radius);
+}
+
+}  // namespace
+
+FaceLines lettersOf(const FaceLook& look) {
+    const auto [first, second] = look.assignment.faceLines();
+    QFont strong = look.font;
+    strong.setWeight(QFont::DemiBold);
+    const qreal room = letterRoom(look);
+    return {fitText(asText(first), strong, firstSizeOf(look), room),
+            fitText(asText(second), look.font, secondSizeOf(look),
+                    room - signsWidthOf(look, !second.empty()))};
+}
+
+void paintFace(QPainter& painter, const FaceLook& look, const SurfaceColours& colours) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    const Style style = styleOf(look, colours);
+    const QRectF body = bodyOf(look);
+    if (look.shape == FaceShape::Knob) {
+        drawKnob(painter, look, colours, style, body);
+    } else {
+        drawBody(painter, look, style, body);
+    }
+    switch (look.shape) {
+        case FaceShape::Layer:
+            drawLayer(painter, look, colours, style, body);
+            break;
+        case FaceShape::Fader:
+            drawFader(painter, look, colours, style, body);
+            drawLines(painter, look, style,
+                      body.adjusted(0, body.height() - faderLettersHeight * look.unit, 0,
+                                    -2 * look.unit));
+            break;
+        case FaceShape::Pad:
+            drawCaption(painter, look, style, body);
+            drawLines(painter, look, style, body.adjusted(0, 10 * look.unit, 0, 0));
+            break;
+        case FaceShape::Knob:
+            drawLines(painter, look, style, body.adjusted(0, 6 * look.unit, 0, 0));
+            break;
+        case FaceShape::Key:
+            drawLines(painter, look, style, body);
+            break;
+    }
+    if (look.hasFocus) {
+        drawFocus(painter, look, colours, body);
+    }
+}
+
+}  // namespace qt

@@ -1,0 +1,40 @@
+#pragma once
+
+// How a face of the controller is drawn, given what it shows and the state it is in.
+
+#include <QFont>
+#include <QPainter>
+#include <QRectF>
+#include <QString>
+
+#include "editor/assignment.h"
+#include "qt/SurfaceColours.h"
+#include "qt/fittedText.h"
+#include "qt/surfacePlan.h"
+
+namespace qt {
+
+struct FaceLook {
+    FaceShape shape = FaceShape::Key;
+    QRectF room;     ///< of the whole widget, in pixels
+    qreal unit = 1;  ///< pixels a unit of the drawing
+    QFont font;
+    QString caption;  ///< printed on pads and layer buttons
+    editor::Assignment assignment;
+    bool isChecked = false;  ///< selected; of a layer button: lit
+    bool isEnabled = true;
+    bool isHovered = false;
+    bool isHeld = false;
+    bool hasFocus = false;
+};
+
+void paintFace(QPainter& painter, const FaceLook& look, const SurfaceColours& colours);
+
+/// The lines as a face of this shape letters them; for a face of a single line the second is empty.
+struct FaceLines {
+    FittedText first;
+    FittedText second;
+};
+[[nodiscard]] FaceLines lettersOf(const FaceLook& look);
+
+}  // namespace qt

@@ -1,0 +1,24 @@
+#pragma once
+
+// Lettering that has to stay within a room: made smaller where it must, cut with "..." only where
+// it would become too small to read.
+
+#include <QFont>
+#include <QString>
+
+namespace qt {
+
+/// Lettering on the controller is never smaller, in pixels on the screen.
+inline constexpr int smallestLettering = 9;
+
+struct FittedText {
+    QString text;
+    QFont font;
+    qreal width = 0;
+    bool isCut = false;
+};
+
+/// `size` is the wanted height of the font in pixels.
+[[nodiscard]] FittedText fitText(const QString& text, const QFont& font, qreal size, qreal room);
+
+}  // namespace qt
