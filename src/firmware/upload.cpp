@@ -49,7 +49,8 @@ void firm::transferImage() {
     sendErase();
     progress.setDoubleValue(0);
     progress.setMinValue(0);
-    progress.setMaxValue(static_cast<double>(state_.len / imageBytesInABlock + 1));
+    const std::size_t mostBlocks = state_.len / imageBytesInABlock + 1;
+    progress.setMaxValue(static_cast<double>(mostBlocks));
     showBlocksSent();
     while (state_.file_len_count < state_.len) {
         sendNextBlock();

@@ -20,7 +20,7 @@ constexpr auto betweenBreaths = 50ms;
 /// What the kernel's lateness is followed by: up three times as fast as down.
 constexpr auto stepUp = 3us;
 constexpr auto stepDown = 1us;
-constexpr auto mostLateness = 150us;
+constexpr auto mostLateness = 80us;  // the processor waits so long at most
 
 /// Lets this thread's sleeps end as exactly as the kernel can, not together with others' to save
 /// power: the 50 us it adds by default make short pauses longer by some per cent.
