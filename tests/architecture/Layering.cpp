@@ -20,6 +20,8 @@ const std::string timerHeader = "sys/prctl\\.h";
 /// Whole files, flushed and renamed, and the descriptor to watch: the operating system's.
 const std::string systemHeader = "unistd\\.h|fcntl\\.h|sys/(stat|eventfd)\\.h";
 
+/// What another thread has is told to an event loop through a descriptor.
+const std::string descriptorHeader = "unistd\\.h|sys/eventfd\\.h";
 /// The sequencer's library, the kernel's own description of it, and what to wait for its events
 /// with.
 const std::string sequencerHeader =
@@ -97,7 +99,7 @@ const std::vector<Room>& rooms() {
         {"app",
          {"tables", "config", "files", "toolkit", "platform", "platform/software", "platform/alsa",
           "midi", "devices", "shell", "firmware", "editor", "simulator", "qt"},
-         {qtHeader},
+         {qtHeader, descriptorHeader},
          false},
     };
     return table;

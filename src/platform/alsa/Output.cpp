@@ -130,8 +130,8 @@ std::unique_ptr<Output::Lease> Output::subscribe(const Destination& to, Outcome&
     }
     outcome = Outcome::Sent;
     RoomKeeper room(levelOf(to.port, *sender));
-    return std::unique_ptr<Lease>(
-        new Lease{to, std::move(sender), exclusively, std::move(room), {}, {}});
+    return std::make_unique<Lease>(
+        Lease{to, std::move(sender), exclusively, std::move(room), {}, {}});
 }
 
 Output::Outcome Output::sendThrough(Lease& lease, const MIDIPacketList& list) {

@@ -5,9 +5,9 @@
 
 #include <alsa/asoundlib.h>
 
-#include <compare>
 #include <memory>
 #include <string>
+#include <tuple>
 
 namespace platform::alsa {
 
@@ -17,7 +17,10 @@ struct Address {
     int client = -1;
     int port = -1;
 
-    auto operator<=>(const Address&) const = default;
+    bool operator==(const Address&) const = default;
+    bool operator<(const Address& other) const {
+        return std::tie(client, port) < std::tie(other.client, other.port);
+    }
 };
 
 struct SequencerCloser {

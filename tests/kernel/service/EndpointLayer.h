@@ -73,6 +73,7 @@ private:
     template <typename List>
     static std::vector<std::string> namesOf(const List& list) {
         std::vector<std::string> names;
+        names.reserve(list.size());
         for (const auto& endpoint : list) {
             names.push_back(endpoint->displayName());
         }
