@@ -1,8 +1,9 @@
 #pragma once
 
 // The operations of a MIDI service that the endpoint layer (midi/) calls, as one abstract class.
-// Implementations: platform/alsa (the product), platform/software (in this process: tests, the demo)
-// and AbsentMidiService (a computer without MIDI). Handles are plain integers, 0 is none; results are codes, 0 is success.
+// Implementations: platform/alsa (the product), platform/software (in this process: tests, the
+// demo) and AbsentMidiService (a computer without MIDI). Handles are plain integers, 0 is none;
+// results are codes, 0 is success.
 //
 // All operations belong to the main thread, with these exceptions: MIDIReceived may be called on
 // any thread, a read callback runs on the service's input thread, and a read callback may itself
@@ -132,9 +133,7 @@ public:
 
     /// Names of the other programs that are connected to the endpoint now, in no order, one a
     /// program. What they send can slip in between our messages. Empty where nothing is known.
-    [[nodiscard]] virtual std::vector<std::string> connectedPrograms(MIDIEndpointRef) {
-        return {};
-    }
+    [[nodiscard]] virtual std::vector<std::string> connectedPrograms(MIDIEndpointRef) { return {}; }
 
     // Endpoints that this process publishes.
     virtual OSStatus MIDISourceCreate(MIDIClientRef client, std::string_view name,

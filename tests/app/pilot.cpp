@@ -115,10 +115,53 @@ void saveAndClose() {
     closeMainWindow();
 }
 
+/// Chooses the output of this name in the dialog that opens next, with the keyboard, and confirms.
+void chooseOutputInDialog(const QString& name) {
+    soon([] { return QApplication::activeModalWidget() != nullptr; },
+         [name] {
+             QWidget* dialog = QApplication::activeModalWidget();
+             auto* outputs = dialog->findChild<QComboBox*>(QStringLiteral("combo_out"));
+             QTest::keyClick(outputs, Qt::Key_Home);
+             for (int steps = outputs->findText(name); steps > 0; --steps) {
+                 QTest::keyClick(outputs, Qt::Key_Down);
+             }
+             say(QStringLiteral("chose ") + outputs->currentText());
+             QTest::mouseClick(dialog->findChild<QAbstractButton*>(QStringLiteral("ok")),
+                               Qt::LeftButton);
+         });
+    press("midiDevices");
+}
+
+void send() {
+    lookAtDialog();
+    press("send");
+}
+
+/// Sends everything to the output that the environment names.
+void sendAndClose() {
+    chooseOutputInDialog(qEnvironmentVariable("TORMELK_PILOT_OUTPUT"));
+    send();
+    closeMainWindow();
+}
+
+/// Does so a second time after the output has gone and is, for the dialogs, no longer there.
+void sendAgainWhenGoneAndClose() {
+    chooseOutputInDialog(qEnvironmentVariable("TORMELK_PILOT_OUTPUT"));
+    send();
+    QTimer::singleShot(std::chrono::seconds(3), [] {
+        send();
+        closeMainWindow();
+    });
+}
+
 const std::pair<const char*, void (*)()> tasks[] = {
-    {"close", closeMainWindow},       {"quit", quit},
-    {"edit-and-close", editAndClose}, {"look-around-and-close", lookAroundAndClose},
+    {"close", closeMainWindow},
+    {"quit", quit},
+    {"edit-and-close", editAndClose},
+    {"look-around-and-close", lookAroundAndClose},
     {"save-and-close", saveAndClose},
+    {"send-and-close", sendAndClose},
+    {"send-again-when-gone-and-close", sendAgainWhenGoneAndClose},
 };
 
 class Pilot final : public QGenericPlugin {

@@ -5,7 +5,7 @@
 
 #include <cerrno>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <system_error>
 
 namespace kernel {
@@ -18,7 +18,9 @@ std::string textOf(const std::filesystem::path& file) {
     if (!stream) {
         throw SystemFailure("reading " + file.string(), errno);
     }
-    return {std::istreambuf_iterator<char>(stream), {}};
+    std::ostringstream text;
+    text << stream.rdbuf();
+    return text.str();
 }
 
 void writeText(const std::filesystem::path& file, const std::string& text) {

@@ -15,7 +15,7 @@ AlsaMidiService::AlsaMidiService(std::string_view programName)
       timer_(timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC)),
       wakeUp_(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)),
       input_(programName_),
-      output_(programName_, [this](MIDIEndpointRef destination, bool takesData) {
+      output_(programName_ + " (output)", [this](MIDIEndpointRef destination, bool takesData) {
           takingChanged(destination, takesData);
       }) {
     watch(timer_);

@@ -9,8 +9,9 @@
 //     service.end();                                // before the process exits
 //
 // A kernel client is a device with one entity; a program's port has neither. The bus between
-// programs (Midi Through) carries the driver's name that isIACBus knows. Unique IDs: see
-// uniqueIDFor.h. "ZQMIDIOwnerPID" of another program's port is its process, as the kernel knows it.
+// programs (Midi Through) carries the driver's name that isIACBus knows. The second of two devices
+// of one model has a number in its name. Unique IDs: see uniqueIDFor.h. "ZQMIDIOwnerPID" of another
+// program's port is its process, as the kernel knows it.
 //
 // Without a sequencer (not loaded, denied, gone) the lists are empty and everything else fails
 // quietly; `rescan` finds one that has come since.
@@ -138,6 +139,7 @@ private:
     void wakeUp() const;
     void watch(int descriptor) const;
 
+    // The client that publishes has this name alone, so that it is found by it.
     const std::string programName_;
     const int watch_;   // an epoll over the others
     const int timer_;   // runs while changes are coalesced

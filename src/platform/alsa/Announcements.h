@@ -28,7 +28,7 @@ public:
     void read(News& news);
 
     /// Becomes readable when there is something to read.
-    [[nodiscard]] int descriptor() const { return descriptorOf(*sequencer_); }
+    [[nodiscard]] int descriptor() const { return descriptorOf(*sequencer_, POLLIN); }
     [[nodiscard]] snd_seq_t& sequencer() { return *sequencer_; }
 
 private:

@@ -21,6 +21,11 @@ const PortDescription* find(const std::vector<PortDescription>& ports, const Add
 
 }  // namespace
 
+std::string ListedEndpoint::name() const {
+    return occurrence == 0 ? port.portName
+                           : port.portName + " (" + std::to_string(occurrence + 1) + ")";
+}
+
 bool EndpointList::follow(const std::vector<PortDescription>& present,
                           const std::set<Address>& exited) {
     const bool gone = removeGone(present, exited);

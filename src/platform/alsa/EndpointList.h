@@ -22,6 +22,11 @@ struct ListedEndpoint {
     unsigned int occurrence = 0;  ///< which one of those with the same names, from 0
     bool isOffline = false;       ///< it is there, but takes no data
     PortDescription port;
+
+    /// The port's name; of the second and further ones with the same names with a number, "Tormelk
+    /// MIDI 1 (2)". Two devices of one model can so be told apart, by a person and when one of them
+    /// has gone.
+    [[nodiscard]] std::string name() const;
 };
 
 /// A client of the kernel.

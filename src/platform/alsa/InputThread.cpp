@@ -84,7 +84,7 @@ void Input::run(const std::atomic<bool>& stop) {
     }
     std::array<pollfd, 2> descriptors{};
     descriptors[0] = {wakeUp_, POLLIN, 0};
-    descriptors[1] = {descriptorOf(*sequencer), POLLIN, 0};
+    descriptors[1] = {descriptorOf(*sequencer, POLLIN), POLLIN, 0};
     while (!stop) {
         if (poll(descriptors.data(), descriptors.size(), -1) < 0 && errno != EINTR) {
             return;

@@ -26,7 +26,7 @@ std::optional<std::string> AlsaMidiService::stringProperty(const Lock&, MIDIObje
     }
     const ListedEndpoint* const endpoint = list_.find(object);
     if (endpoint != nullptr && property == kMIDIPropertyName) {
-        return endpoint->port.portName;
+        return endpoint->name();
     }
     const ListedDevice* const device = list_.findDevice(object);
     if (device == nullptr || device->handle != object) {

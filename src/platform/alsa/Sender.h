@@ -28,7 +28,7 @@ public:
     /// the event is lost, whoever has the port's number now.
     int send(snd_seq_event_t& event);
 
-    [[nodiscard]] int descriptor() const { return descriptorOf(*sequencer_); }
+    [[nodiscard]] int descriptor() const { return descriptorOf(*sequencer_, POLLOUT); }
 
 private:
     Sender(Sequencer sequencer, int port) : sequencer_(std::move(sequencer)), port_(port) {}

@@ -28,10 +28,8 @@ Sequencer openSequencer(const std::string& name, int streams) {
     return sequencer;
 }
 
-int descriptorOf(snd_seq_t& sequencer) {
-    // The library gives the one descriptor for reading and for writing alike.
+int descriptorOf(snd_seq_t& sequencer, short events) {
     pollfd descriptor{};
-    const short events = POLLIN | POLLOUT;
     return snd_seq_poll_descriptors(&sequencer, &descriptor, 1, events) == 1 ? descriptor.fd : -1;
 }
 

@@ -33,8 +33,8 @@ using Sequencer = std::unique_ptr<snd_seq_t, SequencerCloser>;
 /// written to standard error then. `streams` is SND_SEQ_OPEN_INPUT, _OUTPUT or _DUPLEX.
 [[nodiscard]] Sequencer openSequencer(const std::string& name, int streams);
 
-/// What can be waited for until there is something to read.
-[[nodiscard]] int descriptorOf(snd_seq_t& sequencer);
+/// The client's descriptor. It must be open for what is to be waited for: POLLIN or POLLOUT.
+[[nodiscard]] int descriptorOf(snd_seq_t& sequencer, short events);
 
 /// The most cells that a client's pool of incoming events can have. The usual 200 are lost
 /// altogether when a burst fills them.

@@ -50,7 +50,7 @@ bool AlsaMidiService::openSequencerIfClosed(const Lock& lock) {
         return true;
     }
     // They are listened to before the first look, so that nothing can fall between.
-    announcements_ = Announcements::open(programName_);
+    announcements_ = Announcements::open(programName_ + " (setup)");
     if (announcements_ == nullptr) {
         return false;
     }

@@ -3,8 +3,12 @@
 
 #include "kernel/UsbMidiGadget.h"
 #include "kernel/UserSpaceMidiDevice.h"
+#include "kernel/publicTools.h"
+#include "kernel/rawMidi.h"
+#include "kernel/service/Bystander.h"
 #include "kernel/service/EndpointLayer.h"
 #include "kernel/sysEx.h"
+#include "kernel/waitUntil.h"
 
 // What is sent arrives byte for byte.
 
@@ -12,6 +16,10 @@ namespace kernel {
 namespace {
 
 using namespace std::chrono_literals;
+using platform::MIDIEndpointRef;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
 using testing::SizeIs;
 
 class Sending : public testing::Test {
@@ -29,10 +37,12 @@ TEST_F(Sending, ASysExArrivesByteForByte) {
     EXPECT_EQ(device.received().atLeast(254, 5s), sysEx(254));
 }
 
-TEST_F(Sending, TwentyThousandShortMessagesEachWithAPortOfItsOwnArriveInOrder) {
+TEST_F(Sending, TwentyThousandShortMessagesEachWithAPortOfItsOwnArriveInOrderAndUnseen) {
     UsbMidiGadget device({});
     device.plug();
     ASSERT_TRUE(layer.runUntil([&] { return layer.destination("Tormelk MIDI 1") != nullptr; }));
+    Bystander bystander;
+    (void)bystander.seen();
     Bytes expected;
     for (int message = 0; message < 20000; ++message) {
         const Bytes bytes{0x90, static_cast<std::uint8_t>(message % 128),
@@ -41,6 +51,122 @@ TEST_F(Sending, TwentyThousandShortMessagesEachWithAPortOfItsOwnArriveInOrder) {
         expected.insert(expected.end(), bytes.begin(), bytes.end());
     }
     EXPECT_TRUE(device.received().atLeast(expected.size(), 10s) == expected);
+    EXPECT_THAT(bystander.seen(), ElementsAre(Pair(SND_SEQ_EVENT_PORT_SUBSCRIBED, 1)));
+    // Given back once it has been idle.
+    std::map<int, int> later;
+    EXPECT_TRUE(waitUntil([&] { return !(later = bystander.seen()).empty(); }, 6s));
+    EXPECT_THAT(later, ElementsAre(Pair(SND_SEQ_EVENT_PORT_UNSUBSCRIBED, 1)));
+}
+
+TEST_F(Sending, ANoteOnWithVelocityZeroStaysOne) {
+    UsbMidiGadget device({});
+    device.plug();
+    ASSERT_TRUE(layer.runUntil([&] { return layer.destination("Tormelk MIDI 1") != nullptr; }));
+    send(tormelk(), {0x9F, 0x3C, 0x00, 0x9F, 0x3D, 0x7F});
+    EXPECT_EQ(device.received().atLeast(6, 5s), (Bytes{0x9F, 0x3C, 0x00, 0x9F, 0x3D, 0x7F}));
+}
+
+TEST_F(Sending, ABurstOfSysExFarBeyondTheKernelsBufferArrivesWhole) {
+    UserSpaceMidiDevice device({});
+    device.plug();
+    ASSERT_TRUE(layer.runUntil([&] { return layer.destination("Tormelk Port") != nullptr; }));
+    Bytes expected;
+    for (int block = 0; block < 200; ++block) {
+        send(*layer.destination("Tormelk Port"), sysEx(254));
+        const Bytes bytes = sysEx(254);
+        expected.insert(expected.end(), bytes.begin(), bytes.end());
+    }
+    EXPECT_TRUE(device.received().atLeast(expected.size(), 20s) == expected);
+}
+
+TEST_F(Sending, TheLastBlockBeforeAnotherDestinationIsUsedArrivesWhole) {
+    UsbMidiGadget first({});
+    UsbMidiGadget second({.product = "Zwolk"});
+    first.plug();
+    second.plug();
+    ASSERT_TRUE(layer.runUntil([&] { return layer.destination("Zwolk MIDI 1") != nullptr; }));
+    Bytes expected;
+    for (int time = 0; time < 20; ++time) {
+        send(tormelk(), sysEx(100));
+        send(*layer.destination("Zwolk MIDI 1"), sysEx(100));
+        const Bytes bytes = sysEx(100);
+        expected.insert(expected.end(), bytes.begin(), bytes.end());
+    }
+    EXPECT_TRUE(first.received().atLeast(expected.size(), 5s) == expected);
+    EXPECT_TRUE(second.received().atLeast(expected.size(), 5s) == expected);
+}
+
+TEST_F(Sending, ToADestinationWithoutASenderSendsNothing) {
+    UsbMidiGadget device({});
+    device.plug();
+    ASSERT_TRUE(layer.runUntil([&] { return layer.destination("Tormelk MIDI 1") != nullptr; }));
+    tormelk().processMIDIPacketList(*platform::makeOnePacketList(sysEx(20)), nullptr);
+    send(tormelk(), {0x90, 1, 2});
+    EXPECT_EQ(device.received().atLeast(3, 5s), (Bytes{0x90, 1, 2}));
+}
+
+TEST_F(Sending, GoesOnToADeviceToWhichAnotherProgramIsConnected) {
+    UsbMidiGadget device({});
+    device.plug();
+    ASSERT_TRUE(layer.runUntil([&] { return layer.destination("Tormelk MIDI 1") != nullptr; }));
+    ASSERT_EQ(connectPorts("16:0", address(*device.host().client())).status, 0);
+    const MIDIEndpointRef port = tormelk().midiEndpointRef();
+    // The kernel's virtual MIDI is no program.
+    EXPECT_THAT(layer.service.connectedPrograms(port), IsEmpty());
+    for (int block = 0; block < 50; ++block) {
+        send(tormelk(), sysEx(254));
+    }
+    const Bytes all = device.received().atLeast(50 * 254, 10s);
+    EXPECT_THAT(all, SizeIs(50 * 254));
+    EXPECT_TRUE(tormelk().isOnline());
+    EXPECT_EQ(disconnectPorts("16:0", address(*device.host().client())).status, 0);
+}
+
+TEST_F(Sending, KeepsOtherProgramsOutWhileItLasts) {
+    UsbMidiGadget device({});
+    device.plug();
+    ASSERT_TRUE(layer.runUntil([&] { return layer.destination("Tormelk MIDI 1") != nullptr; }));
+    send(tormelk(), sysEx(254));
+    EXPECT_NE(connectPorts("16:0", address(*device.host().client())).status, 0);
+    // Given back once it has been idle.
+    EXPECT_TRUE(waitUntil(
+        [&] { return connectPorts("16:0", address(*device.host().client())).status == 0; }, 8s));
+    EXPECT_EQ(disconnectPorts("16:0", address(*device.host().client())).status, 0);
+}
+
+TEST_F(Sending, TellsWhichProgramsAreConnected) {
+    UsbMidiGadget device({});
+    device.plug();
+    ASSERT_TRUE(layer.runUntil([&] { return layer.source("Tormelk MIDI 1") != nullptr; }));
+    const MIDIEndpointRef source = layer.source("Tormelk MIDI 1")->midiEndpointRef();
+    EXPECT_THAT(layer.service.connectedPrograms(source), IsEmpty());
+    Program listener({"aseqdump", "-p", address(*device.host().client())});
+    EXPECT_TRUE(waitUntil(
+        [&] {
+            return layer.service.connectedPrograms(source) == std::vector<std::string>{"aseqdump"};
+        },
+        10s));
+}
+
+TEST_F(Sending, ADeviceWhoseRawPortAnotherProgramHoldsIsOfflineUntilItIsFree) {
+    UsbMidiGadget device({});
+    device.plug();
+    ASSERT_TRUE(layer.runUntil([&] { return layer.destination("Tormelk MIDI 1") != nullptr; }));
+    midi::ZQMIDIRealDestination& port = tormelk();
+    {
+        const RawMidi raw = openRawMidiOutput("hw:" + std::to_string(*device.host().card()) + ",0");
+        const auto began = std::chrono::steady_clock::now();
+        send(port, sysEx(254));
+        EXPECT_LT(std::chrono::steady_clock::now() - began, 4s);
+        EXPECT_TRUE(port.isOffline());
+        send(port, sysEx(254));  // at once, and nothing comes of it
+        layer.run(500ms);
+        EXPECT_TRUE(port.isOffline());
+        EXPECT_EQ(port.displayName(), "Tormelk MIDI 1 (offline)");
+    }
+    ASSERT_TRUE(layer.runUntil([&] { return port.isOnline(); }));
+    send(port, sysEx(254));
+    EXPECT_EQ(device.received().atLeast(254, 5s), sysEx(254));
 }
 
 TEST_F(Sending, ASlowDeviceGetsEverythingWhole) {
@@ -78,7 +204,23 @@ TEST_F(Sending, ADeviceThatStopsTakingDataIsOfflineWithinSecondsAndBackWhenItGoe
     EXPECT_THAT(device.received().atLeast(whole + 1, 2s), SizeIs(whole));
 }
 
-TEST(End, OfAProgramThatHasSentToADeadDeviceTakesLessThanTwoSeconds) {
+TEST_F(Sending, AnotherDeviceCanBeUsedWhileADeadOneIsGivenBack) {
+    UserSpaceMidiDevice dead({});
+    UsbMidiGadget other({.product = "Zwolk"});
+    dead.plug();
+    other.plug();
+    ASSERT_TRUE(layer.runUntil([&] { return layer.destination("Zwolk MIDI 1") != nullptr; }));
+    dead.stopTaking();
+    send(*layer.destination("Tormelk Port"), sysEx(254));
+    const auto began = std::chrono::steady_clock::now();
+    for (int block = 0; block < 5; ++block) {
+        send(*layer.destination("Zwolk MIDI 1"), sysEx(254));
+    }
+    EXPECT_LT(std::chrono::steady_clock::now() - began, 1s);
+    EXPECT_THAT(other.received().atLeast(5 * 254, 5s), SizeIs(5 * 254));
+}
+
+TEST(End, OfAProgramThatHasSentToADeadDeviceTakesLessThanThreeSeconds) {
     UserSpaceMidiDevice device({});
     device.plug();
     auto layer = std::make_unique<EndpointLayer>();
@@ -89,6 +231,20 @@ TEST(End, OfAProgramThatHasSentToADeadDeviceTakesLessThanTwoSeconds) {
     const auto began = std::chrono::steady_clock::now();
     layer.reset();
     EXPECT_LT(std::chrono::steady_clock::now() - began, 3s);
+}
+
+TEST(End, WaitsUntilASlowDeviceHasTakenEverything) {
+    UserSpaceMidiDevice device({.bytesPerSecond = 3125});
+    device.plug();
+    auto layer = std::make_unique<EndpointLayer>();
+    Bytes expected;
+    for (int block = 0; block < 4; ++block) {
+        send(*layer->destination("Tormelk Port"), sysEx(254));
+        const Bytes bytes = sysEx(254);
+        expected.insert(expected.end(), bytes.begin(), bytes.end());
+    }
+    layer.reset();
+    EXPECT_EQ(device.received().atLeast(expected.size(), 1s), expected);
 }
 
 }  // namespace

@@ -1,9 +1,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <stdexcept>
+
+#include "devices/seldev.h"
+#include "kernel/Program.h"
 #include "kernel/UsbMidiGadget.h"
 #include "kernel/UserSpaceMidiDevice.h"
 #include "kernel/service/EndpointLayer.h"
+#include "support/ScriptedDesktop.h"
 
 // What is listed, under which names, in which order.
 
@@ -11,9 +17,11 @@ namespace kernel {
 namespace {
 
 using namespace std::chrono_literals;
-using testing::Contains;
+namespace fs = std::filesystem;
 using testing::ElementsAre;
+using testing::IsEmpty;
 using testing::Not;
+using testing::SizeIs;
 
 TEST(Setup, ListsWhatIsThereByDisplayName) {
     UsbMidiGadget zwolk({.product = "Zwolk", .ports = 2});
@@ -54,6 +62,167 @@ TEST(Setup, OnlyTheBusBetweenProgramsCountsAsOne) {
         EXPECT_EQ(destination->isIACBus(), destination->displayName() == "Midi Through Port-0")
             << destination->displayName();
     }
+}
+
+/// Another program with ports of its own; see otherProgram.cpp for what they can be.
+class OtherProgram {
+public:
+    OtherProgram(const std::string& name, const std::vector<std::string>& ports)
+        : program_(command(name, ports)) {
+        if (!program_.waitForOutput("ready", 20s)) {
+            throw std::runtime_error("the other program did not start: " + program_.output());
+        }
+    }
+    [[nodiscard]] pid_t process() const { return program_.process(); }
+
+private:
+    static std::vector<std::string> command(const std::string& name,
+                                            const std::vector<std::string>& ports) {
+        std::vector<std::string> words{TORMELK_OTHER_PROGRAM, name};
+        words.insert(words.end(), ports.begin(), ports.end());
+        return words;
+    }
+
+    Program program_;
+};
+
+TEST(Setup, ListsWhatOtherProgramsOfferUnderTheNameOfThePort) {
+    const OtherProgram player("Player", {"out=read"});
+    const OtherProgram synthesizer("Synthesizer", {"in=write", "both=read,write"});
+    EndpointLayer layer;
+    EXPECT_NE(layer.source("out"), nullptr);
+    EXPECT_EQ(layer.destination("out"), nullptr);
+    EXPECT_NE(layer.destination("in"), nullptr);
+    EXPECT_EQ(layer.source("in"), nullptr);
+    EXPECT_NE(layer.source("both"), nullptr);
+    EXPECT_NE(layer.destination("both"), nullptr);
+    EXPECT_FALSE(layer.destination("in")->isIACBus());
+}
+
+TEST(Setup, ListsNothingThatIsHiddenOrCannotBeSubscribedToOrIsTheSystemsOwn) {
+    const OtherProgram other("Other", {"hidden=hidden", "half=half"});
+    EndpointLayer layer;
+    const auto expected = ElementsAre("Midi Through Port-0", "Virtual Raw MIDI 0-0 VirMIDI 0-0");
+    EXPECT_THAT(layer.sourceNames(), expected);
+    EXPECT_THAT(layer.destinationNames(), expected);
+}
+
+TEST(Setup, TellsTheProcessThatOwnsAPortAndThatADeviceHasNone) {
+    const OtherProgram other("Other", {"in=write"});
+    EndpointLayer layer;
+    ASSERT_NE(layer.destination("in"), nullptr);
+    std::int32_t owner = 0;
+    EXPECT_EQ(layer.service.MIDIObjectGetIntegerProperty(layer.destination("in")->midiEndpointRef(),
+                                                         "ZQMIDIOwnerPID", &owner),
+              platform::noErr);
+    EXPECT_EQ(owner, other.process());
+    EXPECT_EQ(
+        layer.service.MIDIObjectGetIntegerProperty(
+            layer.destination("Midi Through Port-0")->midiEndpointRef(), "ZQMIDIOwnerPID", &owner),
+        platform::kMIDIUnknownProperty);
+}
+
+TEST(Setup, ABurstOfHundredsOfPortsIsOneChange) {
+    EndpointLayer layer;
+    {
+        const OtherProgram other("Many", {"port=write*250"});
+        // Nobody has told the program before it looks.
+        layer.run(500ms);
+        EXPECT_EQ(layer.setupChanges, 1);
+        EXPECT_THAT(layer.destinationNames(), SizeIs(252));
+    }
+    layer.run(500ms);
+    EXPECT_EQ(layer.setupChanges, 2);
+    EXPECT_EQ(layer.destination("port 100"), nullptr);
+    ASSERT_NE(layer.destination("port 100 (offline)"), nullptr);
+    EXPECT_TRUE(layer.destination("port 100 (offline)")->isOffline());
+}
+
+TEST(Setup, MoreAnnouncementsThanTheKernelKeepsLoseNoPort) {
+    EndpointLayer layer;
+    const OtherProgram other("Other", {"early=write"});
+    for (int client = 0; client < 1500; ++client) {
+        const platform::alsa::Sequencer passing =
+            platform::alsa::openSequencer("Passing", SND_SEQ_OPEN_DUPLEX);
+        ASSERT_NE(passing, nullptr);
+    }
+    const OtherProgram last("Last", {"late=write"});
+    ASSERT_TRUE(layer.runUntil([&] { return layer.destination("late") != nullptr; }));
+    EXPECT_NE(layer.destination("early"), nullptr);
+}
+
+TEST(Setup, WhatThisProcessDoesIsNoChange) {
+    EndpointLayer layer;
+    midi::ZQMIDIRealDestination& through = *layer.destination("Midi Through Port-0");
+    const int user = 0;
+    for (int time = 0; time < 10; ++time) {
+        send(through, {0x90, 1, 2});
+        layer.source("Midi Through Port-0")->addSender(&user);
+        layer.source("Midi Through Port-0")->removeSender(&user);
+    }
+    layer.run(300ms);
+    EXPECT_EQ(layer.setupChanges, 0);
+}
+
+TEST(Setup, WithoutTheSequencerTheListsAreEmptyAndItIsFoundWhenItIsBack) {
+    const fs::path device = "/dev/snd/seq";
+    const fs::path aside = "/dev/snd/seq.aside";
+    fs::rename(device, aside);
+    EndpointLayer layer;
+    EXPECT_THAT(layer.sourceNames(), IsEmpty());
+    EXPECT_THAT(layer.destinationNames(), IsEmpty());
+    layer.service.rescan();
+    EXPECT_THAT(layer.destinationNames(), IsEmpty());
+    fs::rename(aside, device);
+    layer.run(200ms);
+    EXPECT_THAT(layer.destinationNames(), IsEmpty());
+    layer.service.rescan();
+    EXPECT_THAT(layer.destinationNames(), Not(IsEmpty()));
+    EXPECT_EQ(layer.setupChanges, 1);
+    // From now on it is followed.
+    const OtherProgram other("Other", {"in=write"});
+    EXPECT_TRUE(layer.runUntil([&] { return layer.destination("in") != nullptr; }));
+}
+
+TEST(Setup, TheDeviceDialogShowsASequencerThatHasComeSince) {
+    const fs::path device = "/dev/snd/seq";
+    const fs::path aside = "/dev/snd/seq.aside";
+    fs::rename(device, aside);
+    EndpointLayer layer;
+    support::ScriptedDesktop desktop;
+    devices::seldevChoice choice(layer.process);
+    fs::rename(aside, device);
+    int outputs = -1;
+    desktop.onModal<devices::seldev>([&](devices::seldev& dialog) {
+        outputs = dialog.combo_out.numberOfItems();
+        dialog.cancel();
+    });
+    devices::seldev dialog(choice, desktop);
+    (void)desktop.runModalForWindow(dialog);
+    EXPECT_EQ(outputs, 2);
+}
+
+TEST(Setup, ADeviceThatIsPulledOutDuringTheDeviceDialogIsShownAsOfflineThere) {
+    UsbMidiGadget tormelk({});
+    tormelk.plug();
+    EndpointLayer layer;
+    support::ScriptedDesktop desktop;
+    devices::seldevChoice choice(layer.process);
+    desktop.onModal<devices::seldev>([&](devices::seldev& dialog) {
+        const auto shows = [&](const std::string& name) {
+            return dialog.combo_out.itemObjectValueAtIndex(1) == name;
+        };
+        EXPECT_TRUE(shows("Tormelk MIDI 1"));
+        dialog.combo_out.choose(1);
+        tormelk.unplug();
+        EXPECT_TRUE(layer.runUntil([&] { return shows("Tormelk MIDI 1 (offline)"); }));
+        EXPECT_EQ(dialog.combo_out.indexOfSelectedItem(), 1);
+        dialog.ok();
+    });
+    devices::seldev dialog(choice, desktop);
+    (void)desktop.runModalForWindow(dialog);
+    ASSERT_NE(choice.OutDevice(), nullptr);
+    EXPECT_TRUE(choice.OutDevice()->isOffline());
 }
 
 }  // namespace

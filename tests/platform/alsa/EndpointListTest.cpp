@@ -103,6 +103,14 @@ TEST_F(EndpointListTest, TwoDevicesOfOneModelHaveDifferentIds) {
     EXPECT_NE(at(20).uniqueID, at(24).uniqueID);
 }
 
+TEST_F(EndpointListTest, TheSecondOfTwoOfOneModelHasANumberInItsNameAndKeepsIt) {
+    list.follow({tormelk(20), tormelk(24)}, {});
+    EXPECT_EQ(at(20).name(), "Tormelk MIDI 1");
+    EXPECT_EQ(at(24).name(), "Tormelk MIDI 1 (2)");
+    list.follow({tormelk(24)}, {{20, 0}});
+    EXPECT_EQ(at(24).name(), "Tormelk MIDI 1 (2)");
+}
+
 TEST_F(EndpointListTest, TheSecondOfTwoKeepsItsIdWhenTheFirstGoesAndTheFirstGetsItsOwnBack) {
     list.follow({tormelk(20), tormelk(24)}, {});
     const std::int32_t first = at(20).uniqueID;
