@@ -51,6 +51,8 @@ struct MainWindow {
     toolkit::ComboBox combo_trig;  ///< momentary or toggle
     toolkit::TextField mode_info;  ///< caption of `combo_cc`
     toolkit::TextField status;     ///< what the last action did
+    toolkit::TextField output;     ///< where a Send goes
+    toolkit::Button outputLamp;    ///< lit while the output is online; not clicked
 
     /// Tells the view that an action has ended: image, layer, mode and selection may be others now.
     std::function<void()> actionEnded;

@@ -23,12 +23,14 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "config/presetText.h"
 #include "devices/seldev.h"
 #include "editor/EditorState.h"
 #include "editor/MainWindow.h"
 #include "firmware/FirmwareState.h"
+#include "platform/NotificationCentre.h"
 #include "platform/PacketList.h"
 #include "shell/about.h"
 #include "tables/List.h"
@@ -147,6 +149,9 @@ public:
     void setver(std::int32_t version) { version_ = version; }
     [[nodiscard]] std::int32_t ver() const { return version_; }
 
+    /// Whether the image differs from what was saved or loaded last, or from the start's.
+    [[nodiscard]] bool isImageEdited() const { return state_.sysData != imageOnFile_; }
+
     [[nodiscard]] const std::string& prog_name() const { return programName_; }
 
     /// For the view, which shows what the widgets do not hold.
@@ -154,6 +159,9 @@ public:
 
 private:
     void connectActions();
+    void followOutput();
+    void showOutput();
+    void giveHint(std::string_view hint);
     /// Tells the view.
     void actionEnded();
     void fillBoxes();
@@ -206,6 +214,8 @@ private:
     firmware::FirmwareState& firmware_;
 
     std::unique_ptr<shell::about> ab_;  // made on first use, then kept
+    config::Image imageOnFile_{};
+    platform::NotificationCentre::Registration setupChanges_;
     std::string programName_;
     std::int32_t version_ = 0;
 };

@@ -21,6 +21,7 @@ void mainController::saveFile() {
         return;
     }
     state_.bChange = 0;
+    imageOnFile_ = state_.sysData;
     window_.status.setStringValue("Saved " + path->filename().string());
     actionEnded();
 }
@@ -86,6 +87,7 @@ void mainController::takePreset(const config::PresetBytes& preset, int mode) {
         toggleGray();  // nothing can be edited in a host's mode
     }
     state_.bChange = 0;
+    imageOnFile_ = state_.sysData;
 }
 
 void mainController::mamcpy(std::span<const std::uint8_t> source, std::size_t count,

@@ -32,12 +32,14 @@ void mainController::about() {
 void mainController::midiSelect() {
     devices::seldev dialog(devices_, desktop_);
     desktop_.runModalForWindow(dialog);
+    showOutput();
     actionEnded();
 }
 
 void mainController::firmware() {
     firmware::firm dialog(firmware_, devices_, desktop_);
     desktop_.runModalForWindow(dialog);
+    showOutput();
     actionEnded();
 }
 

@@ -39,6 +39,8 @@ void mainController::awakeFromNib() {
     }
     update_Aft_LoadFile();
     state_.isInit = 1;
+    imageOnFile_ = state_.sysData;
+    followOutput();
 }
 
 void mainController::connectActions() {
