@@ -7,7 +7,7 @@
         g++ cmake ninja-build git
         nlohmann-json3-dev
         libasound2-dev
-        qt6-base-dev
+        qt6-base-dev libqt6svg6
     )
     # What a window needs where there is no screen: a virtual one, and letters to write with.
     packages_for_virtual_display=(

@@ -41,6 +41,7 @@ void mainController::awakeFromNib() {
     state_.isInit = 1;
     imageOnFile_ = state_.sysData;
     followOutput();
+    actionEnded();
 }
 
 void mainController::connectActions() {

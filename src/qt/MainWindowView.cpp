@@ -5,12 +5,14 @@
 #include <QHBoxLayout>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QVBoxLayout>
 
 #include "qt/AssignmentPanel.h"
 #include "qt/ComboBoxView.h"
 #include "qt/ControlButton.h"
 #include "qt/SurfacePanel.h"
+#include "qt/TextFieldView.h"
 #include "qt/widgets.h"
 
 namespace qt {
@@ -29,9 +31,9 @@ QPushButton* buttonFor(QAction& action, const QString& outlet, const QString& ca
     return button;
 }
 
-QFrame* makeSeparator() {
+QFrame* makeSeparator(QFrame::Shape shape) {
     auto* line = new QFrame;
-    line->setFrameShape(QFrame::HLine);
+    line->setFrameShape(shape);
     line->setFrameShadow(QFrame::Sunken);
     return line;
 }
@@ -39,20 +41,53 @@ QFrame* makeSeparator() {
 }  // namespace
 
 MainWindowView::MainWindowView(editor::MainWindow& window, editor::mainController& controller)
-    : binding_(*this, window.window) {
+    : controller_(controller),
+      window_(window),
+      binding_(*this, window.window, WindowBinding::Title::MarksUnsavedChanges) {
     makeActions(controller);
     makeMenus();
-
     auto* content = new QWidget;
     auto* layout = new QVBoxLayout(content);
-    layout->setContentsMargins(16, 12, 16, 16);
+    layout->setContentsMargins(16, 12, 16, 8);
     layout->setSpacing(12);
     layout->addLayout(makeTopBar(window));
-    layout->addWidget(makeSeparator());
-    layout->addWidget(new SurfacePanel(window, controller.state()), 1);
-    layout->addWidget(makeSeparator());
-    layout->addWidget(new AssignmentPanel(window));
+    layout->addWidget(makeSeparator(QFrame::HLine));
+    layout->addLayout(makeContent(window), 1);
     setCentralWidget(content);
+    showStatus(window);
+    window.actionEnded = [this] { refresh(); };
+    refresh();
+}
+
+MainWindowView::~MainWindowView() {
+    window_.actionEnded = nullptr;
+}
+
+QLayout* MainWindowView::makeContent(editor::MainWindow& window) {
+    constexpr int assignmentWidth = 236;
+    surface_ = new SurfacePanel(window, controller_.state());
+    assignment_ = new AssignmentPanel(window, controller_.state());
+    assignment_->setFixedWidth(assignmentWidth);
+    auto* columns = new QHBoxLayout;
+    columns->setSpacing(16);
+    columns->addWidget(surface_, 1);
+    columns->addWidget(makeSeparator(QFrame::VLine));
+    columns->addWidget(assignment_);
+    return columns;
+}
+
+void MainWindowView::showStatus(editor::MainWindow& window) {
+    auto* text = new TextFieldView(window.status);
+    text->setObjectName(QStringLiteral("status"));
+    statusBar()->setContentsMargins(12, 0, 12, 4);
+    statusBar()->addWidget(text, 1);
+    statusBar()->setSizeGripEnabled(false);
+}
+
+void MainWindowView::refresh() {
+    surface_->refresh();
+    assignment_->refresh();
+    setWindowModified(controller_.isImageEdited());
 }
 
 QAction* MainWindowView::addAction(const QString& outlet, const QString& caption) {
@@ -116,6 +151,15 @@ QBoxLayout* MainWindowView::makeTopBar(editor::MainWindow& window) {
     bar->addSpacing(16);
     bar->addWidget(locker);
     bar->addStretch(1);
+    auto* lamp = new ControlButton(window.outputLamp, ControlButton::Shape::Lamp, QString());
+    nameWidget(*lamp, QStringLiteral("outputLamp"), QStringLiteral("The output is online"));
+    lamp->setFocusPolicy(Qt::NoFocus);
+    lamp->setAttribute(Qt::WA_TransparentForMouseEvents);
+    bar->addWidget(lamp);
+    auto* output = new TextFieldView(window.output);
+    nameWidget(*output, QStringLiteral("output"), QStringLiteral("Where a Send goes"));
+    bar->addWidget(output);
+    bar->addSpacing(8);
     bar->addWidget(buttonFor(*midiDevices_, QStringLiteral("midiDevices"),
                              QStringLiteral("MIDI De&vices..."),
                              QStringLiteral("Choose the MIDI input and output")));

@@ -9,18 +9,29 @@ class QBoxLayout;
 
 namespace qt {
 
+class AssignmentPanel;
+class SurfacePanel;
+
 /// The main window: the surface of the controller, the assignment of the selected control, and the
 /// menu. Window and controller must outlive it.
 class MainWindowView final : public QMainWindow {
 public:
     MainWindowView(editor::MainWindow& window, editor::mainController& controller);
+    ~MainWindowView() override;
 
 private:
     void makeActions(editor::mainController& controller);
     void makeMenus();
     QBoxLayout* makeTopBar(editor::MainWindow& window);
+    QLayout* makeContent(editor::MainWindow& window);
+    void showStatus(editor::MainWindow& window);
+    /// Shows what no widget model tells: faces, selection, unsaved changes.
+    void refresh();
     QAction* addAction(const QString& outlet, const QString& caption);
 
+    editor::mainController& controller_;
+    SurfacePanel* surface_ = nullptr;
+    AssignmentPanel* assignment_ = nullptr;
     QAction* loadPreset_ = nullptr;
     QAction* savePreset_ = nullptr;
     QAction* quit_ = nullptr;
@@ -28,6 +39,7 @@ private:
     QAction* midiDevices_ = nullptr;
     QAction* firmwareUpdate_ = nullptr;
     QAction* about_ = nullptr;
+    editor::MainWindow& window_;
     WindowBinding binding_;
 };
 

@@ -12,6 +12,7 @@
 #include "qt/ComboBoxView.h"
 #include "qt/ControlButton.h"
 #include "qt/TextFieldView.h"
+#include "qt/VelocityPicture.h"
 #include "qt/controlFaces.h"
 #include "qt/widgets.h"
 
@@ -20,10 +21,11 @@ namespace qt {
 namespace {
 
 constexpr int padsInARow = 3;
+constexpr int constantVelocityEntry = 5;  // behind the five curves of `combo_curv`
 
 /// A box with its caption; `beside` stands to its right.
-void addBox(QFormLayout& form, toolkit::ComboBox& model, const QString& outlet,
-            const QString& caption, const QString& name, QWidget* beside = nullptr) {
+ComboBoxView* addBox(QFormLayout& form, toolkit::ComboBox& model, const QString& outlet,
+                     const QString& caption, const QString& name, QWidget* beside = nullptr) {
     auto* box = new ComboBoxView(model);
     nameWidget(*box, outlet, name);
     box->setMinimumContentsLength(12);
@@ -33,6 +35,7 @@ void addBox(QFormLayout& form, toolkit::ComboBox& model, const QString& outlet,
         row->addWidget(beside);
     }
     form.addRow(captionOf(*box, caption), row);
+    return box;
 }
 
 }  // namespace
@@ -96,13 +99,15 @@ QLayout* PadView::makeSettings(editor::pad& controller) {
     auto* layerForm = new QFormLayout(ofLayer);
     addBox(*layerForm, controller.combo_intervl, QStringLiteral("combo_intervl"),
            QStringLiteral("&Interval"), QStringLiteral("Pad interval in milliseconds"));
-    addBox(*layerForm, controller.combo_curv, QStringLiteral("combo_curv"),
-           QStringLiteral("Velocity c&urve"), QStringLiteral("Velocity curve"));
+    const auto* curve = addBox(*layerForm, controller.combo_curv, QStringLiteral("combo_curv"),
+                               QStringLiteral("Velocity c&urve"), QStringLiteral("Velocity curve"));
     auto* constant = new TextFieldView(controller.tx_Non);
     constant->setObjectName(QStringLiteral("tx_Non"));
     constant->setMinimumWidth(QLabel(QStringLiteral("Const")).sizeHint().width());
-    addBox(*layerForm, controller.combo_curConst, QStringLiteral("combo_curConst"),
-           QStringLiteral("Constant &velocity"), QStringLiteral("Constant velocity"), constant);
+    const auto* velocity =
+        addBox(*layerForm, controller.combo_curConst, QStringLiteral("combo_curConst"),
+               QStringLiteral("Constant &velocity"), QStringLiteral("Constant velocity"), constant);
+    layerForm->addRow(new VelocityPicture(*curve, *velocity, constantVelocityEntry));
 
     for (QFormLayout* form : {padForm, layerForm}) {
         form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);

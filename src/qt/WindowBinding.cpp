@@ -6,10 +6,12 @@
 
 namespace qt {
 
-WindowBinding::WindowBinding(QWidget& widget, toolkit::Window& model)
-    : widget_(widget), link_(model, [this](toolkit::Window::Change change) { show(change); }) {
+WindowBinding::WindowBinding(QWidget& widget, toolkit::Window& model, Title title)
+    : widget_(widget),
+      mark_(title == Title::MarksUnsavedChanges ? QStringLiteral("[*]") : QString()),
+      link_(model, [this](toolkit::Window::Change change) { show(change); }) {
     widget.installEventFilter(this);
-    widget.setWindowTitle(asText(model.title()));
+    widget.setWindowTitle(asText(model.title()) + mark_);
 }
 
 bool WindowBinding::eventFilter(QObject* watched, QEvent* event) {
@@ -24,7 +26,7 @@ bool WindowBinding::eventFilter(QObject* watched, QEvent* event) {
 void WindowBinding::show(toolkit::Window::Change change) {
     switch (change) {
         case toolkit::Window::Change::Title:
-            widget_.setWindowTitle(asText(link_.model()->title()));
+            widget_.setWindowTitle(asText(link_.model()->title()) + mark_);
             break;
         case toolkit::Window::Change::Visibility:
             widget_.setVisible(link_.model()->isVisible());

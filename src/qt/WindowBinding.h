@@ -13,7 +13,10 @@ namespace qt {
 /// widget is shown by the next change, not at once, so that it can be put together first.
 class WindowBinding final : public QObject {
 public:
-    WindowBinding(QWidget& widget, toolkit::Window& model);
+    /// Whether the desktop's mark for unsaved changes has a place in the title.
+    enum class Title { Plain, MarksUnsavedChanges };
+
+    WindowBinding(QWidget& widget, toolkit::Window& model, Title title = Title::Plain);
 
     /// Null once the window's model is gone.
     [[nodiscard]] toolkit::Window* model() const { return link_.model(); }
@@ -24,6 +27,7 @@ private:
     void show(toolkit::Window::Change change);
 
     QWidget& widget_;
+    QString mark_;
     ModelLink<toolkit::Window> link_;
 };
 

@@ -96,7 +96,8 @@ std::vector<std::uint8_t> messagesOf(const Editor& editor) {
 
 TEST_F(EditorTest, ShowsItsMainWindowAwake) {
     EXPECT_TRUE(editor.view.isVisible());
-    EXPECT_EQ(editor.view.windowTitle(), QStringLiteral("Tormelk Wyro"));
+    EXPECT_EQ(editor.view.windowTitle(), QStringLiteral("Tormelk Wyro[*]"));
+    EXPECT_FALSE(editor.view.isWindowModified());
     EXPECT_EQ(find<QComboBox>(editor.view, "combo_mode").currentText(),
               QStringLiteral("Nuendo mode(MCP)"));
 }

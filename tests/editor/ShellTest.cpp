@@ -83,6 +83,7 @@ TEST_F(Shell, AboutIsMadeOnceAndShownAgain) {
 TEST_F(Shell, TheDevicesAreChosenInAModalDialog) {
     editor.midiService.addDestination("Port A");
     editor.midiService.addDestination("Port B");
+    editor.midiService.dispatch();
     desktop.onModal<devices::seldev>([](devices::seldev& dialog) {
         dialog.combo_out.choose(1);
         dialog.okButton.click();
@@ -98,6 +99,7 @@ TEST_F(Shell, TheDevicesAreChosenInAModalDialog) {
 
 TEST_F(Shell, TheFirmwareWindowIsModalAndKeepsItsStateBetweenItsOpenings) {
     editor.midiService.addDestination("Port A");
+    editor.midiService.dispatch();
     desktop.onModal<firmware::firm>([this](firmware::firm& shown) {
         EXPECT_EQ(shown.window().title(), "Firmware Upgrade");
         desktop.onModal<devices::seldev>([](devices::seldev& dialog) { dialog.okButton.click(); });

@@ -37,6 +37,7 @@ protected:
     void TearDown() override { EXPECT_THAT(editor.midiService.misuses(), IsEmpty()); }
 
     void chooseOutput() {
+        editor.midiService.dispatch();  // the device was plugged in after the start
         editor.devices.chosen.g_outDevice =
             editor.midiProcess.sharedInstance().realDestinations().at(0).get();
     }
@@ -292,7 +293,6 @@ TEST(SecondMessageForm, IsNewEachTime) {
 
 TEST_F(Transfer, TheStatusNamesTheOutputThatTookTheLayers) {
     chooseOutput();
-    EXPECT_EQ(window.status.stringValue(), "");
     send();
     EXPECT_EQ(window.status.stringValue(), "Sent 4 layers to Tormelk Port 1");
 }

@@ -1,0 +1,55 @@
+#pragma once
+
+// The main window over the editor's logic, for the tests of its parts.
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QComboBox>
+#include <QTest>
+
+#include "app/Robot.h"
+#include "platform/AbsentMidiService.h"
+#include "platform/NotificationCentre.h"
+#include "qt/MainWindowView.h"
+#include "support/ScriptedDesktop.h"
+
+namespace qt {
+
+/// The main window over the editor's logic, with a scripted desktop behind.
+class MainWindowFixture : public testing::Test {
+protected:
+    MainWindowFixture() {
+        controller.awakeFromNib();
+        window.window.makeKeyAndOrderFront();
+        (void)QTest::qWaitForWindowActive(&view);
+    }
+
+    QAbstractButton& button(const QString& outlet) {
+        return app::robot::find<QAbstractButton>(view, outlet.toLatin1().constData());
+    }
+    QComboBox& box(const char* outlet) { return app::robot::find<QComboBox>(view, outlet); }
+    QAction& action(const char* outlet) {
+        auto* found = view.findChild<QAction*>(QString::fromLatin1(outlet));
+        EXPECT_NE(found, nullptr) << outlet;
+        return *found;
+    }
+    void enterUserDefinedMode() {
+        app::robot::choose(box("combo_mode"), editor::userDefinedMode);
+        ASSERT_EQ(state.modes.machn_mod, editor::userDefinedMode);
+    }
+
+    platform::AbsentMidiService service;
+    platform::NotificationCentre centre;
+    midi::ZQMIDIProcess process{service, centre};
+    devices::seldevChoice devices{process};
+    firmware::FirmwareState firmware{process};
+    editor::EditorState state;
+    editor::MainWindow window;
+    support::ScriptedDesktop desktop;
+    editor::mainController controller{state, window, desktop, devices, firmware};
+    MainWindowView view{window, controller};
+};
+
+}  // namespace qt
