@@ -8,9 +8,9 @@
 
 namespace qt {
 
-/// The save and the open panel. They start in the folder used last in this run, and remember nothing
-/// else. A panel that was answered is hidden at once and destroyed a little later, with this object
-/// at the latest.
+/// The save and the open panel. They start in the folder used last in this run, and remember
+/// nothing else. A panel that was answered is hidden at once and destroyed a little later, with
+/// this object at the latest.
 class FilePanels {
 public:
     [[nodiscard]] std::optional<std::filesystem::path> runSave(const toolkit::SavePanel& panel);
