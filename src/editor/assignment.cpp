@@ -194,7 +194,7 @@ std::pair<std::string, std::string> Assignment::faceLines() const {
         return {text, channelText()};
     }
     std::pair<std::string, std::string> lines{text, ""};
-    std::size_t longest = text.size();
+    std::size_t longest = std::string::npos;
     for (std::size_t blank = text.find(' '); blank != std::string::npos;
          blank = text.find(' ', blank + 1)) {
         const std::size_t longer = std::max(blank, text.size() - blank - 1);

@@ -35,8 +35,8 @@ struct Assignment {
     [[nodiscard]] std::string shortText() const;
     /// "ch 3".
     [[nodiscard]] std::string channelText() const;
-    /// The two lines of a face: short text and channel; the host's function on two lines of about
-    /// equal length, or on one where it is a single word.
+    /// The two lines of a face: short text and channel; the host's function on two lines, the
+    /// second the shorter one since signs stand beside it, or on one where it is a single word.
     [[nodiscard]] std::pair<std::string, std::string> faceLines() const;
     /// "Control change 64 Sustain, channel 3, toggle", "SOLO CH.3: note 10 A#-1, channel 1,
     /// momentary". The trigger is named where the control has one.

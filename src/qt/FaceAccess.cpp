@@ -64,4 +64,10 @@ void describeFaces() {
     QAccessible::installFactory(makeInterface);
 }
 
+void describeAfresh(QObject& face) {
+    if (QAccessibleInterface* early = QAccessible::queryAccessibleInterface(&face)) {
+        QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(early));
+    }
+}
+
 }  // namespace qt

@@ -4,8 +4,8 @@
 #include <QKeyEvent>
 #include <QPainter>
 
+#include "qt/FaceAccess.h"
 #include "qt/asText.h"
-#include "qt/facePainting.h"
 
 namespace qt {
 
@@ -14,6 +14,7 @@ FaceButton::FaceButton(toolkit::Button& model, FaceShape shape, const QString& c
     : ButtonView(model, Kind::State, caption, parent), shape_(shape) {
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::ClickFocus);
+    describeAfresh(*this);
 }
 
 void FaceButton::showAssignment(const editor::Assignment& assignment) {
@@ -32,7 +33,7 @@ void FaceButton::setUnit(qreal unit) {
     update();
 }
 
-void FaceButton::paintEvent(QPaintEvent*) {
+FaceLook FaceButton::look() const {
     FaceLook look;
     look.shape = shape_;
     look.room = rect();
@@ -45,8 +46,12 @@ void FaceButton::paintEvent(QPaintEvent*) {
     look.isHovered = underMouse() && isEnabled();
     look.isHeld = isDown();
     look.hasFocus = hasFocus();
+    return look;
+}
+
+void FaceButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    paintFace(painter, look, SurfaceColours(palette()));
+    paintFace(painter, look(), SurfaceColours(palette()));
 }
 
 void FaceButton::keyPressEvent(QKeyEvent* event) {

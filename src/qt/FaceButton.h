@@ -4,8 +4,7 @@
 
 #include "editor/assignment.h"
 #include "qt/ButtonView.h"
-#include "qt/SurfaceColours.h"
-#include "qt/surfacePlan.h"
+#include "qt/facePainting.h"
 
 namespace qt {
 
@@ -21,7 +20,8 @@ public:
     /// Shows what the control sends. Nothing is painted afresh where it is what is shown already.
     void showAssignment(const editor::Assignment& assignment);
     [[nodiscard]] const editor::Assignment& assignment() const { return assignment_; }
-    [[nodiscard]] FaceShape shape() const { return shape_; }
+    /// What is drawn now.
+    [[nodiscard]] FaceLook look() const;
 
     /// Pixels a unit of the drawing.
     void setUnit(qreal unit);

@@ -7,6 +7,8 @@ namespace qt {
 namespace {
 
 constexpr int hues = 360;
+/// Small letters are paler on the screen than their colour: their strokes are thinner than a pixel.
+constexpr qreal forThinStrokes = 1.8;
 
 /// How far around the colour circle a kind's hue lies from the theme's accent.
 int turnOf(editor::MessageKind kind) {
@@ -36,12 +38,13 @@ SurfaceColours::SurfaceColours(const QPalette& palette) {
     body = dark ? between(window, Qt::black, 0.25) : between(window, text, 0.11);
     bodyEdge = between(body, text, 0.30);
     plate = dark ? between(body, text, 0.07) : between(body, text, 0.05);
-    engraving = shadeFor(between(plate, text, 0.78), plate, readableContrast + 0.3);
+    engraving = shadeFor(between(plate, text, 0.78), plate, readableContrast + forThinStrokes);
     face = dark ? between(button, text, 0.10) : between(button, Qt::white, 0.75);
     faceHovered = dark ? between(face, text, 0.14) : Qt::white;
     lettering = shadeFor(palette.color(QPalette::Active, QPalette::ButtonText), face, 7.0);
     facePressed = between(face, lettering, 0.16);
-    lesserLettering = shadeFor(between(face, lettering, 0.72), facePressed, readableContrast + 0.3);
+    lesserLettering =
+        shadeFor(between(face, lettering, 0.72), facePressed, readableContrast + forThinStrokes);
     edge = shadeFor(between(face, text, 0.35), plate, 1.8);
     groove = dark ? between(body, Qt::black, 0.5) : between(body, text, 0.45);
     selectedLettering = palette.color(QPalette::Active, QPalette::HighlightedText);
@@ -49,7 +52,8 @@ SurfaceColours::SurfaceColours(const QPalette& palette) {
                         readableContrast + 0.4);
     accent = shadeFor(selected, face, visibleContrast + 0.3);
     focus = shadeFor(text, plate, 7.0);
-    disabledLettering = shadeFor(between(plate, text, 0.5), plate, readableContrast + 0.1);
+    disabledLettering =
+        shadeFor(between(plate, text, 0.5), plate, readableContrast + forThinStrokes);
 
     const int hue = palette.color(QPalette::Active, QPalette::Highlight).hslHue();
     constexpr int blue = 205;

@@ -95,6 +95,24 @@ qreal signsWidthOf(const FaceLook& look, bool hasSecondLine) {
     return (kindSignSide + gap + toggle) * look.unit;
 }
 
+/// The part of a face that its lines are centred in.
+QRectF lettersRoomOf(const FaceLook& look) {
+    const QRectF body = bodyOf(look);
+    switch (look.shape) {
+        case FaceShape::Fader:
+            return body.adjusted(0, body.height() - faderLettersHeight * look.unit, 0,
+                                 -2 * look.unit);
+        case FaceShape::Pad:
+            return body.adjusted(0, 10 * look.unit, 0, 0);
+        case FaceShape::Knob:
+            return body.adjusted(0, 6 * look.unit, 0, 0);
+        case FaceShape::Key:
+        case FaceShape::Layer:
+            break;
+    }
+    return body;
+}
+
 /// How wide the lettering may be.
 qreal letterRoom(const FaceLook& look) {
     qreal inset = 2;
@@ -102,6 +120,21 @@ qreal letterRoom(const FaceLook& look) {
         inset = 6;
     }
     return bodyOf(look).width() - 2 * inset * look.unit;
+}
+
+/// Puts the signs before and behind a line, and moves it so that all of them are centred together.
+void placeSigns(FaceLines& lines, const FaceLook& look, QRectF& line) {
+    const qreal side = kindSignSide * look.unit;
+    const qreal left =
+        line.center().x() - (signsWidthOf(look, line.width() > 0) + line.width()) / 2;
+    const qreal middle = line.center().y();
+    lines.kindSign = {left, middle - side / 2, side, side};
+    line.moveLeft(left + side + (line.width() > 0 ? signGap * look.unit : 0));
+    if (look.assignment.toggles) {
+        const QSizeF size = toggleSignSize * look.unit;
+        lines.toggleSign = {QPointF(line.right() + signGap * look.unit, middle - size.height() / 2),
+                            size};
+    }
 }
 
 void drawBody(QPainter& painter, const FaceLook& look, const Style& style, const QRectF& body) {
@@ -179,53 +212,26 @@ void drawFader(QPainter& painter, const FaceLook& look, const SurfaceColours& co
                      QPointF(cap.right() - 3 * unit, cap.center().y()));
 }
 
-void drawSigns(QPainter& painter, const FaceLook& look, const Style& style, qreal left,
-               qreal middle, qreal textWidth) {
-    const qreal side = kindSignSide * look.unit;
-    drawKindSign(painter, {left, middle - side / 2, side, side}, look.assignment.kind, style.sign);
-    if (!look.assignment.toggles) {
-        return;
-    }
-    const QSizeF size = toggleSignSize * look.unit;
-    const qreal gaps = (textWidth > 0 ? 2 : 1) * signGap * look.unit;
-    drawToggleSign(
-        painter,
-        {left + side + textWidth + gaps, middle - size.height() / 2, size.width(), size.height()},
-        style.lesserLettering, style.fill);
-}
-
-void drawLines(QPainter& painter, const FaceLook& look, const Style& style, const QRectF& room) {
-    const FaceLines lines = lettersOf(look);
-    const qreal firstHeight = QFontMetricsF(lines.first.font).height();
-    const qreal secondHeight =
-        std::max(QFontMetricsF(lines.second.font).height(), kindSignSide * look.unit);
-    const qreal top = room.center().y() - (firstHeight + secondHeight) / 2;
-
+void drawLines(QPainter& painter, const FaceLook& look, const Style& style) {
+    const FaceLines lines = linesOf(look);
     painter.setPen(style.lettering);
     painter.setFont(lines.first.font);
-    painter.drawText(QRectF(room.left(), top, room.width(), firstHeight), Qt::AlignCenter,
-                     lines.first.text);
-
-    const bool hasSecond = !lines.second.text.isEmpty();
-    const qreal width = signsWidthOf(look, hasSecond) + lines.second.width;
-    const qreal left = room.center().x() - width / 2;
-    const qreal middle = top + firstHeight + secondHeight / 2;
-    drawSigns(painter, look, style, left, middle, lines.second.width);
+    painter.drawText(lines.firstRoom, Qt::AlignCenter | Qt::TextDontClip, lines.first.text);
+    drawKindSign(painter, lines.kindSign, look.assignment.kind, style.sign);
+    if (look.assignment.toggles) {
+        drawToggleSign(painter, lines.toggleSign, style.lesserLettering, style.fill);
+    }
     painter.setPen(style.lesserLettering);
     painter.setFont(lines.second.font);
-    painter.drawText(QRectF(left + (kindSignSide + signGap) * look.unit, middle - secondHeight / 2,
-                            lines.second.width + 1, secondHeight),
-                     Qt::AlignLeft | Qt::AlignVCenter, lines.second.text);
+    painter.drawText(lines.secondRoom, Qt::AlignCenter | Qt::TextDontClip, lines.second.text);
 }
 
-void drawCaption(QPainter& painter, const FaceLook& look, const Style& style, const QRectF& body) {
+void drawCaption(QPainter& painter, const FaceLook& look, const Style& style) {
     QFont font = look.font;
     font.setPixelSize(std::max(static_cast<int>(captionSize * look.unit), smallestLettering));
     painter.setFont(font);
     painter.setPen(style.lesserLettering);
-    const qreal inset = 6 * look.unit;
-    painter.drawText(body.adjusted(inset, inset - 1, -inset, 0), Qt::AlignLeft | Qt::AlignTop,
-                     look.caption);
+    painter.drawText(captionRoomOf(look), Qt::AlignLeft | Qt::AlignVCenter, look.caption);
 }
 
 /// A layer button: its number, and a lamp that is filled while the layer is the current one.
@@ -237,7 +243,7 @@ void drawLayer(QPainter& painter, const FaceLook& look, const SurfaceColours& co
     font.setBold(look.isChecked);
     painter.setFont(font);
     painter.setPen(style.lettering);
-    painter.drawText(body.adjusted(0, 0, 0, -5 * unit), Qt::AlignCenter, look.caption);
+    painter.drawText(captionRoomOf(look), Qt::AlignCenter, look.caption);
 
     const QRectF lamp(body.center().x() - 12 * unit, body.bottom() - 8 * unit, 24 * unit, 4 * unit);
     const QColor lit = look.isEnabled ? colours.accent : style.lettering;
@@ -259,14 +265,47 @@ void drawFocus(QPainter& painter, const FaceLook& look, const SurfaceColours& co
 
 }  // namespace
 
-FaceLines lettersOf(const FaceLook& look) {
+/// The signs stand beside the second line; where that would be cut, beside the first.
+FaceLines linesOf(const FaceLook& look) {
+    if (look.shape == FaceShape::Layer) {
+        return {};
+    }
     const auto [first, second] = look.assignment.faceLines();
     QFont strong = look.font;
     strong.setWeight(QFont::DemiBold);
-    const qreal room = letterRoom(look);
-    return {fitText(asText(first), strong, firstSizeOf(look), room),
-            fitText(asText(second), look.font, secondSizeOf(look),
-                    room - signsWidthOf(look, !second.empty()))};
+    const qreal width = letterRoom(look);
+    const qreal signs = signsWidthOf(look, !second.empty());
+
+    FaceLines lines;
+    lines.first = fitText(asText(first), strong, firstSizeOf(look), width);
+    lines.second = fitText(asText(second), look.font, secondSizeOf(look), width - signs);
+    const bool besideFirst = lines.second.isCut;
+    if (besideFirst) {
+        lines.first = fitText(asText(first), strong, firstSizeOf(look), width - signs);
+        lines.second = fitText(asText(second), look.font, secondSizeOf(look), width);
+    }
+
+    const qreal side = kindSignSide * look.unit;
+    const qreal firstHeight = QFontMetricsF(lines.first.font).height();
+    const qreal secondHeight = std::max(QFontMetricsF(lines.second.font).height(), side);
+    const QRectF room = lettersRoomOf(look);
+    const qreal middle = room.center().x();
+    const qreal top = room.center().y() - (firstHeight + secondHeight) / 2;
+    lines.firstRoom = {middle - lines.first.width / 2, top, lines.first.width, firstHeight};
+    lines.secondRoom = {middle - lines.second.width / 2, top + firstHeight, lines.second.width,
+                        secondHeight};
+    placeSigns(lines, look, besideFirst ? lines.firstRoom : lines.secondRoom);
+    return lines;
+}
+
+QRectF captionRoomOf(const FaceLook& look) {
+    const QRectF body = bodyOf(look);
+    if (look.shape == FaceShape::Layer) {
+        return body.adjusted(0, 1, 0, -9 * look.unit);
+    }
+    const qreal inset = 6 * look.unit;
+    return {body.left() + inset, body.top() + 4 * look.unit, body.width() - 2 * inset,
+            14 * look.unit};
 }
 
 void paintFace(QPainter& painter, const FaceLook& look, const SurfaceColours& colours) {
@@ -284,19 +323,15 @@ void paintFace(QPainter& painter, const FaceLook& look, const SurfaceColours& co
             break;
         case FaceShape::Fader:
             drawFader(painter, look, colours, style, body);
-            drawLines(painter, look, style,
-                      body.adjusted(0, body.height() - faderLettersHeight * look.unit, 0,
-                                    -2 * look.unit));
+            drawLines(painter, look, style);
             break;
         case FaceShape::Pad:
-            drawCaption(painter, look, style, body);
-            drawLines(painter, look, style, body.adjusted(0, 10 * look.unit, 0, 0));
+            drawCaption(painter, look, style);
+            drawLines(painter, look, style);
             break;
         case FaceShape::Knob:
-            drawLines(painter, look, style, body.adjusted(0, 6 * look.unit, 0, 0));
-            break;
         case FaceShape::Key:
-            drawLines(painter, look, style, body);
+            drawLines(painter, look, style);
             break;
     }
     if (look.hasFocus) {

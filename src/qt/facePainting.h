@@ -30,11 +30,19 @@ struct FaceLook {
 
 void paintFace(QPainter& painter, const FaceLook& look, const SurfaceColours& colours);
 
-/// The lines as a face of this shape letters them; for a face of a single line the second is empty.
+/// The lines of a face and where they stand, in pixels from the widget's corner. Layer buttons have
+/// none; a face with a single line has an empty second one.
 struct FaceLines {
     FittedText first;
+    QRectF firstRoom;
     FittedText second;
+    QRectF secondRoom;
+    QRectF kindSign;
+    QRectF toggleSign;  ///< empty where the control does not toggle
 };
-[[nodiscard]] FaceLines lettersOf(const FaceLook& look);
+[[nodiscard]] FaceLines linesOf(const FaceLook& look);
+
+/// Where a pad's or a layer button's own caption stands.
+[[nodiscard]] QRectF captionRoomOf(const FaceLook& look);
 
 }  // namespace qt

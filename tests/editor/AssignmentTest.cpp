@@ -147,6 +147,7 @@ TEST(Assignment, FillsTheTwoLinesOfAFace) {
     EXPECT_EQ(sent(0x0B, 2, 16).faceLines(), Lines("CC 16", "ch 3"));
     EXPECT_EQ(sent(0x0E, 8, 64, 64).faceLines(), Lines("Pitch", "ch 9"));
     EXPECT_EQ(sent(0x09, 0, 10, 9, nuendoMode).faceLines(), Lines("SOLO", "CH.3"));
+    EXPECT_EQ(sent(0x09, 0, 0, 9, nuendoMode).faceLines(), Lines("REC", "CH.1"));
     EXPECT_EQ(sent(0x09, 0, 94, 9, nuendoMode).faceLines(), Lines("PLAY", ""));
     EXPECT_EQ(sent(0x09, 0, 46, 9, nuendoMode).faceLines(), Lines("BANK", "Left"));
     EXPECT_EQ(sent(0x09, 0, 46, 9, liveMode).faceLines(), Lines("PADER", "BANKS <<"));

@@ -38,6 +38,7 @@ SurfaceEditor::SurfaceEditor() {
     controller.awakeFromNib();
     window.actionEnded = [this] { panel.refresh(); };
     panel.resize(panel.sizeHint());
+    panel.show();
     panel.refresh();
 }
 
@@ -60,7 +61,6 @@ qt::FaceButton& SurfaceEditor::faceOf(int tag) const {
 
 void forEverySurface(const std::function<void(SurfaceEditor& editor, const QString& name)>& visit) {
     SurfaceEditor editor;
-    editor.panel.show();
     (void)QTest::qWaitForWindowActive(&editor.panel);
     editor.click(9);
     lookAt(editor, "surface-nuendo", visit);

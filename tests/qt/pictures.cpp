@@ -2,7 +2,8 @@
 //
 //     qt-pictures FOLDER SUFFIX
 //
-// The suffix tells the scale, which QT_SCALE_FACTOR sets.
+// The suffix tells the scale, which QT_SCALE_FACTOR sets. It fails where a text on the drawn
+// controller has too little contrast to be read.
 
 #include <QApplication>
 #include <QDir>
@@ -12,6 +13,7 @@
 
 #include "qt/EveryWindow.h"
 #include "qt/SurfaceEditor.h"
+#include "qt/letterContrast.h"
 #include "qt/palettes.h"
 
 namespace {
@@ -27,8 +29,15 @@ bool writePictures(const QDir& folder, const QString& theme, const QString& suff
             written = false;
         }
     };
-    tests::forEverySurface(
-        [&](tests::SurfaceEditor& editor, const QString& name) { write(editor.panel, name); });
+    tests::forEverySurface([&](tests::SurfaceEditor& editor, const QString& name) {
+        write(editor.panel, name);
+        const QImage picture = editor.panel.grab().toImage();
+        for (const QString& text : tests::unreadableTexts(picture, editor)) {
+            std::fprintf(stderr, "%s, %s: %s\n", qUtf8Printable(name), qUtf8Printable(theme),
+                         qUtf8Printable(text));
+            written = false;
+        }
+    });
     tests::forEveryWindow(write);
     return written;
 }
