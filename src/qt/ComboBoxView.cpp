@@ -48,7 +48,7 @@ void ComboBoxView::SearchedList::keyboardSearch(const QString& typed) {
         return;
     }
     if (!sinceLastKey_.isValid() ||
-        sinceLastKey_.hasExpired(2 * QApplication::keyboardInputInterval())) {
+        sinceLastKey_.hasExpired(qint64{2} * QApplication::keyboardInputInterval())) {
         typed_.clear();
     }
     typed_ += typed;
