@@ -85,6 +85,43 @@ void benchLoading(app::Editor& editor) {
     bench::printWithin(timing, frame);
 }
 
+/// From a click on what `targets` names, in turn, to everything painted.
+void benchClicks(app::Editor& editor, const std::string& what,
+                 const std::vector<QString>& targets) {
+    constexpr int runs = 1000;
+    constexpr double aim = 8'000;
+    std::vector<QWidget*> widgets;
+    widgets.reserve(targets.size());
+    for (const QString& target : targets) {
+        widgets.push_back(&app::robot::find(editor.view, target.toLatin1().constData()));
+        app::robot::click(*widgets.back());
+        paintAll();
+    }
+    std::vector<double> times;
+    times.reserve(runs);
+    for (std::size_t run = 0; run < runs; ++run) {
+        const auto start = Clock::now();
+        app::robot::click(*widgets[run % widgets.size()]);
+        paintAll();
+        times.push_back(microsecondsSince(start));
+    }
+    const bench::Timing timing = bench::timingOf(std::move(times));
+    bench::print(what, timing);
+    bench::printWithin(timing, aim);
+}
+
+void benchClicking(app::Editor& editor) {
+    std::printf("Click, to everything painted, with all 74 faces shown\n");
+    std::vector<QString> controls;
+    controls.reserve(config::buttonCount);
+    for (int tag = 0; tag < config::buttonCount; ++tag) {
+        controls.push_back(QStringLiteral("encoder%1").arg(tag));
+    }
+    benchClicks(editor, "one control after another", controls);
+    benchClicks(editor, "mode layers, whose faces all differ",
+                {QStringLiteral("moLa1"), QStringLiteral("moLa3")});
+}
+
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
@@ -97,5 +134,6 @@ int main(int argumentCount, char** arguments) {
     editor.show();
     paintAll();
     benchLoading(editor);
+    benchClicking(editor);
     return 0;
 }

@@ -10,8 +10,8 @@
 namespace qt {
 
 FaceButton::FaceButton(toolkit::Button& model, FaceShape shape, const QString& caption,
-                       QWidget* parent)
-    : ButtonView(model, Kind::State, caption, parent), shape_(shape) {
+                       const SurfaceColours& colours, QWidget* parent)
+    : ButtonView(model, Kind::State, caption, parent), shape_(shape), colours_(colours) {
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::ClickFocus);
     describeAfresh(*this);
@@ -51,7 +51,7 @@ FaceLook FaceButton::look() const {
 
 void FaceButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    paintFace(painter, look(), SurfaceColours(palette()));
+    paintFace(painter, look(), colours_);
 }
 
 void FaceButton::keyPressEvent(QKeyEvent* event) {

@@ -14,8 +14,9 @@ namespace qt {
 /// panel gives it, and leaves the keys that lead elsewhere to the panel.
 class FaceButton final : public ButtonView {
 public:
+    /// The colours are its panel's, which takes them from its palette; they must outlive it.
     FaceButton(toolkit::Button& model, FaceShape shape, const QString& caption,
-               QWidget* parent = nullptr);
+               const SurfaceColours& colours, QWidget* parent = nullptr);
 
     /// Shows what the control sends. Nothing is painted afresh where it is what is shown already.
     void showAssignment(const editor::Assignment& assignment);
@@ -39,6 +40,7 @@ protected:
 
 private:
     FaceShape shape_;
+    const SurfaceColours& colours_;
     editor::Assignment assignment_;
     qreal unit_ = 1;
 };

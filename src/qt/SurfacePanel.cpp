@@ -12,7 +12,6 @@
 #include "editor/controlNames.h"
 #include "qt/FaceAccess.h"
 #include "qt/FaceButton.h"
-#include "qt/SurfaceColours.h"
 #include "qt/asText.h"
 #include "qt/casePainting.h"
 #include "qt/widgets.h"
@@ -60,7 +59,7 @@ QSize planTimes(qreal unit) {
 
 SurfacePanel::SurfacePanel(editor::MainWindow& window, const editor::EditorState& state,
                            QWidget* parent)
-    : QWidget(parent), state_(state) {
+    : QWidget(parent), state_(state), colours_(palette()) {
     describeFaces();
     nameWidget(*this, QStringLiteral("surface"), QStringLiteral("Controller"));
     setToolTip({});
@@ -97,7 +96,7 @@ void SurfacePanel::addLayers(std::array<toolkit::Button, 4>& buttons, int firstP
 
 FaceButton* SurfacePanel::addFace(toolkit::Button& model, int place, const QString& caption,
                                   const QString& outlet, const QString& name) {
-    auto* face = new FaceButton(model, placeOf(place).shape, caption, this);
+    auto* face = new FaceButton(model, placeOf(place).shape, caption, colours_, this);
     nameWidget(*face, outlet, name);
     face->onFocus = [this, face] { makeTabStop(face); };
     faces_.at(static_cast<std::size_t>(place)) = face;
@@ -222,7 +221,7 @@ void SurfacePanel::paintEvent(QPaintEvent*) {
         case_.fill(Qt::transparent);
         QPainter painter(&case_);
         painter.translate(corner());
-        paintCase(painter, unit(), font(), SurfaceColours(palette()));
+        paintCase(painter, unit(), font(), colours_);
     }
     QPainter(this).drawPixmap(0, 0, case_);
 }
@@ -234,6 +233,7 @@ void SurfacePanel::resizeEvent(QResizeEvent*) {
 void SurfacePanel::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange ||
         event->type() == QEvent::StyleChange) {
+        colours_ = SurfaceColours(palette());
         case_ = {};
         updateGeometry();
         update();

@@ -6,6 +6,7 @@
 
 #include "editor/EditorState.h"
 #include "editor/MainWindow.h"
+#include "qt/SurfaceColours.h"
 #include "qt/surfaceMoves.h"
 #include "qt/surfacePlan.h"
 
@@ -61,6 +62,7 @@ private:
     void arrange();
 
     const editor::EditorState& state_;
+    SurfaceColours colours_;                       ///< of the palette
     std::array<FaceButton*, placeCount> faces_{};  ///< by their place
     FaceButton* tabStop_ = nullptr;
     QPixmap case_;  ///< painted once for a size, a palette and a font
