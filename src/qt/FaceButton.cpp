@@ -10,8 +10,8 @@
 namespace qt {
 
 FaceButton::FaceButton(toolkit::Button& model, FaceShape shape, const QString& caption,
-                       const SurfaceColours& colours, QWidget* parent)
-    : ButtonView(model, Kind::State, caption, parent), shape_(shape), colours_(colours) {
+                       FaceArt& art, QWidget* parent)
+    : ButtonView(model, Kind::State, caption, parent), shape_(shape), art_(art) {
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::ClickFocus);
     describeAfresh(*this);
@@ -51,7 +51,9 @@ FaceLook FaceButton::look() const {
 
 void FaceButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    paintFace(painter, look(), colours_);
+    const FaceLook shown = look();
+    painter.drawPixmap(0, 0, art_.body(shown, devicePixelRatioF()));
+    paintFaceLetters(painter, shown, art_.colours());
 }
 
 void FaceButton::keyPressEvent(QKeyEvent* event) {

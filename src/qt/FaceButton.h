@@ -4,7 +4,7 @@
 
 #include "editor/assignment.h"
 #include "qt/ButtonView.h"
-#include "qt/facePainting.h"
+#include "qt/FaceArt.h"
 
 namespace qt {
 
@@ -14,9 +14,9 @@ namespace qt {
 /// panel gives it, and leaves the keys that lead elsewhere to the panel.
 class FaceButton final : public ButtonView {
 public:
-    /// The colours are its panel's, which takes them from its palette; they must outlive it.
-    FaceButton(toolkit::Button& model, FaceShape shape, const QString& caption,
-               const SurfaceColours& colours, QWidget* parent = nullptr);
+    /// The art is its panel's and must outlive it.
+    FaceButton(toolkit::Button& model, FaceShape shape, const QString& caption, FaceArt& art,
+               QWidget* parent = nullptr);
 
     /// Shows what the control sends. Nothing is painted afresh where it is what is shown already.
     void showAssignment(const editor::Assignment& assignment);
@@ -40,7 +40,7 @@ protected:
 
 private:
     FaceShape shape_;
-    const SurfaceColours& colours_;
+    FaceArt& art_;
     editor::Assignment assignment_;
     qreal unit_ = 1;
 };

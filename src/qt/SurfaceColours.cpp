@@ -58,6 +58,10 @@ SurfaceColours::SurfaceColours(const QPalette& palette) {
     const int hue = palette.color(QPalette::Active, QPalette::Highlight).hslHue();
     constexpr int blue = 205;
     accentHue_ = hue < 0 ? blue : hue;  // a grey accent has no hue to start from
+    std::size_t next = 0;
+    for (QColor& colour : kindsOnFace_) {
+        colour = this->kind(static_cast<editor::MessageKind>(next++), face);
+    }
 }
 
 QColor SurfaceColours::kind(editor::MessageKind kind, const QColor& background) const {

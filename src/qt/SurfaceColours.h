@@ -5,6 +5,8 @@
 
 #include <QColor>
 #include <QPalette>
+#include <array>
+#include <cstddef>
 
 #include "editor/assignment.h"
 
@@ -15,6 +17,10 @@ struct SurfaceColours {
 
     /// A message kind's own colour, to be seen on this background.
     [[nodiscard]] QColor kind(editor::MessageKind kind, const QColor& background) const;
+    /// The same on a face, of which there are many.
+    [[nodiscard]] QColor kindOnFace(editor::MessageKind kind) const {
+        return kindsOnFace_.at(static_cast<std::size_t>(kind));
+    }
 
     QColor body;             ///< the controller's case
     QColor bodyEdge;         ///< its outline
@@ -35,6 +41,7 @@ struct SurfaceColours {
 
 private:
     int accentHue_;
+    std::array<QColor, 5> kindsOnFace_;
 };
 
 }  // namespace qt

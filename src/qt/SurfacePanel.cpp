@@ -59,7 +59,7 @@ QSize planTimes(qreal unit) {
 
 SurfacePanel::SurfacePanel(editor::MainWindow& window, const editor::EditorState& state,
                            QWidget* parent)
-    : QWidget(parent), state_(state), colours_(palette()) {
+    : QWidget(parent), state_(state), art_(palette()) {
     describeFaces();
     nameWidget(*this, QStringLiteral("surface"), QStringLiteral("Controller"));
     setToolTip({});
@@ -71,6 +71,13 @@ SurfacePanel::SurfacePanel(editor::MainWindow& window, const editor::EditorState
               QStringLiteral("Pad layer"));
     makeTabStop(faces_.front());
     refresh();
+}
+
+/// The keyboard may wander over the faces while they go.
+SurfacePanel::~SurfacePanel() {
+    for (FaceButton* face : faces_) {
+        face->onFocus = nullptr;
+    }
 }
 
 void SurfacePanel::addControls(editor::MainWindow& window) {
@@ -96,7 +103,7 @@ void SurfacePanel::addLayers(std::array<toolkit::Button, 4>& buttons, int firstP
 
 FaceButton* SurfacePanel::addFace(toolkit::Button& model, int place, const QString& caption,
                                   const QString& outlet, const QString& name) {
-    auto* face = new FaceButton(model, placeOf(place).shape, caption, colours_, this);
+    auto* face = new FaceButton(model, placeOf(place).shape, caption, art_, this);
     nameWidget(*face, outlet, name);
     face->onFocus = [this, face] { makeTabStop(face); };
     faces_.at(static_cast<std::size_t>(place)) = face;
@@ -201,6 +208,7 @@ void SurfacePanel::arrange() {
         face->setGeometry(QRectF(origin + room.topLeft() * scale, room.size() * scale).toRect());
     }
     case_ = {};
+    art_.forgetBodies();
 }
 
 QSize SurfacePanel::sizeHint() const {
@@ -221,7 +229,7 @@ void SurfacePanel::paintEvent(QPaintEvent*) {
         case_.fill(Qt::transparent);
         QPainter painter(&case_);
         painter.translate(corner());
-        paintCase(painter, unit(), font(), colours_);
+        paintCase(painter, unit(), font(), art_.colours());
     }
     QPainter(this).drawPixmap(0, 0, case_);
 }
@@ -233,7 +241,7 @@ void SurfacePanel::resizeEvent(QResizeEvent*) {
 void SurfacePanel::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange ||
         event->type() == QEvent::StyleChange) {
-        colours_ = SurfaceColours(palette());
+        art_.takeColours(palette());
         case_ = {};
         updateGeometry();
         update();

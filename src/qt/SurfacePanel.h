@@ -6,7 +6,7 @@
 
 #include "editor/EditorState.h"
 #include "editor/MainWindow.h"
-#include "qt/SurfaceColours.h"
+#include "qt/FaceArt.h"
 #include "qt/surfaceMoves.h"
 #include "qt/surfacePlan.h"
 
@@ -30,6 +30,7 @@ public:
     /// Window and state must outlive it.
     SurfacePanel(editor::MainWindow& window, const editor::EditorState& state,
                  QWidget* parent = nullptr);
+    ~SurfacePanel() override;
 
     /// Shows afresh what each control sends; to be called when an action has ended. Only faces that
     /// changed are painted. Where a control's face has the keyboard, that goes on to the selected
@@ -62,7 +63,7 @@ private:
     void arrange();
 
     const editor::EditorState& state_;
-    SurfaceColours colours_;                       ///< of the palette
+    FaceArt art_;
     std::array<FaceButton*, placeCount> faces_{};  ///< by their place
     FaceButton* tabStop_ = nullptr;
     QPixmap case_;  ///< painted once for a size, a palette and a font

@@ -1,6 +1,5 @@
 #include "qt/facePainting.h"
 
-#include <QFontMetricsF>
 #include <QLinearGradient>
 #include <algorithm>
 
@@ -55,7 +54,7 @@ Style styleOf(const FaceLook& look, const SurfaceColours& colours) {
     return {fill,
             colours.lettering,
             colours.lesserLettering,
-            colours.kind(kind, fill),
+            fill == colours.face ? colours.kindOnFace(kind) : colours.kind(kind, fill),
             marked ? colours.accent : colours.edge,
             marked ? 1.5 : 1.0};
 }
@@ -212,18 +211,23 @@ void drawFader(QPainter& painter, const FaceLook& look, const SurfaceColours& co
                      QPointF(cap.right() - 3 * unit, cap.center().y()));
 }
 
+/// From its base line, which takes half the time of laying it out within a rectangle.
+void drawLine(QPainter& painter, const FittedText& line, const QRectF& room) {
+    const qreal top = room.center().y() - line.height / 2;
+    painter.setFont(line.font);
+    painter.drawText(QPointF(room.left(), top + line.ascent), line.text);
+}
+
 void drawLines(QPainter& painter, const FaceLook& look, const Style& style) {
     const FaceLines lines = linesOf(look);
     painter.setPen(style.lettering);
-    painter.setFont(lines.first.font);
-    painter.drawText(lines.firstRoom, Qt::AlignCenter | Qt::TextDontClip, lines.first.text);
+    drawLine(painter, lines.first, lines.firstRoom);
     drawKindSign(painter, lines.kindSign, look.assignment.kind, style.sign);
     if (look.assignment.toggles) {
         drawToggleSign(painter, lines.toggleSign, style.lesserLettering, style.fill);
     }
     painter.setPen(style.lesserLettering);
-    painter.setFont(lines.second.font);
-    painter.drawText(lines.secondRoom, Qt::AlignCenter | Qt::TextDontClip, lines.second.text);
+    drawLine(painter, lines.second, lines.secondRoom);
 }
 
 void drawCaption(QPainter& painter, const FaceLook& look, const Style& style) {
@@ -234,22 +238,24 @@ void drawCaption(QPainter& painter, const FaceLook& look, const Style& style) {
     painter.drawText(captionRoomOf(look), Qt::AlignLeft | Qt::AlignVCenter, look.caption);
 }
 
-/// A layer button: its number, and a lamp that is filled while the layer is the current one.
-void drawLayer(QPainter& painter, const FaceLook& look, const SurfaceColours& colours,
-               const Style& style, const QRectF& body) {
+/// The lamp of a layer button, which is filled while the layer is the current one.
+void drawLamp(QPainter& painter, const FaceLook& look, const SurfaceColours& colours,
+              const Style& style, const QRectF& body) {
     const qreal unit = look.unit;
-    QFont font = look.font;
-    font.setPixelSize(std::max(static_cast<int>(firstLineSize * unit), smallestLettering));
-    font.setBold(look.isChecked);
-    painter.setFont(font);
-    painter.setPen(style.lettering);
-    painter.drawText(captionRoomOf(look), Qt::AlignCenter, look.caption);
-
     const QRectF lamp(body.center().x() - 12 * unit, body.bottom() - 8 * unit, 24 * unit, 4 * unit);
     const QColor lit = look.isEnabled ? colours.accent : style.lettering;
     painter.setPen(QPen(look.isChecked ? lit : style.edge, 1));
     painter.setBrush(look.isChecked ? QBrush(lit) : QBrush(Qt::NoBrush));
     painter.drawRoundedRect(lamp, 2 * unit, 2 * unit);
+}
+
+void drawLayerNumber(QPainter& painter, const FaceLook& look, const Style& style) {
+    QFont font = look.font;
+    font.setPixelSize(std::max(static_cast<int>(firstLineSize * look.unit), smallestLettering));
+    font.setBold(look.isChecked);
+    painter.setFont(font);
+    painter.setPen(style.lettering);
+    painter.drawText(captionRoomOf(look), Qt::AlignCenter, look.caption);
 }
 
 void drawFocus(QPainter& painter, const FaceLook& look, const SurfaceColours& colours,
@@ -286,8 +292,8 @@ FaceLines linesOf(const FaceLook& look) {
     }
 
     const qreal side = kindSignSide * look.unit;
-    const qreal firstHeight = QFontMetricsF(lines.first.font).height();
-    const qreal secondHeight = std::max(QFontMetricsF(lines.second.font).height(), side);
+    const qreal firstHeight = lines.first.height;
+    const qreal secondHeight = std::max(lines.second.height, side);
     const QRectF room = lettersRoomOf(look);
     const qreal middle = room.center().x();
     const qreal top = room.center().y() - (firstHeight + secondHeight) / 2;
@@ -308,34 +314,35 @@ QRectF captionRoomOf(const FaceLook& look) {
             14 * look.unit};
 }
 
-void paintFace(QPainter& painter, const FaceLook& look, const SurfaceColours& colours) {
+void paintFaceBody(QPainter& painter, const FaceLook& look, const SurfaceColours& colours) {
     painter.setRenderHint(QPainter::Antialiasing);
     const Style style = styleOf(look, colours);
     const QRectF body = bodyOf(look);
     if (look.shape == FaceShape::Knob) {
         drawKnob(painter, look, colours, style, body);
-    } else {
-        drawBody(painter, look, style, body);
+        return;
     }
-    switch (look.shape) {
-        case FaceShape::Layer:
-            drawLayer(painter, look, colours, style, body);
-            break;
-        case FaceShape::Fader:
-            drawFader(painter, look, colours, style, body);
-            drawLines(painter, look, style);
-            break;
-        case FaceShape::Pad:
-            drawCaption(painter, look, style);
-            drawLines(painter, look, style);
-            break;
-        case FaceShape::Knob:
-        case FaceShape::Key:
-            drawLines(painter, look, style);
-            break;
+    drawBody(painter, look, style, body);
+    if (look.shape == FaceShape::Layer) {
+        drawLamp(painter, look, colours, style, body);
+    } else if (look.shape == FaceShape::Fader) {
+        drawFader(painter, look, colours, style, body);
+    }
+}
+
+void paintFaceLetters(QPainter& painter, const FaceLook& look, const SurfaceColours& colours) {
+    painter.setRenderHint(QPainter::Antialiasing);
+    const Style style = styleOf(look, colours);
+    if (look.shape == FaceShape::Layer) {
+        drawLayerNumber(painter, look, style);
+    } else {
+        drawLines(painter, look, style);
+    }
+    if (look.shape == FaceShape::Pad) {
+        drawCaption(painter, look, style);
     }
     if (look.hasFocus) {
-        drawFocus(painter, look, colours, body);
+        drawFocus(painter, look, colours, bodyOf(look));
     }
 }
 

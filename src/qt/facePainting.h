@@ -28,7 +28,12 @@ struct FaceLook {
     bool hasFocus = false;
 };
 
-void paintFace(QPainter& painter, const FaceLook& look, const SurfaceColours& colours);
+/// The key, knob, fader or pad itself, from the painter's origin on. It depends on shape, size and
+/// state alone.
+void paintFaceBody(QPainter& painter, const FaceLook& look, const SurfaceColours& colours);
+
+/// What stands on it: lettering, signs, and the ring of the keyboard around it.
+void paintFaceLetters(QPainter& painter, const FaceLook& look, const SurfaceColours& colours);
 
 /// The lines of a face and where they stand, in pixels from the widget's corner. Layer buttons have
 /// none; a face with a single line has an empty second one.

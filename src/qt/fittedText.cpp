@@ -7,20 +7,26 @@
 namespace qt {
 
 FittedText fitText(const QString& text, const QFont& font, qreal size, qreal room) {
-    FittedText fitted{text, font, 0, false};
+    FittedText fitted;
+    fitted.text = text;
+    fitted.font = font;
     int pixels = std::max(static_cast<int>(std::lround(size)), smallestLettering);
-    for (; pixels >= smallestLettering; --pixels) {
+    while (true) {
         fitted.font.setPixelSize(pixels);
-        fitted.width = QFontMetricsF(fitted.font).horizontalAdvance(text);
-        if (fitted.width <= room) {
+        const QFontMetricsF metrics(fitted.font);
+        fitted.width = metrics.horizontalAdvance(fitted.text);
+        fitted.height = metrics.height();
+        fitted.ascent = metrics.ascent();
+        if (fitted.width <= room || fitted.isCut) {
             return fitted;
         }
+        if (pixels > smallestLettering) {
+            --pixels;
+        } else {
+            fitted.text = metrics.elidedText(text, Qt::ElideRight, room);
+            fitted.isCut = true;
+        }
     }
-    const QFontMetricsF metrics(fitted.font);
-    fitted.text = metrics.elidedText(text, Qt::ElideRight, room);
-    fitted.width = metrics.horizontalAdvance(fitted.text);
-    fitted.isCut = true;
-    return fitted;
 }
 
 }  // namespace qt

@@ -15,6 +15,8 @@ struct FittedText {
     QString text;
     QFont font;
     qreal width = 0;
+    qreal height = 0;  ///< of a line
+    qreal ascent = 0;  ///< from the top of the line to its base
     bool isCut = false;
 };
 

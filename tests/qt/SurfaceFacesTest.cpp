@@ -186,7 +186,8 @@ TEST_F(SurfaceFaces, LookDifferentInEachState) {
                 const qt::SurfaceColours colours(palette);
                 picture.fill(colours.plate);
                 QPainter painter(&picture);
-                qt::paintFace(painter, look, colours);
+                qt::paintFaceBody(painter, look, colours);
+                qt::paintFaceLetters(painter, look, colours);
                 painter.end();
                 return greyOf(picture);
             };
@@ -225,7 +226,9 @@ TEST_F(SurfaceFaces, TellKindsAndTogglesApartWithoutColour) {
             EXPECT_EQ(!lines.toggleSign.isEmpty(), toggles);
             QImage picture(look.room.size().toSize(), QImage::Format_RGB32);
             QPainter painter(&picture);
-            qt::paintFace(painter, look, qt::SurfaceColours(lightPalette()));
+            const qt::SurfaceColours colours(lightPalette());
+            qt::paintFaceBody(painter, look, colours);
+            qt::paintFaceLetters(painter, look, colours);
             painter.end();
             pictures.push_back(
                 picture.copy(lines.kindSign.toAlignedRect()).convertToFormat(QImage::Format_Mono));
