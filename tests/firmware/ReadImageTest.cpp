@@ -38,9 +38,13 @@ namespace fs = std::filesystem;
 using testing::Each;
 
 class ReadImage : public FirmwareTest {
-protected:
+public:
+    ReadImage() = default;
+    ReadImage(const ReadImage&) = delete;
+    ReadImage& operator=(const ReadImage&) = delete;
     ~ReadImage() override { reading = Reading::Works; }
 
+protected:
     ReadOutcome read(const std::string& name, const std::string& bytes) {
         files::write(folder / name, bytes);
         return readImage(folder / name, state);

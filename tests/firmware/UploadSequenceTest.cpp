@@ -6,8 +6,6 @@
 namespace firmware {
 namespace {
 
-using testing::ElementsAre;
-
 class ExpectedUpload {
 public:
     /// `buffer` is what the image buffer holds, `size` what is to be sent of it.
@@ -187,8 +185,8 @@ TEST_F(UploadSequence, OfARefusedOversizedFileReadsZerosBeyondTheBuffer) {
 TEST_F(UploadSequence, WrapsTheBlockCounterAfter256Blocks) {
     openImage(someImage(2000));
     desktop.answerAlert();
-    openImage(std::string(257U * 512, 'x'), "tormelk-large.bin");
-    expectUpload(someImage(2000), 257U * 512);
+    openImage(std::string(257UL * 512, 'x'), "tormelk-large.bin");
+    expectUpload(someImage(2000), 257UL * 512);
     EXPECT_EQ(state.midi_write[15], 1);
 }
 

@@ -18,7 +18,7 @@ namespace {
 
 using app::robot::find;
 using simulator::asMessages;
-using simulator::operator+;
+using simulator::operator+;  // NOLINT(misc-unused-using-decls): used; 14 overlooks operators
 
 class SimulatorViewTest : public testing::Test {
 protected:

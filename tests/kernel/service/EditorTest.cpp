@@ -24,7 +24,7 @@ std::vector<std::string> editor(const std::string& task, const std::string& outp
     return {"env",
             "QT_QPA_PLATFORM=offscreen",
             "XDG_RUNTIME_DIR=/run",
-            "QT_PLUGIN_PATH=" TORMELK_PILOT_FOLDER,
+            std::string("QT_PLUGIN_PATH=") + TORMELK_PILOT_FOLDER,
             "QT_QPA_GENERIC_PLUGINS=pilot:" + task,
             "TORMELK_PILOT_OUTPUT=" + output,
             TORMELK_WYRO};

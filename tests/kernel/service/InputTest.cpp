@@ -19,7 +19,6 @@ namespace {
 
 using namespace std::chrono_literals;
 using testing::Each;
-using testing::ElementsAre;
 using testing::Le;
 
 /// Keeps what it gets.

@@ -116,7 +116,7 @@ TEST_F(Sending, GoesOnToADeviceToWhichAnotherProgramIsConnected) {
     for (int block = 0; block < 50; ++block) {
         send(tormelk(), sysEx(254));
     }
-    const Bytes all = device.received().atLeast(50 * 254, 10s);
+    const Bytes all = device.received().atLeast(std::size_t{50} * 254, 10s);
     EXPECT_THAT(all, SizeIs(50 * 254));
     EXPECT_TRUE(tormelk().isOnline());
     EXPECT_EQ(disconnectPorts("16:0", address(*device.host().client())).status, 0);
@@ -217,7 +217,7 @@ TEST_F(Sending, AnotherDeviceCanBeUsedWhileADeadOneIsGivenBack) {
         send(*layer.destination("Zwolk MIDI 1"), sysEx(254));
     }
     EXPECT_LT(std::chrono::steady_clock::now() - began, 1s);
-    EXPECT_THAT(other.received().atLeast(5 * 254, 5s), SizeIs(5 * 254));
+    EXPECT_THAT(other.received().atLeast(std::size_t{5} * 254, 5s), SizeIs(5 * 254));
 }
 
 TEST(End, OfAProgramThatHasSentToADeadDeviceTakesLessThanThreeSeconds) {
