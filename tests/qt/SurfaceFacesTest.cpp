@@ -40,14 +40,17 @@ private:
 };
 
 class SurfaceFaces : public testing::Test {
-protected:
+public:
     SurfaceFaces() {
         editor.chooseMode(editor::userDefinedMode);
         (void)QTest::qWaitForWindowActive(&editor.panel);
         settle();
     }
+    SurfaceFaces(const SurfaceFaces&) = delete;
+    SurfaceFaces& operator=(const SurfaceFaces&) = delete;
     ~SurfaceFaces() override { QApplication::setPalette(lightPalette()); }
 
+protected:
     static void settle() {
         QApplication::sendPostedEvents();
         QApplication::processEvents();

@@ -15,7 +15,7 @@ namespace {
 
 /// The controller between two fields, as a window has it.
 class SurfaceKeys : public testing::Test {
-protected:
+public:
     SurfaceKeys() {
         auto* layout = new QHBoxLayout(&frame);
         layout->addWidget(&before);
@@ -27,12 +27,15 @@ protected:
         (void)QTest::qWaitForWindowActive(&frame);
         editor.faceOf(9).setFocus();
     }
+    SurfaceKeys(const SurfaceKeys&) = delete;
+    SurfaceKeys& operator=(const SurfaceKeys&) = delete;
     ~SurfaceKeys() override {
         editor.panel.setParent(nullptr);
         before.setParent(nullptr);
         after.setParent(nullptr);
     }
 
+protected:
     static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
         QTest::keyClick(QApplication::focusWidget(), key, modifiers);
     }

@@ -14,7 +14,10 @@ namespace tests {
 namespace {
 
 class SurfaceLetters : public testing::Test {
-protected:
+public:
+    SurfaceLetters() = default;
+    SurfaceLetters(const SurfaceLetters&) = delete;
+    SurfaceLetters& operator=(const SurfaceLetters&) = delete;
     ~SurfaceLetters() override { QApplication::setPalette(lightPalette()); }
 };
 

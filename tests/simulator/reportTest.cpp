@@ -13,7 +13,6 @@ namespace simulator {
 namespace {
 
 using testing::HasSubstr;
-using testing::Not;
 
 TEST(Report, TellsWhatWasTakenIn) {
     EXPECT_EQ(lineOf({7, true, "layer 1", 254}), "7: layer 1 (254 bytes)\n");
