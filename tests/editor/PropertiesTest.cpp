@@ -58,6 +58,11 @@ TEST_F(PropertyBoxes, ABoxOfAnotherWindowIsIgnored) {
     controller.comboBoxSelectionIsChanging(other);
     EXPECT_EQ(state.sysData, before);
     EXPECT_EQ(state.bChange, 0);
+
+    controller.dataChgCore(127);  // nothing selected
+    controller.comboBoxSelectionIsChanging(other);
+    EXPECT_EQ(other.indexOfSelectedItem(), 7);
+    EXPECT_EQ(other.numberOfItems(), 16);
 }
 
 TEST_F(PropertyBoxes, ABoxWithoutASelectionChoosesNothing) {
