@@ -48,7 +48,7 @@ private:
 
 }  // namespace
 
-UsbMidiGadget::UsbMidiGadget(Options options)
+UsbMidiGadget::UsbMidiGadget(const Options& options)
     : controller_(takeController()), folder_(folderOf(controller_)) {
     setUp(options);
     for (int port = 0; port < options.ports; ++port) {

@@ -36,7 +36,7 @@ public:
         bool highSpeed = false;
     };
 
-    explicit UsbMidiGadget(Options options);
+    explicit UsbMidiGadget(const Options& options);
     /// Unplugs it and leaves nothing behind.
     ~UsbMidiGadget();
     UsbMidiGadget(const UsbMidiGadget&) = delete;
