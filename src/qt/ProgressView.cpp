@@ -20,7 +20,7 @@ int positionOf(const toolkit::ProgressIndicator& model) {
 
 ProgressView::ProgressView(toolkit::ProgressIndicator& model, QWidget* parent)
     : QProgressBar(parent), link_(model, [this] { showModel(); }) {
-    model.onDisplay = [this] { window()->repaint(); };
+    model.onDisplay = [this] { repaint(); };  // and what else of the window waits to be painted
     setRange(0, wholeRange);
     setTextVisible(false);  // the per cent are told beside it
     showModel();

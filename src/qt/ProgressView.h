@@ -8,7 +8,7 @@
 namespace qt {
 
 /// Shows a `toolkit::ProgressIndicator`. A value outside its range is shown as nothing done. Told
-/// to draw at once it draws its whole window, and so what stands beside it.
+/// to draw at once it does so with whatever else of its window waits to be painted.
 class ProgressView final : public QProgressBar {
 public:
     explicit ProgressView(toolkit::ProgressIndicator& model, QWidget* parent = nullptr);

@@ -15,7 +15,7 @@ namespace {
 using namespace std::chrono_literals;
 
 /// A person takes a window for hung much later, a window manager later still.
-constexpr auto betweenBreaths = 50ms;
+constexpr auto betweenBreaths = 100ms;
 
 /// What the kernel's lateness is followed by: up three times as fast as down.
 constexpr auto stepUp = 3us;

@@ -78,7 +78,7 @@ TEST(Sleeper, DoesNotRunTheEventLoopDuringAShortJob) {
     bool fired = false;
     QTimer::singleShot(0, qApp, [&fired] { fired = true; });
     Sleeper sleeper;
-    std::this_thread::sleep_for(60ms);  // the program was busy otherwise before
+    std::this_thread::sleep_for(120ms);  // the program was busy otherwise before
     for (int i = 0; i < 4; ++i) {
         sleeper.sleep(2ms);
     }
@@ -141,7 +141,7 @@ TEST(Sleeper, ThrowsAwayWhatCameSinceTheLastBreathWhenTheJobEnds) {
     canvas.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&canvas));
     Sleeper sleeper;
-    sleeper.sleep(60ms);
+    sleeper.sleep(120ms);
     postInput(canvas, 0ms);
     sleeper.endJob();
     QApplication::processEvents();
@@ -162,7 +162,7 @@ TEST(Sleeper, EndsAShortJobWithoutATurnOfTheEventLoop) {
 TEST(Sleeper, StartsAnewForEachJob) {
     Sleeper sleeper;
     sleeper.sleep(2ms);
-    QTest::qWait(120);
+    QTest::qWait(150);
     bool fired = false;
     QTimer::singleShot(0, qApp, [&fired] { fired = true; });
     sleeper.sleep(2ms);
