@@ -4,6 +4,7 @@
 #include <array>
 
 #include "tables/data.h"
+#include "toolkit/asciiCase.h"
 
 namespace editor {
 
@@ -110,8 +111,8 @@ std::string messageText(const Assignment& assignment) {
 
 /// "note 10 A#-1" within a sentence.
 std::string withinSentence(std::string text) {
-    if (!text.empty() && text[0] >= 'A' && text[0] <= 'Z') {
-        text[0] = static_cast<char>(text[0] - 'A' + 'a');
+    if (!text.empty()) {
+        text[0] = toolkit::lowerCase(text[0]);
     }
     return text;
 }

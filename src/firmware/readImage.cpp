@@ -4,21 +4,12 @@
 #include <string_view>
 
 #include "files/readFile.h"
+#include "toolkit/asciiCase.h"
 
 namespace firmware {
 namespace {
 
 constexpr std::string_view prefix = "tormelk";
-
-char lowerCase(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
-bool beginsRight(std::string_view name) {
-    return name.size() >= prefix.size() &&
-           std::equal(prefix.begin(), prefix.end(), name.begin(),
-                      [](char wanted, char letter) { return wanted == lowerCase(letter); });
-}
 
 bool isOpen(files::ReadResult::Status status) {
     return status == files::ReadResult::Status::Read || status == files::ReadResult::Status::Failed;
@@ -38,7 +29,7 @@ ReadOutcome readImage(const std::filesystem::path& path, FirmwareState& state) {
         return ReadOutcome::CannotRead;
     }
     const std::string name = path.filename().string();
-    if (!beginsRight(name)) {
+    if (!toolkit::beginsWithIgnoringCase(name, prefix)) {
         choose(state, name, file.size, ChosenFile::Verdict::WrongName);
         return ReadOutcome::WrongName;
     }

@@ -3,28 +3,20 @@
 #include <algorithm>
 #include <charconv>
 
+#include "toolkit/asciiCase.h"
+
 namespace toolkit {
 
 namespace {
 
-char lowered(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
 bool isWordLetter(char letter) {
-    const char low = lowered(letter);
+    const char low = lowerCase(letter);
     return (low >= 'a' && low <= 'z') || (letter >= '0' && letter <= '9');
-}
-
-bool startsWith(std::string_view text, std::string_view typed) {
-    return text.size() >= typed.size() &&
-           std::equal(typed.begin(), typed.end(), text.begin(),
-                      [](char a, char b) { return lowered(a) == lowered(b); });
 }
 
 bool hasWordStartingWith(std::string_view text, std::string_view typed) {
     for (std::size_t i = 1; i < text.size(); ++i) {
-        if (!isWordLetter(text[i - 1]) && startsWith(text.substr(i), typed)) {
+        if (!isWordLetter(text[i - 1]) && beginsWithIgnoringCase(text.substr(i), typed)) {
             return true;
         }
     }
@@ -57,8 +49,8 @@ int findItem(const ComboBox& box, std::string_view typed, int from) {
     if (typed.empty()) {
         return -1;
     }
-    int found =
-        firstThat(box, from, [&](std::string_view item) { return startsWith(item, typed); });
+    int found = firstThat(
+        box, from, [&](std::string_view item) { return beginsWithIgnoringCase(item, typed); });
     if (found < 0) {
         found = firstThat(box, from,
                           [&](std::string_view item) { return hasWordStartingWith(item, typed); });
