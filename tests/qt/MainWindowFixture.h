@@ -10,15 +10,13 @@
 #include <QTest>
 
 #include "app/Robot.h"
-#include "platform/AbsentMidiService.h"
-#include "platform/NotificationCentre.h"
 #include "qt/MainWindowView.h"
-#include "support/ScriptedDesktop.h"
+#include "support/ScriptedEditor.h"
 
 namespace qt {
 
 /// The main window over the editor's logic, with a scripted desktop behind.
-class MainWindowFixture : public testing::Test {
+class MainWindowFixture : public testing::Test, protected support::ScriptedEditor {
 protected:
     MainWindowFixture() {
         controller.awakeFromNib();
@@ -40,15 +38,6 @@ protected:
         ASSERT_EQ(state.modes.machn_mod, editor::userDefinedMode);
     }
 
-    platform::AbsentMidiService service;
-    platform::NotificationCentre centre;
-    midi::ZQMIDIProcess process{service, centre};
-    devices::seldevChoice devices{process};
-    firmware::FirmwareState firmware{process};
-    editor::EditorState state;
-    editor::MainWindow window;
-    support::ScriptedDesktop desktop;
-    editor::mainController controller{state, window, desktop, devices, firmware};
     MainWindowView view{window, controller};
 };
 

@@ -5,30 +5,13 @@
 #include <QString>
 #include <functional>
 
-#include "devices/seldev.h"
-#include "editor/EditorState.h"
-#include "editor/MainWindow.h"
-#include "editor/mainController.h"
-#include "firmware/FirmwareState.h"
-#include "midi/ZQMIDIProcess.h"
-#include "platform/AbsentMidiService.h"
-#include "platform/NotificationCentre.h"
 #include "qt/FaceButton.h"
 #include "qt/SurfacePanel.h"
-#include "support/ScriptedDesktop.h"
+#include "support/ScriptedEditor.h"
 
 namespace tests {
 
-struct SurfaceEditor {
-    platform::AbsentMidiService service;
-    platform::NotificationCentre centre;
-    midi::ZQMIDIProcess process{service, centre};
-    devices::seldevChoice devices{process};
-    firmware::FirmwareState firmware{process};
-    editor::EditorState state;
-    editor::MainWindow window;
-    support::ScriptedDesktop desktop;
-    editor::mainController controller{state, window, desktop, devices, firmware};
+struct SurfaceEditor : support::ScriptedEditor {
     qt::SurfacePanel panel{window, state};
 
     SurfaceEditor();

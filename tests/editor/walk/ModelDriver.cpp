@@ -5,37 +5,37 @@
 namespace walk {
 
 ModelDriver::ModelDriver() {
-    controller_.awakeFromNib();
-    window_.window.makeKeyAndOrderFront();
+    editor_.controller.awakeFromNib();
+    editor_.window.window.makeKeyAndOrderFront();
 }
 
 void ModelDriver::clickControl(int tag) {
-    window_.keysOrderedByTag.at(static_cast<std::size_t>(tag)).click();
+    editor_.window.keysOrderedByTag.at(static_cast<std::size_t>(tag)).click();
 }
 
 void ModelDriver::clickModeLayer(int index) {
-    window_.moLaCtrls.at(static_cast<std::size_t>(index)).click();
+    editor_.window.moLaCtrls.at(static_cast<std::size_t>(index)).click();
 }
 
 void ModelDriver::clickFirstPadLayer() {
-    window_.paLaCtrls.front().click();
+    editor_.window.paLaCtrls.front().click();
 }
 
 void ModelDriver::clickPadLayer(int index, const std::function<void()>& inside) {
-    desktop_.onModal<editor::pad>([this, &inside](editor::pad& pad) {
+    editor_.desktop.onModal<editor::pad>([this, &inside](editor::pad& pad) {
         pad_ = &pad;
         inside();
         pad_ = nullptr;
     });
-    window_.paLaCtrls.at(static_cast<std::size_t>(index)).click();
+    editor_.window.paLaCtrls.at(static_cast<std::size_t>(index)).click();
 }
 
 void ModelDriver::clickLocker() {
-    window_.locker.click();
+    editor_.window.locker.click();
 }
 
 void ModelDriver::choose(MainBox box, int index) {
-    boxOf(window_, box).choose(index);
+    boxOf(editor_.window, box).choose(index);
 }
 
 void ModelDriver::clickPad(int index) {

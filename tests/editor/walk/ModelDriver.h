@@ -1,12 +1,7 @@
 #pragma once
 
-#include "devices/seldev.h"
 #include "editor/walk/Driver.h"
-#include "firmware/FirmwareState.h"
-#include "midi/ZQMIDIProcess.h"
-#include "platform/AbsentMidiService.h"
-#include "platform/NotificationCentre.h"
-#include "support/ScriptedDesktop.h"
+#include "support/ScriptedEditor.h"
 
 namespace walk {
 
@@ -28,21 +23,13 @@ public:
     void finish() override;
     void closePadEditor() override;
 
-    [[nodiscard]] editor::EditorState& state() override { return state_; }
-    [[nodiscard]] editor::MainWindow& window() override { return window_; }
-    [[nodiscard]] editor::mainController& controller() override { return controller_; }
+    [[nodiscard]] editor::EditorState& state() override { return editor_.state; }
+    [[nodiscard]] editor::MainWindow& window() override { return editor_.window; }
+    [[nodiscard]] editor::mainController& controller() override { return editor_.controller; }
     [[nodiscard]] editor::pad* padEditor() override { return pad_; }
 
 private:
-    platform::AbsentMidiService service_;
-    platform::NotificationCentre notificationCentre_;
-    midi::ZQMIDIProcess process_{service_, notificationCentre_};
-    devices::seldevChoice devices_{process_};
-    firmware::FirmwareState firmware_{process_};
-    support::ScriptedDesktop desktop_;
-    editor::EditorState state_;
-    editor::MainWindow window_;
-    editor::mainController controller_{state_, window_, desktop_, devices_, firmware_};
+    support::ScriptedEditor editor_;
     editor::pad* pad_ = nullptr;
 };
 
