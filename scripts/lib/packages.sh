@@ -18,6 +18,7 @@
         libgtest-dev libgmock-dev libxcb1-dev
         clang-format clang-tidy
         openbox xdotool x11-utils
+        dbus at-spi2-core python3-pyatspi
     )
     packages_to_measure=(
         libgtest-dev libgmock-dev

@@ -1,16 +1,15 @@
 #include "qt/ComboBoxView.h"
 
 #include <QAbstractItemView>
-#include <QApplication>
 #include <QKeyEvent>
 #include <QPointer>
 #include <QScrollBar>
-#include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
 
+#include "qt/ChoiceAccess.h"
+#include "qt/SearchedList.h"
 #include "qt/asText.h"
-#include "toolkit/itemSearch.h"
 
 namespace qt {
 
@@ -40,28 +39,6 @@ void ComboBoxView::Items::reset() {
     endResetModel();
 }
 
-/// Keys that follow each other soon are one word.
-void ComboBoxView::SearchedList::keyboardSearch(const QString& typed) {
-    const toolkit::ComboBox* box = box_.link_.model();
-    if (box == nullptr || typed.isEmpty()) {
-        typed_.clear();
-        return;
-    }
-    if (!sinceLastKey_.isValid() ||
-        sinceLastKey_.hasExpired(qint64{2} * QApplication::keyboardInputInterval())) {
-        typed_.clear();
-    }
-    typed_ += typed;
-    sinceLastKey_.start();
-    const int found = toolkit::findItem(*box, typed_.toStdString(), currentIndex().row());
-    if (found >= 0) {
-        setCurrentIndex(model()->index(found, 0));
-    }
-    const QString hint =
-        found >= 0 ? QStringLiteral("Search: %1") : QStringLiteral("No \u201c%1\u201d");
-    QToolTip::showText(mapToGlobal(rect().bottomLeft()), hint.arg(typed_), this);
-}
-
 ComboBoxView::ComboBoxView(toolkit::ComboBox& model, QWidget* parent)
     : QComboBox(parent),
       link_(model, [this](toolkit::ComboBox::Change change) { follow(change); }) {
@@ -72,10 +49,18 @@ ComboBoxView::ComboBoxView(toolkit::ComboBox& model, QWidget* parent)
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(widthInLetters);
     setModel(&items_);
+    describeChoices();
     setView(new SearchedList(*this));
     showSelection();
     setEnabled(model.isEnabled());
     connect(this, &QComboBox::activated, this, [this](int index) { passChoice(index); });
+}
+
+void ComboBoxView::pick(int row) {
+    if (isEnabled() && row >= 0 && row < count()) {
+        hidePopup();
+        passChoice(row);
+    }
 }
 
 void ComboBoxView::showPopup() {

@@ -2,8 +2,6 @@
 
 #include <QAbstractListModel>
 #include <QComboBox>
-#include <QElapsedTimer>
-#include <QListView>
 
 #include "qt/ModelLink.h"
 #include "toolkit/ComboBox.h"
@@ -20,6 +18,12 @@ namespace qt {
 class ComboBoxView final : public QComboBox {
 public:
     explicit ComboBoxView(toolkit::ComboBox& model, QWidget* parent = nullptr);
+
+    /// A pick without a hand: closes the list where it is open and chooses the item. Nothing where
+    /// there is no such item or the box is switched off.
+    void pick(int row);
+    /// What the box shows; none once the model has gone.
+    [[nodiscard]] const toolkit::ComboBox* shown() const { return link_.model(); }
 
     void showPopup() override;
 
@@ -39,18 +43,6 @@ private:
 
     private:
         const ComboBoxView& view_;
-    };
-
-    /// The open list.
-    class SearchedList final : public QListView {
-    public:
-        explicit SearchedList(const ComboBoxView& box) : box_(box) {}
-        void keyboardSearch(const QString& typed) override;
-
-    private:
-        const ComboBoxView& box_;
-        QString typed_;
-        QElapsedTimer sinceLastKey_;
     };
 
     void follow(toolkit::ComboBox::Change change);

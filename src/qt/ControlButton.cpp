@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <algorithm>
 
+#include "qt/FaceAccess.h"
 #include "qt/contrast.h"
 
 namespace qt {
@@ -15,6 +16,20 @@ ControlButton::ControlButton(toolkit::Button& model, Shape shape, const QString&
     const bool stretches = shape == Shape::Pad;
     setSizePolicy(shape == Shape::Lamp ? QSizePolicy::Fixed : QSizePolicy::Expanding,
                   stretches ? QSizePolicy::Expanding : QSizePolicy::Fixed);
+    describeFaces();
+    describeAfresh(*this);
+}
+
+void ControlButton::beOneOfSeveral() {
+    isOneOfSeveral_ = true;
+    describeAfresh(*this);
+}
+
+ControlButton::Meaning ControlButton::meaning() const {
+    if (shape_ == Shape::Lamp) {
+        return Meaning::Lamp;
+    }
+    return shape_ == Shape::Pad || isOneOfSeveral_ ? Meaning::OneOfSeveral : Meaning::OnOrOff;
 }
 
 QSize ControlButton::sizeHint() const {

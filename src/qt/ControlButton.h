@@ -10,9 +10,19 @@ namespace qt {
 class ControlButton final : public ButtonView {
 public:
     enum class Shape { Key, Pad, Lamp };
+    /// What a person who does not see it has to know about it.
+    enum class Meaning {
+        OnOrOff,       ///< pressing it lights it and puts it out
+        OneOfSeveral,  ///< pressing it lights it in place of another
+        Lamp           ///< it cannot be pressed
+    };
 
     ControlButton(toolkit::Button& model, Shape shape, const QString& caption,
                   QWidget* parent = nullptr);
+
+    /// A key is on or off unless it is told to be one of several.
+    void beOneOfSeveral();
+    [[nodiscard]] Meaning meaning() const;
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
@@ -35,6 +45,7 @@ private:
     [[nodiscard]] qreal cornerRadius() const;
 
     Shape shape_;
+    bool isOneOfSeveral_ = false;
 };
 
 }  // namespace qt

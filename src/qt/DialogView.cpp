@@ -1,9 +1,12 @@
 #include "qt/DialogView.h"
 
+#include "qt/WindowAccess.h"
+
 namespace qt {
 
 DialogView::DialogView(toolkit::WindowController& controller, const QString& title)
     : binding_(*this, controller.window()) {
+    describeWindows();
     setWindowTitle(title);
 }
 

@@ -2,6 +2,7 @@
 
 #include <QAccessibleWidget>
 
+#include "qt/ControlButton.h"
 #include "qt/FaceButton.h"
 #include "qt/SurfacePanel.h"
 
@@ -9,11 +10,11 @@ namespace qt {
 
 namespace {
 
-/// One control or layer button. The program's own object, so that a screen reader hears "selected"
-/// and not of a box that could be unchecked: a second press changes nothing.
+/// One control, layer button or pad. The program's own object, so that a screen reader hears
+/// "selected" and not of a box that could be unchecked: a second press changes nothing.
 class FaceAccess final : public QAccessibleWidget {
 public:
-    explicit FaceAccess(FaceButton* face)
+    explicit FaceAccess(QAbstractButton* face)
         : QAccessibleWidget(face, QAccessible::RadioButton), face_(face) {}
 
     [[nodiscard]] QAccessible::State state() const override {
@@ -34,23 +35,50 @@ public:
         return names + QAccessibleWidget::actionNames();
     }
 
+    /// The answer does not wait for what a press leads to, a whole window perhaps.
     void doAction(const QString& action) override {
         if (action == pressAction()) {
-            if (face_->isEnabled()) {
-                face_->click();
-            }
+            QMetaObject::invokeMethod(face_, &QAbstractButton::click, Qt::QueuedConnection);
         } else {
             QAccessibleWidget::doAction(action);
         }
     }
 
 private:
-    FaceButton* face_;
+    QAbstractButton* face_;
+};
+
+/// Something that is lit or not and cannot be pressed.
+class LampAccess final : public QAccessibleWidget {
+public:
+    explicit LampAccess(ControlButton* lamp)
+        : QAccessibleWidget(lamp, QAccessible::StaticText), lamp_(lamp) {}
+
+    [[nodiscard]] QString text(QAccessible::Text kind) const override {
+        const QString text = QAccessibleWidget::text(kind);
+        return kind == QAccessible::Name
+                   ? text + (lamp_->isChecked() ? QStringLiteral(": yes") : QStringLiteral(": no"))
+                   : text;
+    }
+    [[nodiscard]] QStringList actionNames() const override { return {}; }
+
+private:
+    ControlButton* lamp_;
 };
 
 QAccessibleInterface* makeInterface(const QString&, QObject* object) {
     if (auto* face = dynamic_cast<FaceButton*>(object)) {
         return new FaceAccess(face);
+    }
+    if (auto* button = dynamic_cast<ControlButton*>(object)) {
+        switch (button->meaning()) {
+            case ControlButton::Meaning::Lamp:
+                return new LampAccess(button);
+            case ControlButton::Meaning::OneOfSeveral:
+                return new FaceAccess(button);
+            case ControlButton::Meaning::OnOrOff:
+                break;
+        }
     }
     if (auto* panel = dynamic_cast<SurfacePanel*>(object)) {
         return new QAccessibleWidget(panel, QAccessible::Grouping);
@@ -64,8 +92,8 @@ void describeFaces() {
     QAccessible::installFactory(makeInterface);
 }
 
-void describeAfresh(QObject& face) {
-    if (QAccessibleInterface* early = QAccessible::queryAccessibleInterface(&face)) {
+void describeAfresh(QObject& widget) {
+    if (QAccessibleInterface* early = QAccessible::queryAccessibleInterface(&widget)) {
         QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(early));
     }
 }

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTimer>
 #include <chrono>
@@ -11,6 +12,7 @@
 #include <utility>
 
 #include "qt/asText.h"
+#include "qt/windowInFront.h"
 
 namespace qt {
 
@@ -25,13 +27,27 @@ QString filterFor(const std::string& type) {
     return QStringLiteral("%1 files (*.%1)").arg(asText(type));
 }
 
+/// The list that completes a name goes before the panel does. While it is open, Qt takes no notice
+/// that the window behind has got the keyboard, and that window would stay deaf to its shortcuts.
+class Panel : public QFileDialog {
+public:
+    using QFileDialog::QFileDialog;
+
+    void done(int result) override {
+        if (QWidget* popup = QApplication::activePopupWidget()) {
+            popup->hide();
+        }
+        QFileDialog::done(result);
+    }
+};
+
 /// Gives the name a person typed the required type where it has another or none. Qt's own default
 /// suffix takes any dot for one: "mix 1.2" would stay as it is, and the open panel would not show
 /// it.
-class SaveDialog final : public QFileDialog {
+class SaveDialog final : public Panel {
 public:
     SaveDialog(QWidget* parent, const QString& title, const QString& type)
-        : QFileDialog(parent, title), suffix_(type.isEmpty() ? QString() : u'.' + type) {}
+        : Panel(parent, title), suffix_(type.isEmpty() ? QString() : u'.' + type) {}
 
     void accept() override {
         // The field's text itself: Qt compares it with the files there are, to ask before
@@ -55,16 +71,6 @@ private:
     QString suffix_;
 };
 
-/// The window a panel belongs to; not a panel before it, which may still count as the active window
-/// although it is hidden and on its way out.
-QWidget* windowInFront() {
-    QWidget* window = QApplication::activeWindow();
-    while (window != nullptr && !window->isVisible()) {
-        window = window->parentWidget();
-    }
-    return window;
-}
-
 /// A panel takes longer than a frame to go, as it waits for its thread that reads folders. That is
 /// put off until what its answer leads to has been painted.
 void leaveLater(QFileDialog& dialog, QObjectCleanupHandler& leaving) {
@@ -73,11 +79,25 @@ void leaveLater(QFileDialog& dialog, QObjectCleanupHandler& leaving) {
     QTimer::singleShot(std::chrono::milliseconds(100), &dialog, &QObject::deleteLater);
 }
 
+/// Qt ties only the name's label to its field: without these a screen reader finds boxes of no
+/// name.
+void tieLabels(const QFileDialog& dialog) {
+    for (const auto& [label, field] :
+         {std::pair("lookInLabel", "lookInCombo"), std::pair("fileTypeLabel", "fileTypeCombo")}) {
+        auto* caption = dialog.findChild<QLabel*>(QString::fromLatin1(label));
+        auto* box = dialog.findChild<QWidget*>(QString::fromLatin1(field));
+        if (caption != nullptr && box != nullptr) {
+            caption->setBuddy(box);
+        }
+    }
+}
+
 std::optional<std::filesystem::path> run(std::unique_ptr<QFileDialog> dialog,
                                          QObjectCleanupHandler& leaving) {
     // Qt's own dialog: what the desktops' dialogs write down about a visit is out of our hands.
     dialog->setOption(QFileDialog::DontUseNativeDialog);
     dialog->setWindowModality(Qt::ApplicationModal);
+    tieLabels(*dialog);
     std::optional<std::filesystem::path> answer;
     if (dialog->exec() == QDialog::Accepted && !dialog->selectedFiles().isEmpty()) {
         answer = pathOf(dialog->selectedFiles().constFirst());
@@ -101,7 +121,7 @@ std::optional<std::filesystem::path> FilePanels::runSave(const toolkit::SavePane
 }
 
 std::optional<std::filesystem::path> FilePanels::runOpen(const toolkit::OpenPanel& panel) {
-    auto dialog = std::make_unique<QFileDialog>(windowInFront());
+    auto dialog = std::make_unique<Panel>(windowInFront());
     dialog->setAcceptMode(QFileDialog::AcceptOpen);
     dialog->setFileMode(QFileDialog::ExistingFile);
     QStringList filters;

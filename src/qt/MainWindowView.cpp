@@ -13,6 +13,7 @@
 #include "qt/ControlButton.h"
 #include "qt/SurfacePanel.h"
 #include "qt/TextFieldView.h"
+#include "qt/WindowAccess.h"
 #include "qt/widgets.h"
 
 namespace qt {
@@ -44,6 +45,7 @@ MainWindowView::MainWindowView(editor::MainWindow& window, editor::mainControlle
     : controller_(controller),
       window_(window),
       binding_(*this, window.window, WindowBinding::Title::MarksUnsavedChanges) {
+    describeWindows();
     makeActions(controller);
     makeMenus();
     auto* content = new QWidget;
@@ -157,7 +159,8 @@ QBoxLayout* MainWindowView::makeTopBar(editor::MainWindow& window) {
     lamp->setAttribute(Qt::WA_TransparentForMouseEvents);
     bar->addWidget(lamp);
     auto* output = new TextFieldView(window.output);
-    nameWidget(*output, QStringLiteral("output"), QStringLiteral("Where a Send goes"));
+    output->setObjectName(QStringLiteral("output"));  // what a screen reader hears is its text
+    output->setToolTip(QStringLiteral("Where a Send goes"));
     bar->addWidget(output);
     bar->addSpacing(8);
     bar->addWidget(buttonFor(*midiDevices_, QStringLiteral("midiDevices"),

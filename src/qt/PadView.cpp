@@ -67,6 +67,7 @@ QLayout* PadView::makePads(editor::pad& controller) {
         const QString caption = QStringLiteral("Pad layer %1").arg(number + 1);
         auto* button = new ControlButton(*model, ControlButton::Shape::Key, caption);
         nameWidget(*button, QStringLiteral("m_paLa%1").arg(number), caption);
+        button->beOneOfSeveral();
         layers->addWidget(button, 1);
         ++number;
     }

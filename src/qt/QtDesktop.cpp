@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "qt/asText.h"
+#include "qt/windowInFront.h"
 
 namespace qt {
 
@@ -55,7 +56,7 @@ QtDesktop::~QtDesktop() = default;
 toolkit::AlertAnswer QtDesktop::runAlertPanel(const toolkit::Alert& alert) {
     sleeper_.endJob();
     const Counted counted(panels_);
-    QMessageBox box(QApplication::activeWindow());
+    QMessageBox box(windowInFront());
     box.setWindowTitle(asText(alert.title));
     box.setTextFormat(Qt::PlainText);
     box.setText(asText(alert.message));
@@ -91,7 +92,7 @@ int QtDesktop::runModalForWindow(toolkit::WindowController& controller) {
     if (!view) {
         return 0;
     }
-    if (QWidget* behind = QApplication::activeWindow()) {
+    if (QWidget* behind = windowInFront()) {
         view->setParent(behind, view->windowFlags());  // placed over it, and kept above it
     }
     view->setWindowModality(Qt::ApplicationModal);

@@ -9,6 +9,7 @@
 #include <span>
 
 #include "config/layout.h"
+#include "qt/WindowAccess.h"
 #include "qt/asText.h"
 #include "qt/widgets.h"
 #include "tables/data.h"
@@ -92,6 +93,7 @@ SimulatorView::SimulatorView(simulator::SimulatedController& controller)
       log_(new QTreeWidget),
       firmware_(new QLabel),
       saveFirmware_(new QPushButton(QStringLiteral("Save &Firmware..."))) {
+    describeWindows();
     setWindowTitle(QStringLiteral("Simulated Tormelk"));
     nameWidget(*layers_, QStringLiteral("layers"), QStringLiteral("The layers it holds"));
     layers_->setHorizontalHeaderLabels(layerColumns);
@@ -202,11 +204,12 @@ void SimulatorView::selectFirstLayerHeld(const simulator::SimulatedController::L
 
 void SimulatorView::showBytes() {
     const simulator::SimulatedController* controller = link_.model();
-    const int row = layers_->currentRow();
-    if (controller == nullptr || row < 0) {
+    // Not the current row: assistive technology selects another without making it that.
+    const QModelIndexList rows = layers_->selectionModel()->selectedRows();
+    if (controller == nullptr || rows.isEmpty()) {
         return;
     }
-    const auto& layer = controller->layers()[static_cast<std::size_t>(row)];
+    const auto& layer = controller->layers()[static_cast<std::size_t>(rows.constFirst().row())];
     bytes_->setPlainText(layer ? dump(*layer) : QString());
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -145,6 +146,38 @@ TEST_F(FilePanels, OpenOneRightAfterTheOther) {
             QTest::qWait(110);  // those before have gone
         }
     }
+}
+
+/// Whether a list was open when a panel went.
+class ListsLeftOpen final : public QObject {
+public:
+    int count = 0;
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const bool left = event->type() == QEvent::Hide && QApplication::activePopupWidget();
+        count += left ? 1 : 0;
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+TEST_F(FilePanels, CloseTheListOfNamesBeforeTheyGo) {
+    createFile(QStringLiteral("mix.Tormelk"));
+    ListsLeftOpen lists;
+    whenDialogOpens(openTitle, [&](QDialog& dialog) {
+        dialog.installEventFilter(&lists);
+        dynamic_cast<QFileDialog&>(dialog).setDirectory(folder.path());
+        auto& field = app::robot::find<QLineEdit>(dialog, "fileNameEdit");
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&field] {
+                field.clear();
+                QTest::keyClicks(&field, QStringLiteral("mix.Tormelk"));
+                return QApplication::activePopupWidget() != nullptr;
+            },
+            30000));
+        press(field, Qt::Key_Enter);
+    });
+    EXPECT_EQ(desktop.runOpenPanel(open), inFolder("mix.Tormelk"));
+    EXPECT_EQ(lists.count, 0);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
 TEST_F(FilePanels, AnswerNothingWhenCancelled) {
