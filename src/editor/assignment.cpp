@@ -87,7 +87,7 @@ std::string_view functionOf(MessageKind kind, int channel, int number, int mode)
     return functionOfMovement(kind, channel, number);
 }
 
-std::string messageText(const Assignment& assignment) {
+std::string sentenceOf(const Assignment& assignment) {
     std::string kind(nameOf(assignment.kind));
     const std::string number = std::to_string(assignment.number);
     switch (assignment.kind) {
@@ -207,11 +207,13 @@ std::pair<std::string, std::string> Assignment::faceLines() const {
     return lines;
 }
 
+std::string Assignment::messageText() const {
+    return withinSentence(sentenceOf(*this));
+}
+
 std::string Assignment::fullText() const {
-    std::string text = messageText(*this);
-    if (!hostFunction.empty()) {
-        text = std::string(hostFunction) + ": " + withinSentence(text);
-    }
+    std::string text = hostFunction.empty() ? sentenceOf(*this)
+                                            : std::string(hostFunction) + ": " + messageText();
     text += ", channel " + std::to_string(channel + 1);
     if (canToggle) {
         text += toggles ? ", toggle" : ", momentary";

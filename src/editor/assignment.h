@@ -38,6 +38,9 @@ struct Assignment {
     /// The two lines of a face: short text and channel; the host's function on two lines, the
     /// second the shorter one since signs stand beside it, or on one where it is a single word.
     [[nodiscard]] std::pair<std::string, std::string> faceLines() const;
+    /// Kind and number within a sentence: "control change 64 Sustain", "note 10 A#-1", "pitch
+    /// bend".
+    [[nodiscard]] std::string messageText() const;
     /// "Control change 64 Sustain, channel 3, toggle", "SOLO CH.3: note 10 A#-1, channel 1,
     /// momentary". The trigger is named where the control has one.
     [[nodiscard]] std::string fullText() const;

@@ -1,8 +1,12 @@
 // The layer buttons: which layer block the main window shows and edits, and the lock flag.
 
+#include <algorithm>
+
 #include "config/factoryTables.h"
+#include "config/transfer.h"
 #include "editor/mainController.h"
 #include "editor/pad.h"
+#include "editor/reports.h"
 #include "tables/data.h"
 
 namespace editor {
@@ -31,6 +35,7 @@ void setLight(Buttons& buttons, int layer, int state) {
 
 void mainController::onMoLa(toolkit::Button& sender) {
     moLa(sender.tag() - config::firstLayerKey);
+    report(modeLayerName(state_.layers.m_moLa));
 }
 
 void mainController::moLa(int modeLayer) {
@@ -79,6 +84,7 @@ void mainController::onPaLa(toolkit::Button& sender) {
     const int padLayer = sender.tag() - config::firstTransportKey;
     if (padLayer == 0) {
         paLa(0);
+        report(padLayerName(0));
         return;
     }
     window_.paLaCtrls[0].setEnabled(false);
@@ -106,12 +112,14 @@ void mainController::paLa234(int padLayer) {
     if (selection.keyEvnt == noControl && selection.keyEvnt_bak != noControl) {
         selection.keyEvnt = selection.keyEvnt_bak;
     }
+    const config::Image before = state_.sysData;
     pad padEditor(state_, window_, desktop_);
     state_.layers.m_paLa = padLayer;
     state_.pads.m_zPaLayer_CurSel = padLayer;
     copyToWorkingCopy();
     if (desktop_.runModalForWindow(padEditor) != 0) {
         takeBackPadEdits();
+        report(reportPadLayers(padLayersThatDifferFrom(before)));
     }
     showSelectionAfresh();
     window_.window.makeKeyAndOrderFront();  // the pad editor had hidden it
@@ -140,6 +148,18 @@ void mainController::takeBackPadEdits() {
         dataChgCore_pad(state_.selection.keyEvnt);
     }
     showLock(state_.layers.m_paLa);
+}
+
+std::vector<int> mainController::padLayersThatDifferFrom(const config::Image& before) const {
+    std::vector<int> layers;
+    for (int layer = 1; layer < config::layerCount; ++layer) {
+        const auto now = config::layerBlock(state_.sysData, layer);
+        const auto then = config::layerBlock(before, layer);
+        if (!std::equal(now.begin(), now.end(), then.begin(), then.end())) {
+            layers.push_back(layer);
+        }
+    }
+    return layers;
 }
 
 void mainController::copyToWorkingCopy() {
@@ -214,6 +234,7 @@ void mainController::onLok() {
     const int locked = config::trailer(state_.sysData, 0, config::lockOffset) == 0 ? 1 : 0;
     config::setTrailerOfEveryLayer(state_.sysData, config::lockOffset, locked);
     showLock(0);
+    report(reportLock(locked != 0));
 }
 
 void mainController::lockCheck() {

@@ -24,6 +24,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "config/presetText.h"
 #include "devices/seldev.h"
@@ -162,6 +163,8 @@ private:
     void followOutput();
     void showOutput();
     void giveHint(std::string_view hint);
+    /// Says in the status line what an action did.
+    void report(std::string_view text);
     /// Tells the view.
     void actionEnded();
     void fillBoxes();
@@ -195,10 +198,13 @@ private:
     void takeBackPadEdits();
     void showLock(int layer);
 
+    [[nodiscard]] std::vector<int> padLayersThatDifferFrom(const config::Image& before) const;
+
     void chooseChannel(int index);
     void chooseNumber(int index);
     void chooseKind(int index);
     void chooseTrigger(int index);
+    void reportMessageOf(int layer, int control);
     void makeWholeLayerTrigger(int layer, bool toggles);
 
     void switchMode(int newMode);

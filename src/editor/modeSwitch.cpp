@@ -1,6 +1,7 @@
 // The DAW mode switch: the user's assignments are parked while a factory mode is shown.
 
 #include "editor/mainController.h"
+#include "editor/reports.h"
 
 namespace editor {
 
@@ -35,6 +36,7 @@ void mainController::switchMode(int newMode) {
     // The selection kept on leaving User Defined does not survive this step.
     dataChgCore(state_.selection.keyEvnt);
     showTrigger();
+    report(reportMode(newMode, wasUserDefined && !isUserDefined));
 }
 
 void mainController::clearSelection() {

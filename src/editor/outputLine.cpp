@@ -42,4 +42,8 @@ void mainController::giveHint(std::string_view hint) {
     }
 }
 
+void mainController::report(std::string_view text) {
+    window_.status.setStringValue(text);
+}
+
 }  // namespace editor

@@ -1,7 +1,9 @@
 #include "editor/pad.h"
 
 #include "config/factoryTables.h"
+#include "editor/controlNames.h"
 #include "editor/padWriters.h"
+#include "editor/reports.h"
 #include "tables/data.h"
 
 namespace editor {
@@ -55,20 +57,48 @@ void pad::awakeFromNib() {
     }
     PaLa(currentLayer());
     pads.isInit2 = 1;
+    tellActionEnded();
 }
 
 void pad::connectActions() {
+    const auto clicked = [this](void (pad::*act)(toolkit::Button&)) {
+        return [this, act](toolkit::Button& sender) {
+            (this->*act)(sender);
+            tellActionEnded();
+        };
+    };
     for (toolkit::Button& button : m_pads) {
-        button.action = [this](toolkit::Button& sender) { onSele(sender); };
+        button.action = clicked(&pad::onSele);
     }
     for (toolkit::Button* button : {&m_paLa1, &m_paLa2, &m_paLa3}) {
-        button->action = [this](toolkit::Button& sender) { OnzPaLa(sender); };
+        button->action = clicked(&pad::OnzPaLa);
     }
     for (toolkit::ComboBox* box :
          {&combo_chan, &combo_chanMod, &combo_msg, &combo_intervl, &combo_curv, &combo_curConst}) {
-        box->onChoice = [this, box] { comboBoxSelectionIsChanging(*box); };
+        box->onChoice = [this, box] {
+            comboBoxSelectionIsChanging(*box);
+            tellActionEnded();
+        };
     }
     finish.action = [this](toolkit::Button&) { OnFinish(); };
+}
+
+void pad::tellActionEnded() {
+    if (actionEnded) {
+        actionEnded();
+    }
+}
+
+void pad::report(std::string_view text) {
+    status.setStringValue(text);
+}
+
+void pad::reportOfLayer(std::string_view text) {
+    report(padLayerName(currentLayer()) + ": " + std::string(text));
+}
+
+Assignment pad::assignmentOfPad(int control) const {
+    return assignmentOf(state_.pads.sysbuf_domal, currentLayer(), state_.modes.machn_mod, control);
 }
 
 void pad::fillBoxes() {
@@ -143,6 +173,7 @@ void pad::enableBoxes() {
 
 void pad::OnzPaLa(toolkit::Button& sender) {
     zPaLa(sender.tag() - config::firstTransportKey);
+    report(padLayerName(currentLayer()));
 }
 
 void pad::zPaLa(int padLayer) {
@@ -234,6 +265,8 @@ void pad::chooseChannel(int index) {
         setPaChan_domal(layer, control, index);
     }
     data_change_pad(currentPad());
+    report(
+        reportChannel(all ? padLayerName(layer) + ", all pads" : controlName(currentPad()), index));
 }
 
 /// The live image gets the position in the list, the working copy the milliseconds; meant so.
@@ -241,6 +274,7 @@ void pad::chooseInterval(int index) {
     config::setTrailer(state_.pads.sysbuf_domal, currentLayer(), config::intervalOffset,
                        index + firstInterval);
     setPaIntrvl_domal(currentLayer(), index);
+    reportOfLayer("interval " + std::to_string(index + firstInterval) + " ms");
 }
 
 void pad::chooseCurve(int index) {
@@ -255,12 +289,14 @@ void pad::chooseCurve(int index) {
         config::setTrailer(copy, layer, config::curveOffset, kept);
         combo_curConst.selectItemAtIndex(kept - firstVelocity);
         tx_Non.setStringValue("Const");
+        reportConstantVelocity(kept);
     } else {
         combo_curConst.setEnabled(false);
         rmVelSel();
         kept = static_cast<std::int8_t>(config::trailer(copy, layer, config::curveOffset));
         config::setTrailer(copy, layer, config::curveOffset, index);
         tx_Non.setStringValue("None");
+        reportOfLayer("velocity Curve" + std::to_string(index));
     }
     setPaCurv_domal(layer, index);
 }
@@ -276,11 +312,18 @@ void pad::chooseConstantVelocity(int index) {
     }
     config::setTrailer(copy, layer, config::curveOffset, index + firstVelocity);
     keptVelocity(layer) = static_cast<std::int8_t>(index + firstVelocity);
+    reportConstantVelocity(index + firstVelocity);
+}
+
+void pad::reportConstantVelocity(int velocity) {
+    reportOfLayer("constant velocity " + std::to_string(velocity));
 }
 
 void pad::chooseChannelMode(int index) {
     state_.pads.abChAll.set(currentLayer(), index != 0);
     enableBoxes();
+    reportOfLayer(index != 0 ? "a channel counts for all nine pads"
+                             : "a channel counts for the selected pad");
 }
 
 void pad::chooseNote(int index) {
@@ -290,6 +333,7 @@ void pad::chooseNote(int index) {
     config::setNumber(state_.pads.sysbuf_domal, currentLayer(), currentPad(), index);
     setPaCc_domal(currentLayer(), currentPad(), index);
     data_change_pad(currentPad());
+    report(reportMessage(controlName(currentPad()), assignmentOfPad(currentPad())));
 }
 
 void pad::setPaCc_domal(int layer, int control, int value) {

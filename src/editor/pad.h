@@ -5,9 +5,12 @@
 // the product, although the main window takes the whole working copy back when the editor closes.
 
 #include <array>
+#include <functional>
+#include <string_view>
 
 #include "editor/EditorState.h"
 #include "editor/MainWindow.h"
+#include "editor/assignment.h"
 #include "toolkit/Button.h"
 #include "toolkit/ComboBox.h"
 #include "toolkit/Desktop.h"
@@ -36,6 +39,17 @@ public:
     toolkit::ComboBox combo_intervl;   ///< pad interval of the layer: item 0 is 25 ms
     toolkit::ComboBox combo_curv;      ///< velocity curve of the layer
     toolkit::ComboBox combo_curConst;  ///< constant velocity of the layer: item 0 is 20
+    toolkit::TextField status;         ///< what the last action did
+
+    /// Tells the view that an action has ended: pads, layer and selection may be others now.
+    std::function<void()> actionEnded;
+
+    /// What a pad sends in the layer shown, with the edits made so far.
+    [[nodiscard]] Assignment assignmentOfPad(int control) const;
+    /// The control last selected, which need not be a pad.
+    [[nodiscard]] int currentPad() const { return state_.pads.m_pad_CurSel; }
+    /// The pad layer shown, 1 to 3.
+    [[nodiscard]] int currentLayer() const { return state_.pads.m_zPaLayer_CurSel; }
 
     void awakeFromNib() override;
     void windowWillClose() override;
@@ -64,20 +78,22 @@ public:
 
 private:
     void connectActions();
+    void tellActionEnded();
+    void report(std::string_view text);
+    void reportOfLayer(std::string_view text);
     void fillBoxes();
     void showLayerSettings(int padLayer);
     void showVelocity(int padLayer);
     void enableBoxes();
 
     void chooseChannel(int index);
+    void reportConstantVelocity(int velocity);
     void chooseInterval(int index);
     void chooseCurve(int index);
     void chooseConstantVelocity(int index);
     void chooseChannelMode(int index);
     void chooseNote(int index);
 
-    [[nodiscard]] int currentLayer() const { return state_.pads.m_zPaLayer_CurSel; }
-    [[nodiscard]] int currentPad() const { return state_.pads.m_pad_CurSel; }
     [[nodiscard]] toolkit::Button& ownButtonOf(int control);
     [[nodiscard]] toolkit::Button& mainButtonOf(int control);
     [[nodiscard]] toolkit::Button& layerButton(int padLayer);

@@ -3,8 +3,10 @@
 
 #include <algorithm>
 
+#include "editor/controlNames.h"
 #include "editor/mainController.h"
 #include "editor/padWriters.h"
+#include "editor/reports.h"
 
 namespace editor {
 
@@ -63,6 +65,7 @@ void mainController::chooseChannel(int index) {
         config::setChannel(state_.sysData, layer, control, index);
         state_.bChange = 1;
         showTrigger();
+        report(reportChannel(controlName(control), index));
     }
 }
 
@@ -75,7 +78,13 @@ void mainController::chooseNumber(int index) {
     } else if (index != stored) {
         config::setNumber(state_.sysData, layer, control, index);
         state_.bChange = 1;
+        reportMessageOf(layer, control);
     }
+}
+
+void mainController::reportMessageOf(int layer, int control) {
+    report(reportMessage(controlName(control),
+                         assignmentOf(state_.sysData, layer, state_.modes.machn_mod, control)));
 }
 
 void mainController::chooseKind(int index) {
@@ -89,6 +98,7 @@ void mainController::chooseKind(int index) {
         state_.selection.select_type = index;
         config::setMode(state_.sysData, layer, control,
                         (modeByte & 0xE0) + kindBits[static_cast<std::size_t>(index)]);
+        reportMessageOf(layer, control);
     }
     dataChgCore(control);
 }
@@ -105,6 +115,7 @@ void mainController::chooseTrigger(int index) {
     if (index == 0 || index == 1) {
         state_.layers.bTrigAll.set(layer, false);
         config::setMode(state_.sysData, layer, control, (modeByte & 0x1F) | (index * 0x40));
+        report(reportTrigger(controlName(control), index == 1));
     } else if (index == 2 || index == 3) {
         state_.layers.bTrigAll.set(layer, true);
         makeWholeLayerTrigger(layer, index == 3);
@@ -121,6 +132,7 @@ void mainController::chooseTrigger(int index) {
 /// that is meant.
 void mainController::makeWholeLayerTrigger(int layer, bool toggles) {
     constexpr int lastControl = 46;
+    report(reportTriggerOfAll(layer, toggles, lastControl + 1));
     for (int control = 0; control <= lastControl; ++control) {
         const int modeByte = config::mode(state_.sysData, layer, control);
         config::setMode(state_.sysData, layer, control, (modeByte & 0xBF) | (toggles ? 0x40 : 0));

@@ -31,8 +31,13 @@ void mainController::about() {
 
 void mainController::midiSelect() {
     devices::seldev dialog(devices_, desktop_);
+    const midi::ZQMIDIRealDestination* before = devices_.OutDevice();
     desktop_.runModalForWindow(dialog);
     showOutput();
+    const midi::ZQMIDIRealDestination* output = devices_.OutDevice();
+    if (output != nullptr && output != before) {
+        report("Output: " + output->displayName());
+    }
     actionEnded();
 }
 

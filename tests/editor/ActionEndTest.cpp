@@ -52,6 +52,30 @@ TEST_F(ActionEnd, IsToldWhenThePadEditorHasClosed) {
     EXPECT_EQ(endsOf([&] { editor.usePadEditor(2, [](pad&) {}); }), 1);
 }
 
+TEST_F(ActionEnd, IsToldByThePadEditorOfEveryClickAndChoiceInIt) {
+    editor.usePadEditor(2, [&](pad& padEditor) {
+        int told = 0;
+        std::string note;
+        padEditor.actionEnded = [&] {
+            ++told;
+            note = padEditor.assignmentOfPad(controlOfPadTag[4]).shortText();
+        };
+        padEditor.m_pads[4].click();
+        EXPECT_EQ(told, 1);
+        padEditor.combo_msg.choose(60);
+        EXPECT_EQ(told, 2);
+        EXPECT_EQ(note, "C4") << "the copy that is edited is what the pads show";
+        padEditor.m_paLa3.click();
+        EXPECT_EQ(told, 3);
+        for (toolkit::ComboBox* box : {&padEditor.combo_chan, &padEditor.combo_chanMod,
+                                       &padEditor.combo_intervl, &padEditor.combo_curv}) {
+            told = 0;
+            box->choose(box->indexOfSelectedItem() == 0 ? 1 : 0);
+            EXPECT_EQ(told, 1);
+        }
+    });
+}
+
 TEST_F(ActionEnd, NamesTheFileThatWasSavedOrLoaded) {
     EXPECT_EQ(endsOf([&] { save(editor, file); }), 1);
     EXPECT_EQ(window.status.stringValue(), "Saved " + file.filename().string());

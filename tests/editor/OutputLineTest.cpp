@@ -35,7 +35,7 @@ TEST_F(OutputLine, FollowsWhatIsPluggedInAndChosen) {
               "Choose the controller's MIDI output under MIDI Devices, then Send.");
     choose(0);
     expect("Tormelk Port 1", 1);
-    EXPECT_EQ(window.status.stringValue(), "");
+    EXPECT_EQ(window.status.stringValue(), "Output: Tormelk Port 1");
     device.unplug();
     editor.midiService.dispatch();
     expect("Tormelk Port 1 (offline)", 0);
