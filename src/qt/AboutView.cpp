@@ -1,11 +1,18 @@
 #include "qt/AboutView.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 namespace qt {
+
+namespace {
+
+constexpr int iconSize = 72;
+
+}  // namespace
 
 AboutView::AboutView(shell::about& controller)
     : DialogView(controller, QStringLiteral("About Tormelk Wyro")) {
@@ -26,13 +33,24 @@ AboutView::AboutView(shell::about& controller)
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);
     buttons->addWidget(close);
+    auto* words = new QVBoxLayout;
+    words->setSpacing(10);
+    words->addWidget(name);
+    words->addWidget(version);
+    words->addWidget(purpose);
+    auto* columns = new QHBoxLayout;
+    columns->setSpacing(20);
+    const QIcon programIcon = QApplication::windowIcon();
+    if (!programIcon.isNull()) {
+        auto* icon = new QLabel;
+        icon->setPixmap(programIcon.pixmap(iconSize));
+        columns->addWidget(icon, 0, Qt::AlignTop);
+    }
+    columns->addLayout(words);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(20, 20, 20, 16);
-    layout->setSpacing(10);
-    layout->addWidget(name);
-    layout->addWidget(version);
-    layout->addWidget(purpose);
-    layout->addSpacing(8);
+    layout->setSpacing(18);
+    layout->addLayout(columns);
     layout->addLayout(buttons);
     layout->setSizeConstraint(QLayout::SetFixedSize);
 }

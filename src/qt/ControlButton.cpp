@@ -13,23 +13,9 @@ ControlButton::ControlButton(toolkit::Button& model, Shape shape, const QString&
                              QWidget* parent)
     : ButtonView(model, Kind::State, caption, parent), shape_(shape) {
     setAttribute(Qt::WA_Hover);
-    const bool stretches = shape == Shape::Pad;
-    setSizePolicy(shape == Shape::Lamp ? QSizePolicy::Fixed : QSizePolicy::Expanding,
-                  stretches ? QSizePolicy::Expanding : QSizePolicy::Fixed);
+    setSizePolicy(isLamp() ? QSizePolicy::Fixed : QSizePolicy::Expanding, QSizePolicy::Fixed);
     describeFaces();
     describeAfresh(*this);
-}
-
-void ControlButton::beOneOfSeveral() {
-    isOneOfSeveral_ = true;
-    describeAfresh(*this);
-}
-
-ControlButton::Meaning ControlButton::meaning() const {
-    if (shape_ == Shape::Lamp) {
-        return Meaning::Lamp;
-    }
-    return shape_ == Shape::Pad || isOneOfSeveral_ ? Meaning::OneOfSeveral : Meaning::OnOrOff;
 }
 
 QSize ControlButton::sizeHint() const {
@@ -38,15 +24,7 @@ QSize ControlButton::sizeHint() const {
     const QFontMetrics metrics(bold);
     const int width = metrics.horizontalAdvance(text());
     const int height = metrics.height();
-    switch (shape_) {
-        case Shape::Pad:
-            return {std::max(width + 16, height * 4), height * 3};
-        case Shape::Lamp:
-            return {width + height + 10, height + 8};
-        case Shape::Key:
-            break;
-    }
-    return {width + 16, height + 12};
+    return isLamp() ? QSize(width + height + 10, height + 8) : QSize(width + 16, height + 12);
 }
 
 void ControlButton::paintEvent(QPaintEvent*) {
@@ -95,15 +73,7 @@ QRectF ControlButton::outline() const {
 }
 
 qreal ControlButton::cornerRadius() const {
-    switch (shape_) {
-        case Shape::Lamp:
-            return outline().width() / 2;
-        case Shape::Pad:
-            return 8;
-        case Shape::Key:
-            break;
-    }
-    return 4;
+    return isLamp() ? outline().width() / 2 : 4;
 }
 
 void ControlButton::drawBody(QPainter& painter, const Colours& colours) const {

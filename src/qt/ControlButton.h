@@ -4,25 +4,18 @@
 
 namespace qt {
 
-/// A key, a pad or a lamp in a window beside the drawn controller. Its colours are the palette's,
+/// A key or a lamp in a window beside the drawn controller. Its colours are the palette's,
 /// so that it follows light and dark themes; one that is lit differs in its lettering and its frame
 /// too, not in colour alone.
 class ControlButton final : public ButtonView {
 public:
-    enum class Shape { Key, Pad, Lamp };
-    /// What a person who does not see it has to know about it.
-    enum class Meaning {
-        OnOrOff,       ///< pressing it lights it and puts it out
-        OneOfSeveral,  ///< pressing it lights it in place of another
-        Lamp           ///< it cannot be pressed
-    };
+    enum class Shape { Key, Lamp };
 
     ControlButton(toolkit::Button& model, Shape shape, const QString& caption,
                   QWidget* parent = nullptr);
 
-    /// A key is on or off unless it is told to be one of several.
-    void beOneOfSeveral();
-    [[nodiscard]] Meaning meaning() const;
+    /// It is lit or not and cannot be pressed.
+    [[nodiscard]] bool isLamp() const { return shape_ == Shape::Lamp; }
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
@@ -45,7 +38,6 @@ private:
     [[nodiscard]] qreal cornerRadius() const;
 
     Shape shape_;
-    bool isOneOfSeveral_ = false;
 };
 
 }  // namespace qt

@@ -4,7 +4,7 @@
 
 #include "qt/ControlButton.h"
 #include "qt/FaceButton.h"
-#include "qt/SurfacePanel.h"
+#include "qt/FacePanel.h"
 
 namespace qt {
 
@@ -14,15 +14,15 @@ namespace {
 /// "selected" and not of a box that could be unchecked: a second press changes nothing.
 class FaceAccess final : public QAccessibleWidget {
 public:
-    explicit FaceAccess(QAbstractButton* face)
+    explicit FaceAccess(FaceButton* face)
         : QAccessibleWidget(face, QAccessible::RadioButton), face_(face) {}
 
     [[nodiscard]] QAccessible::State state() const override {
         QAccessible::State state = QAccessibleWidget::state();
         state.checkable = true;
         state.selectable = true;
-        state.checked = face_->isChecked();
-        state.selected = face_->isChecked();
+        state.checked = face_->isShownLit();
+        state.selected = face_->isShownLit();
         state.pressed = face_->isDown();
         return state;
     }
@@ -38,14 +38,14 @@ public:
     /// The answer does not wait for what a press leads to, a whole window perhaps.
     void doAction(const QString& action) override {
         if (action == pressAction()) {
-            QMetaObject::invokeMethod(face_, &QAbstractButton::click, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(face_, &FaceButton::click, Qt::QueuedConnection);
         } else {
             QAccessibleWidget::doAction(action);
         }
     }
 
 private:
-    QAbstractButton* face_;
+    FaceButton* face_;
 };
 
 /// Something that is lit or not and cannot be pressed.
@@ -70,17 +70,11 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object) {
     if (auto* face = dynamic_cast<FaceButton*>(object)) {
         return new FaceAccess(face);
     }
-    if (auto* button = dynamic_cast<ControlButton*>(object)) {
-        switch (button->meaning()) {
-            case ControlButton::Meaning::Lamp:
-                return new LampAccess(button);
-            case ControlButton::Meaning::OneOfSeveral:
-                return new FaceAccess(button);
-            case ControlButton::Meaning::OnOrOff:
-                break;
-        }
+    auto* button = dynamic_cast<ControlButton*>(object);
+    if (button != nullptr && button->isLamp()) {
+        return new LampAccess(button);
     }
-    if (auto* panel = dynamic_cast<SurfacePanel*>(object)) {
+    if (auto* panel = dynamic_cast<FacePanel*>(object)) {
         return new QAccessibleWidget(panel, QAccessible::Grouping);
     }
     return nullptr;

@@ -33,6 +33,13 @@ void FaceButton::setUnit(qreal unit) {
     update();
 }
 
+void FaceButton::setCurrent(bool current) {
+    if (current != isCurrent_) {
+        isCurrent_ = current;
+        update();
+    }
+}
+
 FaceLook FaceButton::look() const {
     FaceLook look;
     look.shape = shape_;
@@ -41,7 +48,7 @@ FaceLook FaceButton::look() const {
     look.font = font();
     look.caption = text();
     look.assignment = assignment_;
-    look.isChecked = isChecked();
+    look.isChecked = isShownLit();
     look.isEnabled = isEnabled();
     look.isHovered = underMouse() && isEnabled();
     look.isHeld = isDown();
@@ -57,11 +64,7 @@ void FaceButton::paintEvent(QPaintEvent*) {
 }
 
 void FaceButton::keyPressEvent(QKeyEvent* event) {
-    const bool enters = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-    if (enters && plain) {
-        click();
-    } else if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Select) {
+    if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Select) {
         ButtonView::keyPressEvent(event);
     } else {
         event->ignore();

@@ -11,7 +11,7 @@ namespace qt {
 /// One control of the drawn controller: an encoder, a key, a fader, a pad or a layer button. It
 /// shows what the control sends; selected, lit, under the mouse, held, with the keyboard and
 /// switched off look different in shape as well as in colour. It is drawn to the scale that its
-/// panel gives it, and leaves the keys that lead elsewhere to the panel.
+/// panel gives it, and leaves every key but Space to it.
 class FaceButton final : public ButtonView {
 public:
     /// The art is its panel's and must outlive it.
@@ -21,6 +21,10 @@ public:
     /// Shows what the control sends. Nothing is painted afresh where it is what is shown already.
     void showAssignment(const editor::Assignment& assignment);
     [[nodiscard]] const editor::Assignment& assignment() const { return assignment_; }
+    /// Marks what the window speaks of, although its button was not lit by a click: it is drawn,
+    /// and told, as one that is lit.
+    void setCurrent(bool current);
+    [[nodiscard]] bool isShownLit() const { return isCurrent_ || isChecked(); }
     /// What is drawn now.
     [[nodiscard]] FaceLook look() const;
 
@@ -43,6 +47,7 @@ private:
     FaceArt& art_;
     editor::Assignment assignment_;
     qreal unit_ = 1;
+    bool isCurrent_ = false;
 };
 
 }  // namespace qt

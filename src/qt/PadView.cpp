@@ -1,124 +1,164 @@
 #include "qt/PadView.h"
 
-#include <QFormLayout>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
-#include <array>
 
-#include "config/layout.h"
+#include "editor/controlNames.h"
+#include "editor/reports.h"
 #include "qt/ButtonView.h"
 #include "qt/ComboBoxView.h"
-#include "qt/ControlButton.h"
+#include "qt/PadPanel.h"
 #include "qt/TextFieldView.h"
 #include "qt/VelocityPicture.h"
-#include "qt/controlFaces.h"
+#include "qt/asText.h"
 #include "qt/widgets.h"
 
 namespace qt {
 
 namespace {
 
-constexpr int padsInARow = 3;
 constexpr int constantVelocityEntry = 5;  // behind the five curves of `combo_curv`
+constexpr int lettersInABox = 12;
+constexpr qreal headingSize = 1.35;  // of the text's
 
-/// A box with its caption; `beside` stands to its right.
-ComboBoxView* addBox(QFormLayout& form, toolkit::ComboBox& model, const QString& outlet,
-                     const QString& caption, const QString& name, QWidget* beside = nullptr) {
-    auto* box = new ComboBoxView(model);
-    nameWidget(*box, outlet, name);
-    box->setMinimumContentsLength(12);
-    auto* row = new QHBoxLayout;
-    row->addWidget(box, 1);
-    if (beside != nullptr) {
-        row->addWidget(beside);
-    }
-    form.addRow(captionOf(*box, caption), row);
-    return box;
+QLabel* makeLine(const QString& outlet) {
+    auto* label = new QLabel;
+    label->setObjectName(outlet);
+    label->setTextFormat(Qt::PlainText);
+    return label;
 }
+
+QLabel* makeHeading(const QString& outlet) {
+    QLabel* label = makeLine(outlet);
+    QFont font = label->font();
+    font.setPointSizeF(font.pointSizeF() * headingSize);
+    font.setBold(true);
+    label->setFont(font);
+    return label;
+}
+
+/// Rows of captions and boxes, the captions of several such grids as wide as each other.
+class Rows {
+public:
+    explicit Rows(int captionWidth) : grid_(new QGridLayout) {
+        grid_->setColumnMinimumWidth(0, captionWidth);
+        grid_->setColumnStretch(1, 1);
+        grid_->setHorizontalSpacing(12);
+        grid_->setVerticalSpacing(8);
+    }
+
+    /// `beside` stands to the right of the box.
+    ComboBoxView& add(toolkit::ComboBox& model, const QString& outlet, const QString& caption,
+                      const QString& name, QWidget* beside = nullptr) {
+        auto* box = new ComboBoxView(model);
+        nameWidget(*box, outlet, name);
+        box->setMinimumContentsLength(lettersInABox);
+        const int row = grid_->rowCount();
+        grid_->addWidget(captionOf(*box, caption), row, 0);
+        grid_->addWidget(box, row, 1, 1, beside == nullptr ? 2 : 1);
+        if (beside != nullptr) {
+            grid_->addWidget(beside, row, 2);
+        }
+        return *box;
+    }
+
+    [[nodiscard]] QGridLayout* grid() const { return grid_; }
+
+private:
+    QGridLayout* grid_;
+};
 
 }  // namespace
 
-PadView::PadView(editor::pad& controller) : DialogView(controller, QStringLiteral("Pad Editor")) {
-    auto* done =
-        new ButtonView(controller.finish, ButtonView::Kind::Command, QStringLiteral("Done"));
-    done->setObjectName(QStringLiteral("finish"));
-    done->setDefault(true);
-
+PadView::PadView(editor::pad& controller)
+    : DialogView(controller, QStringLiteral("Pad Editor")),
+      controller_(controller),
+      pads_(new PadPanel(controller)),
+      pad_(makeHeading(QStringLiteral("selectedPad"))),
+      sends_(makeLine(QStringLiteral("selectedSends"))),
+      layer_(makeHeading(QStringLiteral("selectedLayer"))) {
     auto* columns = new QHBoxLayout;
-    columns->setSpacing(20);
-    columns->addLayout(makePads(controller), 1);
-    columns->addLayout(makeSettings(controller));
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch(1);
-    buttons->addWidget(done);
+    columns->setSpacing(24);
+    columns->addWidget(pads_, 1);
+    columns->addLayout(makeSettings());
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(16, 16, 16, 16);
-    layout->setSpacing(16);
+    layout->setContentsMargins(16, 16, 16, 12);
+    layout->setSpacing(12);
     layout->addLayout(columns, 1);
-    layout->addLayout(buttons);
+    layout->addLayout(makeFoot());
+    controller.actionEnded = [this] { refresh(); };
+    refresh();
 }
 
-QLayout* PadView::makePads(editor::pad& controller) {
-    auto* layers = new QHBoxLayout;
-    int number = 1;
-    for (toolkit::Button* model : {&controller.m_paLa1, &controller.m_paLa2, &controller.m_paLa3}) {
-        const QString caption = QStringLiteral("Pad layer %1").arg(number + 1);
-        auto* button = new ControlButton(*model, ControlButton::Shape::Key, caption);
-        nameWidget(*button, QStringLiteral("m_paLa%1").arg(number), caption);
-        button->beOneOfSeveral();
-        layers->addWidget(button, 1);
-        ++number;
-    }
-    auto* pads = new QGridLayout;
-    for (int position = 0; position < config::padCount; ++position) {
-        auto* button = new ControlButton(controller.m_pads[static_cast<std::size_t>(position)],
-                                         ControlButton::Shape::Pad, padCaption(position));
-        nameWidget(*button, QStringLiteral("p%1").arg(position + 1), padCaption(position));
-        pads->addWidget(button, position / padsInARow, position % padsInARow);
-    }
-    auto* layout = new QVBoxLayout;
-    layout->setSpacing(12);
-    layout->addLayout(layers);
-    layout->addLayout(pads, 1);
-    return layout;
+PadView::~PadView() {
+    controller_.actionEnded = nullptr;
 }
 
-QLayout* PadView::makeSettings(editor::pad& controller) {
-    auto* ofPad = new QGroupBox(QStringLiteral("Selected pad"));
-    auto* padForm = new QFormLayout(ofPad);
-    addBox(*padForm, controller.combo_msg, QStringLiteral("combo_msg"), QStringLiteral("&Note"),
-           QStringLiteral("Note of the selected pad"));
-    addBox(*padForm, controller.combo_chan, QStringLiteral("combo_chan"),
-           QStringLiteral("&Channel"), QStringLiteral("MIDI channel"));
-    addBox(*padForm, controller.combo_chanMod, QStringLiteral("combo_chanMod"),
-           QStringLiteral("Channel &for"),
-           QStringLiteral("Whether a channel is chosen for one pad or for all nine"));
+QLayout* PadView::makeSettings() {
+    const int captionWidth =
+        fontMetrics().horizontalAdvance(QStringLiteral("Constant velocity")) + 4;
+    Rows ofPad(captionWidth);
+    ofPad.add(controller_.combo_msg, QStringLiteral("combo_msg"), QStringLiteral("&Note"),
+              QStringLiteral("Note of the selected pad"));
+    ofPad.add(controller_.combo_chan, QStringLiteral("combo_chan"), QStringLiteral("&Channel"),
+              QStringLiteral("MIDI channel"));
+    ofPad.add(controller_.combo_chanMod, QStringLiteral("combo_chanMod"),
+              QStringLiteral("Channel &for"),
+              QStringLiteral("Whether a channel is chosen for one pad or for all nine"));
 
-    auto* ofLayer = new QGroupBox(QStringLiteral("Whole pad layer"));
-    auto* layerForm = new QFormLayout(ofLayer);
-    addBox(*layerForm, controller.combo_intervl, QStringLiteral("combo_intervl"),
-           QStringLiteral("&Interval"), QStringLiteral("Pad interval in milliseconds"));
-    const auto* curve = addBox(*layerForm, controller.combo_curv, QStringLiteral("combo_curv"),
-                               QStringLiteral("Velocity c&urve"), QStringLiteral("Velocity curve"));
-    auto* constant = new TextFieldView(controller.tx_Non);
+    Rows ofLayer(captionWidth);
+    ofLayer.add(controller_.combo_intervl, QStringLiteral("combo_intervl"),
+                QStringLiteral("&Interval"), QStringLiteral("Pad interval in milliseconds"));
+    const ComboBoxView& curve =
+        ofLayer.add(controller_.combo_curv, QStringLiteral("combo_curv"),
+                    QStringLiteral("Velocity c&urve"), QStringLiteral("Velocity curve"));
+    auto* constant = new TextFieldView(controller_.tx_Non);
     constant->setObjectName(QStringLiteral("tx_Non"));
-    constant->setMinimumWidth(QLabel(QStringLiteral("Const")).sizeHint().width());
-    const auto* velocity =
-        addBox(*layerForm, controller.combo_curConst, QStringLiteral("combo_curConst"),
-               QStringLiteral("Constant &velocity"), QStringLiteral("Constant velocity"), constant);
-    layerForm->addRow(new VelocityPicture(*curve, *velocity, constantVelocityEntry));
+    constant->setMinimumWidth(constant->fontMetrics().horizontalAdvance(QStringLiteral("Const")));
+    const ComboBoxView& velocity = ofLayer.add(
+        controller_.combo_curConst, QStringLiteral("combo_curConst"),
+        QStringLiteral("Constant &velocity"), QStringLiteral("Constant velocity"), constant);
 
-    for (QFormLayout* form : {padForm, layerForm}) {
-        form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    }
     auto* layout = new QVBoxLayout;
-    layout->setSpacing(12);
-    layout->addWidget(ofPad);
-    layout->addWidget(ofLayer);
+    layout->setSpacing(0);
+    layout->addWidget(pad_);
+    layout->addWidget(sends_);
+    layout->addSpacing(10);
+    layout->addLayout(ofPad.grid());
+    layout->addSpacing(22);
+    layout->addWidget(layer_);
+    layout->addWidget(new QLabel(QStringLiteral("All nine pads of the layer share these.")));
+    layout->addSpacing(10);
+    layout->addLayout(ofLayer.grid());
+    layout->addSpacing(12);
+    layout->addWidget(new VelocityPicture(curve, velocity, constantVelocityEntry));
     layout->addStretch(1);
     return layout;
+}
+
+QLayout* PadView::makeFoot() {
+    auto* status = new TextFieldView(controller_.status);
+    status->setObjectName(QStringLiteral("status"));
+    auto* done =
+        new ButtonView(controller_.finish, ButtonView::Kind::Command, QStringLiteral("Done"));
+    done->setObjectName(QStringLiteral("finish"));
+    done->setDefault(true);
+    auto* foot = new QHBoxLayout;
+    foot->addWidget(status, 1);
+    foot->addWidget(done);
+    return foot;
+}
+
+void PadView::refresh() {
+    pads_->refresh();
+    const int control = controller_.currentPad();
+    const bool selected = config::isPad(control);
+    pad_->setText(selected ? asText(editor::controlName(control))
+                           : QStringLiteral("No pad selected"));
+    sends_->setText(selected ? asText(controller_.assignmentOfPad(control).fullText())
+                             : QStringLiteral("Click a pad to set its note and channel."));
+    layer_->setText(asText(editor::padLayerName(controller_.currentLayer())));
 }
 
 }  // namespace qt

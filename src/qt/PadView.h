@@ -3,18 +3,32 @@
 #include "editor/pad.h"
 #include "qt/DialogView.h"
 
+class QLabel;
 class QLayout;
 
 namespace qt {
 
-/// The pad editor: the nine pads of pad layers 2 to 4.
+class PadPanel;
+
+/// The pad editor: the nine pads of pad layers 2 to 4 as they lie on the controller, and beside
+/// them what belongs to the selected pad and what belongs to the whole layer.
 class PadView final : public DialogView {
 public:
+    /// The controller must outlive it.
     explicit PadView(editor::pad& controller);
+    ~PadView() override;
 
 private:
-    static QLayout* makePads(editor::pad& controller);
-    static QLayout* makeSettings(editor::pad& controller);
+    [[nodiscard]] QLayout* makeSettings();
+    [[nodiscard]] QLayout* makeFoot();
+    /// Shows what no widget model tells: faces, selection, layer.
+    void refresh();
+
+    editor::pad& controller_;
+    PadPanel* pads_;
+    QLabel* pad_;
+    QLabel* sends_;
+    QLabel* layer_;
 };
 
 }  // namespace qt

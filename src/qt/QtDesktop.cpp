@@ -30,10 +30,14 @@ private:
     int& count_;
 };
 
+constexpr int iconSize = 40;  // of the program's icon beside an alert
+
 /// Two words and a button make a window that is hardly noticed.
 void widen(QMessageBox& box) {
     constexpr int width = 260;
     if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
+        grid->setContentsMargins(16, 16, 16, 12);
+        grid->setHorizontalSpacing(4);  // a spacer of its own stands between icon and text
         grid->addItem(new QSpacerItem(width, 0, QSizePolicy::Minimum, QSizePolicy::Fixed),
                       grid->rowCount(), 0, 1, grid->columnCount());
     }
@@ -67,6 +71,7 @@ toolkit::AlertAnswer QtDesktop::runAlertPanel(const toolkit::Alert& alert) {
     if (!alert.alternateButton.empty()) {
         box.setEscapeButton(box.addButton(asText(alert.alternateButton), QMessageBox::RejectRole));
     }
+    box.setIconPixmap(QApplication::windowIcon().pixmap(iconSize));
     widen(box);
     box.setWindowModality(Qt::ApplicationModal);
     box.exec();

@@ -4,6 +4,8 @@
 #include <QPainter>
 #include <QTextOption>
 
+#include "qt/contrast.h"
+
 namespace qt {
 
 namespace {
@@ -26,7 +28,7 @@ VelocityPicture::VelocityPicture(const QComboBox& curve, const QComboBox& consta
 QSize VelocityPicture::sizeHint() const {
     return {
         fontMetrics().horizontalAdvance(QStringLiteral("Velocity 127 for every hit")) + 2 * margin,
-        fontMetrics().height() * 4 + 2 * margin};
+        fontMetrics().height() * 5 + 2 * margin};
 }
 
 bool VelocityPicture::isConstant() const {
@@ -54,23 +56,36 @@ void VelocityPicture::paintEvent(QPaintEvent*) {
     painter.setPen(palette().color(QPalette::Mid));
     painter.setBrush(palette().color(QPalette::Base));
     painter.drawRoundedRect(frame, 4, 4);
-
     const QRectF room = frame.adjusted(margin, margin, -margin, -margin);
     painter.setPen(palette().color(QPalette::Text));
-    const bool constant = isConstant();
-    const Qt::Alignment place = constant ? Qt::AlignTop : Qt::AlignVCenter;
-    painter.drawText(room, words(), QTextOption(place | Qt::AlignHCenter));
-    if (!constant) {
-        return;
+    if (isConstant()) {
+        paintLevel(painter, room);
+    } else {
+        painter.drawText(room, words(), QTextOption(Qt::AlignCenter));
     }
-    // The line's height in the room below the words says how hard.
-    const QRectF scale = room.adjusted(0, fontMetrics().height() + 4, 0, 0);
+}
+
+/// A line whose height between none and the hardest says how hard every hit is.
+void VelocityPicture::paintLevel(QPainter& painter, const QRectF& room) const {
+    const qreal letters = fontMetrics().height();
+    painter.drawText(room, words(), QTextOption(Qt::AlignTop | Qt::AlignHCenter));
+    const QRectF scale = room.adjusted(0, 1.5 * letters, 0, -0.5 * letters);
+    const QString hardest = QString::number(highestVelocity);
+    const qreal numbers = fontMetrics().horizontalAdvance(hardest);
+    const QTextOption place(Qt::AlignRight | Qt::AlignVCenter);
+    const qreal left = scale.left() + numbers + margin;
+    painter.drawText(QRectF(scale.left(), scale.top() - letters / 2, numbers, letters), hardest,
+                     place);
+    painter.drawText(QRectF(scale.left(), scale.bottom() - letters / 2, numbers, letters),
+                     QStringLiteral("0"), place);
+    painter.setPen(
+        QPen(between(palette().color(QPalette::Base), palette().color(QPalette::Text), 0.35), 1));
+    painter.drawLine(QPointF(left, scale.top()), scale.topRight());
+    painter.drawLine(QPointF(left, scale.bottom()), scale.bottomRight());
     const qreal level = constant_.currentText().toInt() / qreal(highestVelocity);
     const qreal height = scale.bottom() - level * scale.height();
-    painter.setPen(QPen(palette().color(QPalette::Mid), 1, Qt::DotLine));
-    painter.drawLine(scale.bottomLeft(), scale.bottomRight());
-    painter.setPen(QPen(palette().color(QPalette::Highlight), 3, Qt::SolidLine, Qt::RoundCap));
-    painter.drawLine(QPointF(scale.left(), height), QPointF(scale.right(), height));
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 3, Qt::SolidLine, Qt::FlatCap));
+    painter.drawLine(QPointF(left, height), QPointF(scale.right(), height));
 }
 
 }  // namespace qt

@@ -3,6 +3,7 @@
 #include <QWidget>
 
 class QComboBox;
+class QPainter;
 
 namespace qt {
 
@@ -24,6 +25,7 @@ private:
     [[nodiscard]] bool isConstant() const;
     [[nodiscard]] QString words() const;
     void tell();
+    void paintLevel(QPainter& painter, const QRectF& room) const;
 
     const QComboBox& curve_;
     const QComboBox& constant_;

@@ -7,7 +7,6 @@
 #include "qt/contrast.h"
 #include "qt/fittedText.h"
 #include "qt/signs.h"
-#include "qt/surfacePlan.h"
 
 namespace qt {
 
@@ -19,9 +18,9 @@ QRectF scaled(const QRectF& room, qreal unit) {
     return {room.topLeft() * unit, room.size() * unit};
 }
 
-void paintBody(QPainter& painter, qreal unit, const SurfaceColours& colours) {
+void paintBody(QPainter& painter, const CasePlan& plan, qreal unit, const SurfaceColours& colours) {
     const QRectF body =
-        scaled(QRectF(QPointF(0, 0), planSize), unit).adjusted(0.5, 0.5, -0.5, -0.5);
+        scaled(QRectF(QPointF(0, 0), plan.size), unit).adjusted(0.5, 0.5, -0.5, -0.5);
     QLinearGradient light(body.topLeft(), body.bottomLeft());
     light.setColorAt(0, between(colours.body, Qt::white, 0.04));
     light.setColorAt(1, colours.body);
@@ -30,7 +29,7 @@ void paintBody(QPainter& painter, qreal unit, const SurfaceColours& colours) {
     painter.drawRoundedRect(body, caseRadius * unit, caseRadius * unit);
     painter.setPen(Qt::NoPen);
     painter.setBrush(colours.plate);
-    for (const QRectF& plate : plates()) {
+    for (const QRectF& plate : plan.plates) {
         painter.drawRoundedRect(scaled(plate, unit), plateRadius * unit, plateRadius * unit);
     }
 }
@@ -42,7 +41,9 @@ void letter(QPainter& painter, const QRectF& room, const QString& text, Qt::Alig
     painter.drawText(room, static_cast<int>(alignment), fitted.text);
 }
 
-void paintSignKey(QPainter& painter, qreal unit, const QFont& font, const SurfaceColours& colours) {
+/// In rows from the first on.
+void paintSignKey(QPainter& painter, const std::vector<QRectF>& rows, qreal unit, const QFont& font,
+                  const SurfaceColours& colours) {
     using editor::MessageKind;
     const std::array<std::pair<MessageKind, QString>, 4> kinds = {{
         {MessageKind::Note, QStringLiteral("Note")},
@@ -51,12 +52,15 @@ void paintSignKey(QPainter& painter, qreal unit, const QFont& font, const Surfac
         {MessageKind::PitchBend, QStringLiteral("Pitch")},
     }};
     constexpr qreal textLeft = 17;
-    int row = 0;
-    const auto roomOfText = [unit](int index) {
-        return scaled(signKeyRow(index).adjusted(textLeft, 0, 0, 0), unit);
+    if (rows.size() <= kinds.size()) {
+        return;
+    }
+    std::size_t row = 0;
+    const auto roomOfText = [&rows, unit](std::size_t index) {
+        return scaled(rows[index].adjusted(textLeft, 0, 0, 0), unit);
     };
     for (const auto& [kind, name] : kinds) {
-        const QRectF room = signKeyRow(row);
+        const QRectF& room = rows[row];
         const QRectF sign(room.left() + 2, room.center().y() - kindSignSide / 2, kindSignSide,
                           kindSignSide);
         drawKindSign(painter, scaled(sign, unit), kind, colours.kind(kind, colours.body));
@@ -65,7 +69,7 @@ void paintSignKey(QPainter& painter, qreal unit, const QFont& font, const Surfac
                engravingSize * unit);
         ++row;
     }
-    const QRectF room = signKeyRow(row);
+    const QRectF& room = rows[row];
     const QRectF sign(room.left(), room.center().y() - toggleSignSize.height() / 2,
                       toggleSignSize.width(), toggleSignSize.height());
     drawToggleSign(painter, scaled(sign, unit), colours.engraving, colours.body);
@@ -76,17 +80,18 @@ void paintSignKey(QPainter& painter, qreal unit, const QFont& font, const Surfac
 
 }  // namespace
 
-void paintCase(QPainter& painter, qreal unit, const QFont& font, const SurfaceColours& colours) {
+void paintCase(QPainter& painter, const CasePlan& plan, qreal unit, const QFont& font,
+               const SurfaceColours& colours) {
     painter.setRenderHint(QPainter::Antialiasing);
-    paintBody(painter, unit, colours);
+    paintBody(painter, plan, unit, colours);
     painter.setPen(colours.engraving);
-    for (const Engraving& engraving : engravings()) {
+    for (const Engraving& engraving : plan.engravings) {
         QFont used = font;
         used.setBold(engraving.isStrong);
         letter(painter, scaled(engraving.room, unit), engraving.text, engraving.alignment, used,
                engravingSize * unit);
     }
-    paintSignKey(painter, unit, font, colours);
+    paintSignKey(painter, plan.signKey, unit, font, colours);
 }
 
 }  // namespace qt

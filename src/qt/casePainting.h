@@ -6,11 +6,13 @@
 #include <QPainter>
 
 #include "qt/SurfaceColours.h"
+#include "qt/casePlan.h"
 
 namespace qt {
 
-/// Paints the case with its lettering, `unit` pixels a unit of the drawing, from the painter's
-/// origin on.
-void paintCase(QPainter& painter, qreal unit, const QFont& font, const SurfaceColours& colours);
+/// Paints a case with its lettering, `unit` pixels a unit of the drawing, from the painter's origin
+/// on.
+void paintCase(QPainter& painter, const CasePlan& plan, qreal unit, const QFont& font,
+               const SurfaceColours& colours);
 
 }  // namespace qt

@@ -233,6 +233,7 @@ void drawLines(QPainter& painter, const FaceLook& look, const Style& style) {
 void drawCaption(QPainter& painter, const FaceLook& look, const Style& style) {
     QFont font = look.font;
     font.setPixelSize(std::max(static_cast<int>(captionSize * look.unit), smallestLettering));
+    font.setBold(look.isChecked);  // thin strokes are hard to read on the accent
     painter.setFont(font);
     painter.setPen(style.lesserLettering);
     painter.drawText(captionRoomOf(look), Qt::AlignLeft | Qt::AlignVCenter, look.caption);

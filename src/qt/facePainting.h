@@ -9,8 +9,8 @@
 
 #include "editor/assignment.h"
 #include "qt/SurfaceColours.h"
+#include "qt/casePlan.h"
 #include "qt/fittedText.h"
-#include "qt/surfacePlan.h"
 
 namespace qt {
 

@@ -3,14 +3,14 @@
 // Where an arrow key leads on the controller. No widgets here: places are numbered, and the rule is
 // a function of numbers.
 
+#include "qt/moves.h"
+
 namespace qt {
 
 /// Places 0 to 73 are the tags of the controls' buttons; the layer buttons follow.
 inline constexpr int firstModeLayerPlace = 74;
 inline constexpr int firstPadLayerPlace = 78;
 inline constexpr int placeCount = 82;
-
-enum class Move { Left, Right, Up, Down, Home, End };
 
 /// The place that a move leads to from another. Left and right go across the strips, and over
 /// into keys, layer buttons and pads at about the same height; up and down stay within a strip, or

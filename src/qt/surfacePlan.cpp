@@ -24,7 +24,6 @@ constexpr qreal stripWidth = 57;
 constexpr qreal master = firstStrip + strips * stripPitch + 7;
 constexpr qreal keys = 641;
 constexpr qreal keysWidth = 305;
-constexpr qreal gap = 8;
 constexpr qreal layerNameWidth = 73;
 
 // Down.
@@ -53,12 +52,6 @@ QRectF inStrip(int strip, qreal top, qreal height) {
     return {firstStrip + strip * stripPitch, top, stripWidth, height};
 }
 
-/// One of several equal cells side by side.
-QRectF cell(qreal left, qreal width, int index, int count, qreal top, qreal height) {
-    const qreal each = (width - gap * (count - 1)) / count;
-    return {left + index * (each + gap), top, each, height};
-}
-
 QRectF keyRoom(int key, qreal top) {
     return cell(keys, keysWidth, key, keysInARow, top, buttonHeight);
 }
@@ -70,53 +63,16 @@ QRectF layerRoom(int layer, qreal top) {
 
 QRectF padRoom(int position) {
     constexpr int rows = config::padCount / padsInARow;
-    constexpr qreal height = (bottom - padsTop - gap * (rows - 1)) / rows;
+    constexpr qreal height = (bottom - padsTop - faceGap * (rows - 1)) / rows;
     const int row = position / padsInARow;
-    return cell(keys, keysWidth, position % padsInARow, padsInARow, padsTop + row * (height + gap),
-                height);
+    return cell(keys, keysWidth, position % padsInARow, padsInARow,
+                padsTop + row * (height + faceGap), height);
 }
 
 Engraving rowName(int control, qreal top, qreal height) {
     return {{rowNames, top, rowNamesWidth, height},
             asText(editor::controlCaption(control)),
             Qt::AlignRight | Qt::AlignVCenter};
-}
-
-}  // namespace
-
-Place placeOfTag(int tag) {
-    using namespace config;
-    if (tag < firstLayerKey) {
-        const qreal top = buttonTop + tag % buttonsOfAStrip * buttonPitch;
-        return {FaceShape::Key, inStrip(tag / buttonsOfAStrip, top, buttonHeight)};
-    }
-    if (tag < firstTransportKey) {
-        return {FaceShape::Key, keyRoom(tag - firstLayerKey, layerKeyTop)};
-    }
-    if (tag < firstEncoderPush) {
-        return {FaceShape::Key, keyRoom(tag - firstTransportKey, transportKeyTop)};
-    }
-    if (tag < firstEncoder) {
-        return {FaceShape::Key, inStrip(tag - firstEncoderPush, pushTop, buttonHeight)};
-    }
-    if (tag < firstFader) {
-        return {FaceShape::Knob, inStrip(tag - firstEncoder, knobTop, knobSide)};
-    }
-    if (tag < lastFader) {
-        return {FaceShape::Fader, inStrip(tag - firstFader, faderTop, bottom - faderTop)};
-    }
-    if (tag == lastFader) {
-        return {FaceShape::Fader, {master, faderTop, stripWidth, bottom - faderTop}};
-    }
-    return {FaceShape::Pad, padRoom(tag - firstPad)};
-}
-
-Place placeOfModeLayer(int layer) {
-    return {FaceShape::Layer, layerRoom(layer, modeLayerTop)};
-}
-
-Place placeOfPadLayer(int layer) {
-    return {FaceShape::Layer, layerRoom(layer, padLayerTop)};
 }
 
 std::vector<Engraving> engravings() {
@@ -166,8 +122,56 @@ std::vector<QRectF> plates() {
     return all;
 }
 
-QRectF signKeyRow(int row) {
-    return {master, signRows + row * signRowPitch, stripWidth + 13, signRowPitch};
+/// A row for each of the four kinds and for toggles.
+std::vector<QRectF> signKey() {
+    constexpr int rows = 5;
+    std::vector<QRectF> all;
+    all.reserve(rows);
+    for (int row = 0; row < rows; ++row) {
+        all.emplace_back(master, signRows + row * signRowPitch, stripWidth + 13, signRowPitch);
+    }
+    return all;
+}
+
+}  // namespace
+
+Place placeOfTag(int tag) {
+    using namespace config;
+    if (tag < firstLayerKey) {
+        const qreal top = buttonTop + tag % buttonsOfAStrip * buttonPitch;
+        return {FaceShape::Key, inStrip(tag / buttonsOfAStrip, top, buttonHeight)};
+    }
+    if (tag < firstTransportKey) {
+        return {FaceShape::Key, keyRoom(tag - firstLayerKey, layerKeyTop)};
+    }
+    if (tag < firstEncoderPush) {
+        return {FaceShape::Key, keyRoom(tag - firstTransportKey, transportKeyTop)};
+    }
+    if (tag < firstEncoder) {
+        return {FaceShape::Key, inStrip(tag - firstEncoderPush, pushTop, buttonHeight)};
+    }
+    if (tag < firstFader) {
+        return {FaceShape::Knob, inStrip(tag - firstEncoder, knobTop, knobSide)};
+    }
+    if (tag < lastFader) {
+        return {FaceShape::Fader, inStrip(tag - firstFader, faderTop, bottom - faderTop)};
+    }
+    if (tag == lastFader) {
+        return {FaceShape::Fader, {master, faderTop, stripWidth, bottom - faderTop}};
+    }
+    return {FaceShape::Pad, padRoom(tag - firstPad)};
+}
+
+Place placeOfModeLayer(int layer) {
+    return {FaceShape::Layer, layerRoom(layer, modeLayerTop)};
+}
+
+Place placeOfPadLayer(int layer) {
+    return {FaceShape::Layer, layerRoom(layer, padLayerTop)};
+}
+
+CasePlan surfaceCase() {
+    return {planSize, engravings(), plates(), signKey()};
 }
 
 }  // namespace qt

@@ -4,6 +4,7 @@
 
 #include <QLabel>
 #include <QTest>
+#include <algorithm>
 
 #include "app/Robot.h"
 #include "qt/QtDesktop.h"
@@ -39,6 +40,19 @@ TEST_F(AboutViewTest, SaysWhatTheProgramIsAndItsVersion) {
     }
     EXPECT_TRUE(all.contains(QStringLiteral("Tormelk Wyro")));
     EXPECT_TRUE(all.contains(QStringLiteral("Version " TORMELK_VERSION)));
+}
+
+TEST(AboutView, ShowsTheProgramsIcon) {
+    QPixmap icon(96, 96);
+    icon.fill(Qt::red);
+    QApplication::setWindowIcon(QIcon(icon));
+    shell::about controller;
+    const AboutView view(controller);
+    const QList<QLabel*> labels = view.findChildren<QLabel*>();
+    EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [](const QLabel* label) {
+        return !label->pixmap(Qt::ReturnByValue).isNull();
+    }));
+    QApplication::setWindowIcon({});
 }
 
 TEST_F(AboutViewTest, IsHiddenByItsButtonByEscapeAndByItsCloseBoxAndComesBack) {

@@ -47,32 +47,5 @@ TEST_F(AssignmentPanelTest, SaysWhatToDoWhereNothingCanBeEdited) {
     EXPECT_EQ(text("selectedSends"), QString());
 }
 
-// The rest of the window's frame.
-
-TEST_F(AssignmentPanelTest, TheTitleMarksAnImageThatDiffersFromTheStarts) {
-    EXPECT_FALSE(view.isWindowModified());
-    enterUserDefinedMode();
-    EXPECT_TRUE(view.isWindowModified());
-    choose(box("combo_mode"), editor::nuendoMode);
-    const bool differs = controller.isImageEdited();
-    EXPECT_EQ(view.isWindowModified(), differs);
-    click(button(QStringLiteral("locker")));
-    EXPECT_TRUE(view.isWindowModified());
-    click(button(QStringLiteral("locker")));
-    EXPECT_EQ(view.isWindowModified(), differs);
-}
-
-TEST_F(AssignmentPanelTest, TheStatusLineAndTheOutputSayWhatToDo) {
-    EXPECT_EQ(
-        text("status"),
-        QStringLiteral("No MIDI output found. Connect the controller, or start the simulator."));
-    EXPECT_EQ(text("output"), QStringLiteral("No output found"));
-    EXPECT_FALSE(button(QStringLiteral("outputLamp")).isChecked());
-    window.status.setStringValue("Sent 4 layers to Tormelk MIDI 1");
-    EXPECT_EQ(text("status"), QStringLiteral("Sent 4 layers to Tormelk MIDI 1"));
-    window.outputLamp.setState(1);
-    EXPECT_TRUE(button(QStringLiteral("outputLamp")).isChecked());
-}
-
 }  // namespace
 }  // namespace qt

@@ -11,6 +11,7 @@
 #include "app/Robot.h"
 #include "firmware/firm.h"
 #include "firmware/readImage.h"
+#include "qt/mouse.h"
 
 namespace tests {
 
@@ -26,6 +27,7 @@ using Visit = std::function<void(QWidget& window, const QString& name)>;
 /// Lays the window out and shows it.
 void show(QWidget& window, const char* name, const Visit& visit) {
     (void)QTest::qWaitForWindowExposed(&window);
+    window.resize(window.sizeHint().expandedTo(window.minimumSizeHint()));
     QApplication::processEvents();
     visit(window, QString::fromLatin1(name));
 }
@@ -44,6 +46,36 @@ void showMain(app::Demo& demo, const Visit& visit) {
     show(window, "main-pad", visit);
 }
 
+/// With the output chosen, everything sent and the lock off.
+void showMainAfterSend(app::Demo& demo, const Visit& visit) {
+    QWidget& window = demo.editor.view;
+    click(find(window, "moLa1"));
+    click(find(window, "encoder9"));
+    choose(find<QComboBox>(window, "combo_type"), editor::kindControlChange);
+    choose(find<QComboBox>(window, "combo_cc"), 64);
+    choose(find<QComboBox>(window, "combo_trig"), 1);
+    click(find(window, "locker"));
+    show(window, "main-edited", visit);
+    whenDialogOpens(QStringLiteral("Tormelk Wyro"),
+                    [](QDialog& dialog) { press(dialog, Qt::Key_Enter); });
+    click(find(window, "send"));
+    show(window, "main-sent", visit);
+    window.setEnabled(false);
+    show(window, "main-disabled", visit);
+    window.setEnabled(true);
+    choose(find<QComboBox>(window, "combo_mode"), editor::huiMode);
+    show(window, "main-hui", visit);
+    choose(find<QComboBox>(window, "combo_mode"), editor::userDefinedMode);
+}
+
+/// As an owner meets it who has not plugged anything in.
+void showMainWithoutOutput(app::Demo& demo, const Visit& visit) {
+    platform::software::SoftwareMidiService empty;
+    app::Editor editor(empty, demo.desktop);
+    editor.show();
+    show(editor.view, "main-no-output", visit);
+}
+
 void showDeviceDialog(app::Demo& demo, const Visit& visit) {
     whenDialogOpens(QStringLiteral("MIDI Devices"), [&visit](QDialog& dialog) {
         choose(find<QComboBox>(dialog, "combo_in"), 1);
@@ -60,15 +92,24 @@ void showAlert(app::Demo& demo, const Visit& visit) {
         press(dialog, Qt::Key_Enter);
     });
     click(find(demo.editor.view, "send"));
-    whenDialogOpens(QStringLiteral("Tormelk Wyro"), [&visit](QDialog& dialog) {
+    whenDialogOpens(QStringLiteral("Confirm"), [&visit](QDialog& dialog) {
         show(dialog, "alert-question", visit);
         press(dialog, Qt::Key_Escape);
     });
-    demo.desktop.runAlertPanel({"Tormelk Wyro", "Changes are lost. Go on?", "OK", "Cancel"});
+    demo.desktop.runAlertPanel(
+        {"Confirm", "Your changes on User-Defined Mode hasn't been saved.\n\nLoad file continue?",
+         "OK", "Cancel"});
+    whenDialogOpens(QStringLiteral("Tormelk Wyro"), [&visit](QDialog& dialog) {
+        show(dialog, "alert-reason", visit);
+        press(dialog, Qt::Key_Escape);
+    });
+    demo.desktop.runAlertPanel(
+        {"Tormelk Wyro", "Fail to save Tormelk file\n\nNo space left on device"});
 }
 
 void showPadEditor(app::Demo& demo, const Visit& visit) {
     whenDialogOpens(QStringLiteral("Pad Editor"), [&visit](QDialog& dialog) {
+        show(dialog, "pad-start", visit);
         click(find(dialog, "p5"));
         show(dialog, "pad", visit);
         choose(find<QComboBox>(dialog, "combo_curv"), 5);
@@ -173,17 +214,20 @@ void showEmptyDeviceDialog(app::Demo& demo, const Visit& visit) {
 
 void forEveryWindow(const Visit& visit) {
     app::Demo demo;
+    parkMouse();
     demo.show();
     (void)QTest::qWaitForWindowActive(&demo.editor.view);
     show(demo.simulatorView, "simulator-start", visit);
     showMain(demo, visit);
     showDeviceDialog(demo, visit);
     showAlert(demo, visit);
+    showMainAfterSend(demo, visit);
     show(demo.simulatorView, "simulator", visit);
     showPadEditor(demo, visit);
     showAbout(demo, visit);
     showFirmware(demo, visit);
     showEmptyDeviceDialog(demo, visit);
+    showMainWithoutOutput(demo, visit);
 }
 
 }  // namespace tests

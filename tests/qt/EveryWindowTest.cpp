@@ -83,7 +83,8 @@ TEST(EveryWindow, IsOneOfTheWindowsThereAre) {
     std::set<std::string> seen;
     forEveryWindow([&seen](QWidget&, const QString& name) { seen.insert(name.toStdString()); });
     for (const char* window :
-         {"main", "seldev", "about", "message", "pad", "simulator", "firmware", "alert"}) {
+         {"main", "main-no-output", "main-sent", "main-disabled", "pad-constant", "seldev", "about",
+          "message", "pad", "simulator", "firmware", "alert"}) {
         EXPECT_TRUE(seen.contains(window)) << window;
     }
 }

@@ -9,6 +9,7 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QSet>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include "app/Robot.h"
@@ -210,6 +211,50 @@ TEST_F(MainWindowViewTest, CaptionsTheNumberBoxAsTheProgramSays) {
 
 TEST_F(MainWindowViewTest, ShowsTheTitleOfTheProgram) {
     EXPECT_EQ(view.windowTitle(), QStringLiteral("Tormelk Wyro[*]"));
+}
+
+TEST_F(MainWindowViewTest, MarksInItsTitleThatTheImageDiffersFromWhatWasSavedOrLoadedLast) {
+    const QTemporaryDir folder;
+    const std::string preset = folder.filePath(QStringLiteral("Stage.Tormelk")).toStdString();
+    EXPECT_FALSE(view.isWindowModified());
+    click(button(QStringLiteral("locker")));
+    EXPECT_TRUE(view.isWindowModified());
+    click(button(QStringLiteral("locker")));
+    EXPECT_FALSE(view.isWindowModified()) << "it is as it was at the start";
+    enterUserDefinedMode();
+    EXPECT_TRUE(view.isWindowModified());
+    desktop.answerSavePanel(preset);
+    controller.saveFile();
+    EXPECT_FALSE(view.isWindowModified());
+    click(button(QStringLiteral("encoder9")));
+    EXPECT_FALSE(view.isWindowModified()) << "looking changes nothing";
+    app::robot::choose(box("combo_trig"), 1);
+    EXPECT_TRUE(view.isWindowModified()) << "a trigger counts as well as a channel or a number";
+    desktop.answerOpenPanel(preset);
+    controller.loadFile();
+    EXPECT_FALSE(view.isWindowModified());
+}
+
+TEST_F(MainWindowViewTest, SaysWhatToDoWhereThereIsNoOutput) {
+    const auto text = [this](const char* outlet) { return find<QLabel>(view, outlet).text(); };
+    EXPECT_EQ(
+        text("status"),
+        QStringLiteral("No MIDI output found. Connect the controller, or start the simulator."));
+    EXPECT_EQ(text("output"), QStringLiteral("No output found"));
+    EXPECT_FALSE(button(QStringLiteral("outputLamp")).isChecked());
+}
+
+TEST_F(MainWindowViewTest, ShowsWhatTheLastActionDidAndWhetherTheOutputIsOnline) {
+    const auto text = [this](const char* outlet) { return find<QLabel>(view, outlet).text(); };
+    window.output.setStringValue("Tormelk MIDI 1");
+    window.outputLamp.setState(1);
+    EXPECT_EQ(text("output"), QStringLiteral("Tormelk MIDI 1"));
+    EXPECT_TRUE(button(QStringLiteral("outputLamp")).isChecked());
+    enterUserDefinedMode();
+    EXPECT_EQ(text("status"), QStringLiteral("DAW mode: User Defined"));
+    click(button(QStringLiteral("encoder9")));
+    app::robot::choose(box("combo_chan"), 3);
+    EXPECT_EQ(text("status"), QStringLiteral("Strip 3, Solo: channel 4"));
 }
 
 TEST_F(MainWindowViewTest, SendsFromTheMenuTheButtonAndTheKeyboard) {

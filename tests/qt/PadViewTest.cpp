@@ -12,8 +12,12 @@
 #include "editor/mainController.h"
 #include "platform/AbsentMidiService.h"
 #include "platform/NotificationCentre.h"
+#include "qt/FaceButton.h"
+#include "qt/FacePanel.h"
 #include "qt/MainWindowView.h"
 #include "qt/QtDesktop.h"
+#include "qt/letterContrast.h"
+#include "qt/palettes.h"
 #include "qt/views.h"
 
 namespace qt {
@@ -90,9 +94,10 @@ TEST_F(PadViewTest, EndsByDoneByEnterByEscapeAndByItsCloseBox) {
 
 TEST_F(PadViewTest, NamesTheThreePadLayersAndLightsTheOneItWasOpenedFor) {
     open(3, [](QDialog& dialog) {
-        EXPECT_EQ(button(dialog, "m_paLa1").text(), QStringLiteral("Pad layer 2"));
-        EXPECT_EQ(button(dialog, "m_paLa2").text(), QStringLiteral("Pad layer 3"));
-        EXPECT_EQ(button(dialog, "m_paLa3").text(), QStringLiteral("Pad layer 4"));
+        EXPECT_EQ(button(dialog, "m_paLa1").accessibleName(), QStringLiteral("Pad layer 2"));
+        EXPECT_EQ(button(dialog, "m_paLa2").accessibleName(), QStringLiteral("Pad layer 3"));
+        EXPECT_EQ(button(dialog, "m_paLa3").accessibleName(), QStringLiteral("Pad layer 4"));
+        EXPECT_EQ(button(dialog, "m_paLa3").text(), QStringLiteral("4"));
         EXPECT_EQ(dialog.findChild<QWidget*>(QStringLiteral("m_paLa0")), nullptr);
         EXPECT_TRUE(button(dialog, "m_paLa2").isChecked());
         EXPECT_FALSE(button(dialog, "m_paLa1").isChecked());
@@ -165,6 +170,127 @@ TEST_F(PadViewTest, DoesNotClickThePadThatHasTheFocusOnEnter) {
         press(button(dialog, "p2"), Qt::Key_Return);
         EXPECT_EQ(state.pads.m_pad_CurSel, 70) << "Enter is Done";
     });
+}
+
+FaceButton& face(const QDialog& dialog, const char* name) {
+    return dynamic_cast<FaceButton&>(find(dialog, name));
+}
+
+TEST_F(PadViewTest, ShowsOnEachPadWhatItSendsInTheLayerShown) {
+    config::setNumber(state.sysData, 2, 66, 61);  // control 66 is the pad in the middle
+    config::setMode(state.sysData, 2, 68, 0x0B);  // and 68 the one beside the last
+    config::setNumber(state.sysData, 2, 68, 64);
+    config::setChannel(state.sysData, 2, 68, 2);
+    open(3, [](QDialog& dialog) {
+        EXPECT_EQ(face(dialog, "p5").look().assignment.shortText(), "C#4");
+        EXPECT_EQ(face(dialog, "p8").look().assignment.shortText(), "CC 64");
+        EXPECT_EQ(face(dialog, "p8").toolTip(),
+                  QStringLiteral("Pad 8\nControl change 64 Sustain, channel 3"));
+        EXPECT_EQ(face(dialog, "p8").accessibleName(), QStringLiteral("Pad 8"));
+        EXPECT_EQ(face(dialog, "p8").accessibleDescription(),
+                  QStringLiteral("Control change 64 Sustain, channel 3"));
+        EXPECT_EQ(face(dialog, "p8").look().assignment.channelText(), "ch 3");
+        click(find(dialog, "finish"));
+    });
+}
+
+TEST_F(PadViewTest, ShowsAnEditOnThePadAtOnce) {
+    open(2, [](QDialog& dialog) {
+        click(button(dialog, "p5"));
+        choose(box(dialog, "combo_msg"), 60);
+        EXPECT_EQ(face(dialog, "p5").look().assignment.shortText(), "C4");
+        choose(box(dialog, "combo_chanMod"), 1);
+        choose(box(dialog, "combo_chan"), 3);
+        for (const char* pad : {"p1", "p5", "p9"}) {
+            EXPECT_EQ(face(dialog, pad).look().assignment.channelText(), "ch 4") << pad;
+        }
+        click(button(dialog, "m_paLa2"));
+        EXPECT_NE(face(dialog, "p5").look().assignment.shortText(), "C4") << "of another layer";
+        click(find(dialog, "finish"));
+    });
+}
+
+TEST_F(PadViewTest, SetsWhatBelongsToThePadApartFromWhatBelongsToTheLayer) {
+    open(2, [](QDialog& dialog) {
+        const auto text = [&dialog](const char* outlet) {
+            return find<QLabel>(dialog, outlet).text();
+        };
+        EXPECT_EQ(text("selectedPad"), QStringLiteral("No pad selected"));
+        EXPECT_EQ(text("selectedSends"),
+                  QStringLiteral("Click a pad to set its note and channel."));
+        EXPECT_EQ(text("selectedLayer"), QStringLiteral("Pad layer 2"));
+        click(button(dialog, "p5"));
+        choose(box(dialog, "combo_msg"), 60);
+        EXPECT_EQ(text("selectedPad"), QStringLiteral("Pad 5"));
+        EXPECT_TRUE(text("selectedSends").startsWith(QStringLiteral("Note 60 C4, channel ")));
+        EXPECT_EQ(text("status"), QStringLiteral("Pad 5: note 60 C4"));
+        click(button(dialog, "m_paLa3"));
+        EXPECT_EQ(text("selectedLayer"), QStringLiteral("Pad layer 4"));
+        const auto topOf = [&dialog](const char* outlet) {
+            const QWidget& widget = find<QWidget>(dialog, outlet);
+            return widget.mapTo(&dialog, QPoint(0, 0)).y();
+        };
+        for (const char* ofPad : {"combo_msg", "combo_chan", "combo_chanMod"}) {
+            EXPECT_LT(topOf(ofPad), topOf("selectedLayer")) << ofPad;
+        }
+        for (const char* ofLayer : {"combo_intervl", "combo_curv", "combo_curConst"}) {
+            EXPECT_GT(topOf(ofLayer), topOf("selectedLayer")) << ofLayer;
+        }
+        click(find(dialog, "finish"));
+    });
+}
+
+TEST_F(PadViewTest, IsUsedByTheKeyboardAsTheControllerIs) {
+    open(2, [this](QDialog& dialog) {
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+        click(button(dialog, "p5"));
+        button(dialog, "p5").setFocus();
+        const auto focused = [] { return QApplication::focusWidget()->objectName().toStdString(); };
+        const auto hit = [](Qt::Key key) { press(*QApplication::focusWidget(), key); };
+        hit(Qt::Key_Right);
+        EXPECT_EQ(focused(), "p6");
+        EXPECT_EQ(state.pads.m_pad_CurSel, 71) << "the control behind pad 6";
+        hit(Qt::Key_Right);
+        EXPECT_EQ(focused(), "p6") << "nothing lies further right";
+        hit(Qt::Key_Down);
+        EXPECT_EQ(focused(), "p9");
+        hit(Qt::Key_Home);
+        EXPECT_EQ(focused(), "p7");
+        hit(Qt::Key_End);
+        EXPECT_EQ(focused(), "p9");
+        hit(Qt::Key_Up);
+        hit(Qt::Key_Up);
+        hit(Qt::Key_Up);
+        EXPECT_EQ(focused(), "m_paLa3");
+        EXPECT_EQ(state.pads.m_zPaLayer_CurSel, 1) << "a layer is not switched on the way";
+        hit(Qt::Key_Space);
+        EXPECT_EQ(state.pads.m_zPaLayer_CurSel, 3);
+        hit(Qt::Key_Left);
+        EXPECT_EQ(focused(), "m_paLa2");
+        hit(Qt::Key_Down);
+        EXPECT_EQ(focused(), "p2");
+        hit(Qt::Key_3);
+        EXPECT_EQ(state.pads.m_zPaLayer_CurSel, 2);
+        hit(Qt::Key_1);
+        hit(Qt::Key_5);
+        EXPECT_EQ(state.pads.m_zPaLayer_CurSel, 2) << "pad layer 1 is the main window's";
+        click(find(dialog, "finish"));
+    });
+}
+
+TEST_F(PadViewTest, CanBeReadInLightAndDark) {
+    for (const QPalette& palette : {tests::lightPalette(), tests::darkPalette()}) {
+        QApplication::setPalette(palette);
+        open(2, [](QDialog& dialog) {
+            click(button(dialog, "p5"));
+            auto& pads = dynamic_cast<FacePanel&>(find<QWidget>(dialog, "pads"));
+            EXPECT_EQ(tests::textCount(pads), 9 * 3 + 3 + 1);
+            const QStringList unreadable = tests::unreadableTexts(pads.grab().toImage(), pads);
+            EXPECT_TRUE(unreadable.isEmpty()) << unreadable.join(QLatin1Char('\n')).toStdString();
+            click(find(dialog, "finish"));
+        });
+    }
+    QApplication::setPalette(tests::lightPalette());
 }
 
 TEST_F(PadViewTest, CanBeOpenedAgainAndAgain) {

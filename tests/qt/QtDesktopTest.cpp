@@ -78,6 +78,21 @@ TEST_F(QtDesktopTest, ShowsAnAlertWithExactlyItsTexts) {
     EXPECT_EQ(desktop.runAlertPanel({" Tormelk Wyro", "Send  Done <b>"}), AlertAnswer::Default);
 }
 
+TEST_F(QtDesktopTest, ShowsTheProgramsIconBesideAnAlert) {
+    QPixmap icon(64, 64);
+    icon.fill(Qt::red);
+    QApplication::setWindowIcon(QIcon(icon));
+    whenDialogOpens(QStringLiteral("A"), [](QDialog& dialog) {
+        const QPixmap shown = dynamic_cast<QMessageBox&>(dialog).iconPixmap();
+        EXPECT_FALSE(shown.isNull());
+        EXPECT_EQ(shown.toImage().pixelColor(shown.width() / 2, shown.height() / 2),
+                  QColor(Qt::red));
+        press(dialog, Qt::Key_Enter);
+    });
+    desktop.runAlertPanel({"A", "text"});
+    QApplication::setWindowIcon({});
+}
+
 TEST_F(QtDesktopTest, TakesEscapeForTheOnlyAnswerOfAnAlertWithOneButton) {
     whenDialogOpens(QStringLiteral("A"), [](QDialog& dialog) { press(dialog, Qt::Key_Escape); });
     EXPECT_EQ(desktop.runAlertPanel({"A", "text"}), AlertAnswer::Default);

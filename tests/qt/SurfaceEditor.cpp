@@ -5,6 +5,7 @@
 #include <array>
 
 #include "config/layout.h"
+#include "qt/mouse.h"
 
 namespace tests {
 
@@ -61,6 +62,7 @@ qt::FaceButton& SurfaceEditor::faceOf(int tag) const {
 
 void forEverySurface(const std::function<void(SurfaceEditor& editor, const QString& name)>& visit) {
     SurfaceEditor editor;
+    parkMouse();
     (void)QTest::qWaitForWindowActive(&editor.panel);
     editor.click(9);
     lookAt(editor, "surface-nuendo", visit);
@@ -87,6 +89,7 @@ void forEverySurface(const std::function<void(SurfaceEditor& editor, const QStri
     QTest::mousePress(&editor.faceOf(18), Qt::LeftButton);
     lookAt(editor, "surface-held", visit);
     QTest::mouseRelease(&editor.faceOf(18), Qt::LeftButton);
+    parkMouse();
     editor.panel.setEnabled(false);
     lookAt(editor, "surface-disabled", visit);
 }

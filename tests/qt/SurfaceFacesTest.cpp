@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QEvent>
 #include <QPainter>
@@ -102,6 +103,27 @@ TEST_F(SurfaceFaces, FollowTheDawMode) {
     EXPECT_EQ(shownBy(40), "V_Select CH.1");
     editor.chooseMode(editor::huiMode);
     EXPECT_EQ(shownBy(9), "A#-1");
+}
+
+TEST_F(SurfaceFaces, ShowTheSelectedControlAndThePadLayerFromTheStart) {
+    const SurfaceEditor atStart;
+    const auto isLit = [&atStart](const char* outlet) {
+        return atStart.face(QString::fromLatin1(outlet)).look().isChecked;
+    };
+    EXPECT_EQ(atStart.state.selection.keyEvnt, 0);
+    EXPECT_TRUE(isLit("encoder0"));
+    EXPECT_FALSE(isLit("encoder1"));
+    EXPECT_TRUE(isLit("paLa1")) << "the layer whose pads are shown";
+    EXPECT_FALSE(isLit("paLa2"));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&atStart.face(QStringLiteral("paLa1")))
+                  ->state()
+                  .checked,
+              1U);
+    editor.click(9);
+    EXPECT_TRUE(editor.faceOf(9).look().isChecked);
+    EXPECT_FALSE(editor.faceOf(0).look().isChecked);
+    editor.chooseMode(editor::liveMode);
+    EXPECT_FALSE(editor.faceOf(9).look().isChecked) << "nothing is selected now";
 }
 
 TEST_F(SurfaceFaces, ArePaintedAfreshOnlyWhereSomethingChanged) {

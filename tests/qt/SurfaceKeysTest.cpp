@@ -96,9 +96,11 @@ TEST_F(SurfaceKeys, EnterAndSpaceClick) {
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
         editor.click(9);
         qt::FaceButton& other = editor.faceOf(20);
+        other.setFocus();
         QTest::keyClick(&other, key, key == Qt::Key_Enter ? Qt::KeypadModifier : Qt::NoModifier);
         EXPECT_EQ(selected(), 20) << key;
     }
+    editor.faceOf(9).setFocus();
     QTest::keyClick(&editor.faceOf(9), Qt::Key_Return, Qt::ControlModifier);
     EXPECT_EQ(selected(), 20) << "that is somebody else's key";
 }

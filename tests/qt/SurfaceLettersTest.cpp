@@ -27,8 +27,9 @@ TEST_F(SurfaceLetters, StandOutFromWhatIsBehindThem) {
         int looks = 0;
         forEverySurface([&looks](SurfaceEditor& editor, const QString& name) {
             ++looks;
-            EXPECT_GT(textCount(editor), 180);
-            const QStringList unreadable = unreadableTexts(editor.panel.grab().toImage(), editor);
+            EXPECT_GT(textCount(editor.panel), 180);
+            const QStringList unreadable =
+                unreadableTexts(editor.panel.grab().toImage(), editor.panel);
             EXPECT_TRUE(unreadable.isEmpty())
                 << name.toStdString() << ": " << unreadable.join(QLatin1Char('\n')).toStdString();
         });
@@ -40,7 +41,7 @@ TEST_F(SurfaceLetters, AreFoundUnreadableWhereTheyAre) {
     forEverySurface([](SurfaceEditor& editor, const QString&) {
         QImage flat(editor.panel.size(), QImage::Format_RGB32);
         flat.fill(Qt::gray);
-        EXPECT_EQ(unreadableTexts(flat, editor).size(), textCount(editor));
+        EXPECT_EQ(unreadableTexts(flat, editor.panel).size(), textCount(editor.panel));
     });
 }
 

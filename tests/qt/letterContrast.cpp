@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "qt/FaceButton.h"
 #include "qt/contrast.h"
-#include "qt/surfacePlan.h"
 
 namespace tests {
 
@@ -16,18 +16,16 @@ struct Lettering {
     QRectF room;  ///< in the panel
 };
 
-std::vector<Lettering> letteringOf(const SurfaceEditor& editor) {
+std::vector<Lettering> letteringOf(const qt::FacePanel& panel) {
     std::vector<Lettering> all;
-    const qreal unit = editor.faceOf(0).look().unit;
-    const QSizeF drawn = qt::planSize * unit;
-    const QPointF corner((editor.panel.width() - drawn.width()) / 2,
-                         (editor.panel.height() - drawn.height()) / 2);
-    for (const qt::Engraving& engraving : qt::engravings()) {
-        all.push_back({engraving.text,
-                       {corner + engraving.room.topLeft() * unit, engraving.room.size() * unit}});
+    const qreal unit = panel.unit();
+    for (const qt::Engraving& engraving : panel.plan().engravings) {
+        all.push_back(
+            {engraving.text,
+             {panel.corner() + engraving.room.topLeft() * unit, engraving.room.size() * unit}});
     }
-    for (QPushButton* button : editor.panel.findChildren<QPushButton*>()) {
-        const qt::FaceLook look = editor.face(button->objectName()).look();
+    for (const qt::FaceButton* button : panel.faces()) {
+        const qt::FaceLook look = button->look();
         const qt::FaceLines lines = qt::linesOf(look);
         const bool hasCaption =
             look.shape == qt::FaceShape::Pad || look.shape == qt::FaceShape::Layer;
@@ -71,10 +69,10 @@ qreal contrastWithin(const QImage& part) {
 
 }  // namespace
 
-QStringList unreadableTexts(const QImage& picture, const SurfaceEditor& editor) {
+QStringList unreadableTexts(const QImage& picture, const qt::FacePanel& panel) {
     QStringList unreadable;
     const qreal ratio = picture.devicePixelRatio();
-    for (const Lettering& lettering : letteringOf(editor)) {
+    for (const Lettering& lettering : letteringOf(panel)) {
         const QRectF room(lettering.room.topLeft() * ratio, lettering.room.size() * ratio);
         const qreal found = contrastWithin(picture.copy(room.toAlignedRect()));
         if (found < qt::readableContrast) {
@@ -84,8 +82,8 @@ QStringList unreadableTexts(const QImage& picture, const SurfaceEditor& editor) 
     return unreadable;
 }
 
-int textCount(const SurfaceEditor& editor) {
-    return static_cast<int>(letteringOf(editor).size());
+int textCount(const qt::FacePanel& panel) {
+    return static_cast<int>(letteringOf(panel).size());
 }
 
 }  // namespace tests

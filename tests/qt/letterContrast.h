@@ -3,16 +3,16 @@
 #include <QImage>
 #include <QStringList>
 
-#include "qt/SurfaceEditor.h"
+#include "qt/FacePanel.h"
 
 namespace tests {
 
-/// Every text of the drawn controller that cannot be read in its picture, and why: its strokes have
+/// Every text of a drawn panel that cannot be read in its picture, and why: its strokes have
 /// less contrast to what is behind them than 4.5 to 1, or there are none. The picture may be of any
 /// device pixel ratio.
-[[nodiscard]] QStringList unreadableTexts(const QImage& picture, const SurfaceEditor& editor);
+[[nodiscard]] QStringList unreadableTexts(const QImage& picture, const qt::FacePanel& panel);
 
 /// How many texts that looks at.
-[[nodiscard]] int textCount(const SurfaceEditor& editor);
+[[nodiscard]] int textCount(const qt::FacePanel& panel);
 
 }  // namespace tests

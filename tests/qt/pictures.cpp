@@ -1,16 +1,21 @@
 // Writes a picture of every window, light and dark, into a folder, for people to leaf through:
 //
-//     qt-pictures FOLDER SUFFIX
+//     qt-pictures FOLDER          at 1x and at 2x
+//     qt-pictures FOLDER SCALE    at one of them, or any other
 //
-// The suffix tells the scale, which QT_SCALE_FACTOR sets. It fails where a text on the drawn
-// controller has too little contrast to be read.
+// No display is needed. It fails where a text on the drawn controller has too little contrast to be
+// read.
 
 #include <QApplication>
 #include <QDir>
 #include <QPixmap>
+#include <QProcess>
 #include <QStyleFactory>
 #include <cstdio>
+#include <string>
+#include <vector>
 
+#include "app/identity.h"
 #include "qt/EveryWindow.h"
 #include "qt/SurfaceEditor.h"
 #include "qt/letterContrast.h"
@@ -29,32 +34,65 @@ bool writePictures(const QDir& folder, const QString& theme, const QString& suff
             written = false;
         }
     };
-    tests::forEverySurface([&](tests::SurfaceEditor& editor, const QString& name) {
-        write(editor.panel, name);
-        const QImage picture = editor.panel.grab().toImage();
-        for (const QString& text : tests::unreadableTexts(picture, editor)) {
+    const auto read = [&](qt::FacePanel& panel, const QString& name) {
+        for (const QString& text : tests::unreadableTexts(panel.grab().toImage(), panel)) {
             std::fprintf(stderr, "%s, %s: %s\n", qUtf8Printable(name), qUtf8Printable(theme),
                          qUtf8Printable(text));
             written = false;
         }
+    };
+    tests::forEverySurface([&](tests::SurfaceEditor& editor, const QString& name) {
+        write(editor.panel, name);
+        read(editor.panel, name);
     });
-    tests::forEveryWindow(write);
+    tests::forEveryWindow([&](QWidget& window, const QString& name) {
+        write(window, name);
+        for (QWidget* child : window.findChildren<QWidget*>()) {
+            if (auto* panel = dynamic_cast<qt::FacePanel*>(child)) {
+                read(*panel, name);
+            }
+        }
+    });
+    return written;
+}
+
+/// A process of its own for each: the scale is settled when a program starts.
+bool writeAtEveryScale(const std::string& program, const std::string& folder) {
+    bool written = true;
+    for (const char* scale : {"1", "2"}) {
+        const int status =
+            QProcess::execute(QString::fromStdString(program),
+                              {QString::fromStdString(folder), QString::fromLatin1(scale)});
+        written = status == 0 && written;
+    }
     return written;
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
-    const QApplication application(count, arguments);
-    const QStringList words = QApplication::arguments();
-    if (words.size() != 3 || !QDir().mkpath(words[1])) {
-        std::fputs("Usage: qt-pictures FOLDER SUFFIX\n", stderr);
+    const std::vector<std::string> words(arguments, arguments + count);
+    if (words.size() != 2 && words.size() != 3) {
+        std::fputs("Usage: qt-pictures FOLDER [SCALE]\n", stderr);
         return 2;
+    }
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (words.size() == 2) {
+        return writeAtEveryScale(words[0], words[1]) ? 0 : 1;
+    }
+    qputenv("QT_SCALE_FACTOR", words[2].c_str());  // read when the application is made
+    const QApplication application(count, arguments);
+    app::setIdentity();
+    const QString folder = QString::fromStdString(words[1]);
+    const QString suffix = QString::fromStdString(words[2] + "x");
+    if (!QDir().mkpath(folder)) {
+        std::fprintf(stderr, "there can be no folder %s\n", words[1].c_str());
+        return 1;
     }
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(tests::lightPalette());
-    const bool light = writePictures(QDir(words[1]), QStringLiteral("light"), words[2]);
+    const bool light = writePictures(QDir(folder), QStringLiteral("light"), suffix);
     QApplication::setPalette(tests::darkPalette());
-    const bool dark = writePictures(QDir(words[1]), QStringLiteral("dark"), words[2]);
+    const bool dark = writePictures(QDir(folder), QStringLiteral("dark"), suffix);
     return light && dark ? 0 : 1;
 }

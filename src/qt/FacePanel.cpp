@@ -1,0 +1,137 @@
+#include "qt/FacePanel.h"
+
+#include <QEvent>
+#include <QFontInfo>
+#include <QPainter>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "qt/FaceAccess.h"
+#include "qt/FaceButton.h"
+#include "qt/casePainting.h"
+#include "qt/widgets.h"
+
+namespace qt {
+
+namespace {
+
+/// Below this the lettering would be too small.
+constexpr qreal smallestUnit = 0.94;
+
+QSize scaled(const QSizeF& plan, qreal unit) {
+    return {static_cast<int>(std::ceil(plan.width() * unit)),
+            static_cast<int>(std::ceil(plan.height() * unit))};
+}
+
+}  // namespace
+
+FacePanel::FacePanel(CasePlan plan, const QString& outlet, const QString& name, QWidget* parent)
+    : QWidget(parent), plan_(std::move(plan)), art_(palette()) {
+    describeFaces();
+    nameWidget(*this, outlet, name);
+    setToolTip({});
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+/// The keyboard may wander over the faces while they go.
+FacePanel::~FacePanel() {
+    for (FaceButton* face : faces_) {
+        face->onFocus = nullptr;
+    }
+}
+
+void FacePanel::addFace(toolkit::Button& model, const Place& place, const QString& caption,
+                        const QString& outlet, const QString& name) {
+    auto* face = new FaceButton(model, place.shape, caption, art_, this);
+    nameWidget(*face, outlet, name);
+    face->onFocus = [this, face] { makeTabStop(*face); };
+    faces_.push_back(face);
+    rooms_.push_back(place.room.adjusted(-faceMargin, -faceMargin, faceMargin, faceMargin));
+}
+
+void FacePanel::makeTabStop(FaceButton& face) {
+    if (tabStop_ == &face) {
+        return;
+    }
+    if (tabStop_ != nullptr) {
+        tabStop_->setFocusPolicy(Qt::ClickFocus);
+    }
+    tabStop_ = &face;
+    tabStop_->setFocusPolicy(Qt::StrongFocus);
+}
+
+FaceButton* FacePanel::litFace(int first, int end) const {
+    const auto last = faces_.begin() + end;
+    const auto found = std::find_if(faces_.begin() + first, last,
+                                    [](const FaceButton* face) { return face->isChecked(); });
+    return found == last ? nullptr : *found;
+}
+
+int FacePanel::faceWithFocus() const {
+    const auto found = std::find_if(faces_.begin(), faces_.end(),
+                                    [](const FaceButton* face) { return face->hasFocus(); });
+    return found == faces_.end() ? -1 : static_cast<int>(found - faces_.begin());
+}
+
+qreal FacePanel::unit() const {
+    return std::min(width() / plan_.size.width(), height() / plan_.size.height());
+}
+
+QPointF FacePanel::corner() const {
+    const QSizeF drawn = plan_.size * unit();
+    return {std::floor((width() - drawn.width()) / 2), std::floor((height() - drawn.height()) / 2)};
+}
+
+void FacePanel::arrange() {
+    const qreal scale = unit();
+    const QPointF origin = corner();
+    std::size_t index = 0;
+    for (FaceButton* face : faces_) {
+        const QRectF& room = rooms_[index++];
+        face->setUnit(scale);
+        face->setGeometry(QRectF(origin + room.topLeft() * scale, room.size() * scale).toRect());
+    }
+    case_ = {};
+    art_.forgetBodies();
+}
+
+QSize FacePanel::sizeHint() const {
+    constexpr qreal usualLettering = 13;  // pixels of a desktop's font
+    const qreal lettering = QFontInfo(font()).pixelSize();
+    return scaled(plan_.size, std::clamp(lettering / usualLettering, 1.0, 1.5));
+}
+
+QSize FacePanel::minimumSizeHint() const {
+    return scaled(plan_.size, smallestUnit);
+}
+
+void FacePanel::paintEvent(QPaintEvent*) {
+    if (case_.isNull()) {
+        const qreal ratio = devicePixelRatioF();
+        case_ = QPixmap((QSizeF(size()) * ratio).toSize());
+        case_.setDevicePixelRatio(ratio);
+        case_.fill(Qt::transparent);
+        QPainter painter(&case_);
+        painter.translate(corner());
+        paintCase(painter, plan_, unit(), font(), art_.colours());
+    }
+    QPainter(this).drawPixmap(0, 0, case_);
+}
+
+void FacePanel::resizeEvent(QResizeEvent*) {
+    arrange();
+}
+
+void FacePanel::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange ||
+        event->type() == QEvent::StyleChange) {
+        art_.takeColours(palette());
+        case_ = {};
+        updateGeometry();
+        update();
+    }
+    QWidget::changeEvent(event);
+}
+
+}  // namespace qt

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QPixmap>
+#include <QWidget>
+#include <vector>
+
+#include "qt/FaceArt.h"
+#include "qt/casePlan.h"
+#include "toolkit/Button.h"
+
+namespace qt {
+
+class FaceButton;
+
+/// The controller or a part of it, drawn: a case, and faces at their places on it. The drawing
+/// keeps its proportions and is as large as fits. Tab leads to one of the faces, and out again.
+class FacePanel : public QWidget {
+public:
+    ~FacePanel() override;
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+    [[nodiscard]] const CasePlan& plan() const { return plan_; }
+    /// Pixels a unit of the drawing.
+    [[nodiscard]] qreal unit() const;
+    /// Where the case begins.
+    [[nodiscard]] QPointF corner() const;
+    /// In the order they were added in.
+    [[nodiscard]] const std::vector<FaceButton*>& faces() const { return faces_; }
+
+protected:
+    FacePanel(CasePlan plan, const QString& outlet, const QString& name, QWidget* parent);
+
+    void addFace(toolkit::Button& model, const Place& place, const QString& caption,
+                 const QString& outlet, const QString& name);
+    [[nodiscard]] FaceButton& face(int index) const {
+        return *faces_.at(static_cast<std::size_t>(index));
+    }
+    /// The face that Tab leads to from now on.
+    void makeTabStop(FaceButton& face);
+    /// The lit one of the faces `first` to `end` - 1; null where none is.
+    [[nodiscard]] FaceButton* litFace(int first, int end) const;
+    /// Which face has the keyboard; -1 where none has.
+    [[nodiscard]] int faceWithFocus() const;
+
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void arrange();
+
+    CasePlan plan_;
+    FaceArt art_;
+    std::vector<FaceButton*> faces_;
+    std::vector<QRectF> rooms_;  ///< of the faces, in units of the drawing
+    FaceButton* tabStop_ = nullptr;
+    QPixmap case_;  ///< painted once for a size, a palette and a font
+};
+
+}  // namespace qt
