@@ -19,6 +19,7 @@
         clang-format clang-tidy
         openbox xdotool x11-utils
         dbus at-spi2-core python3-pyatspi
+        desktop-file-utils shared-mime-info
     )
     packages_to_measure=(
         libgtest-dev libgmock-dev
