@@ -78,18 +78,16 @@ TEST_P(InEachTheme, OutlinesWhatIsNotLit) {
 }
 
 TEST(ControlButton, ShowsThatItHasTheFocus) {
-    for (const Shape shape : shapes) {
-        toolkit::Button model(toolkit::Button::Click::Lights);
-        ControlButton button(model, shape, QStringLiteral("Solo"));
-        button.clearFocus();
-        const QImage without = pictureOf(button);
-        button.show();
-        button.activateWindow();
-        button.setFocus();
-        QApplication::processEvents();
-        ASSERT_TRUE(button.hasFocus());
-        EXPECT_GT(difference(without, pictureOf(button)), 0.005) << static_cast<int>(shape);
-    }
+    toolkit::Button model(toolkit::Button::Click::Lights);
+    ControlButton button(model, Shape::Key, QStringLiteral("Solo"));
+    button.clearFocus();
+    const QImage without = pictureOf(button);
+    button.show();
+    button.activateWindow();
+    button.setFocus();
+    QApplication::processEvents();
+    ASSERT_TRUE(button.hasFocus());
+    EXPECT_GT(difference(without, pictureOf(button)), 0.005);
 }
 
 TEST(ControlButton, HasRoomForItsCaptionInBold) {
