@@ -212,8 +212,8 @@ std::string Assignment::messageText() const {
 }
 
 std::string Assignment::fullText() const {
-    std::string text = hostFunction.empty() ? sentenceOf(*this)
-                                            : std::string(hostFunction) + ": " + messageText();
+    std::string text =
+        hostFunction.empty() ? sentenceOf(*this) : std::string(hostFunction) + ": " + messageText();
     text += ", channel " + std::to_string(channel + 1);
     if (canToggle) {
         text += toggles ? ", toggle" : ", momentary";
