@@ -2,6 +2,8 @@
 
 #include "config/transfer.h"
 
+#include <string>
+
 #include "editor/mainController.h"
 
 namespace editor {
@@ -12,6 +14,7 @@ void mainController::sendData() {
         desktop_.runAlertPanel({"Tormelk Wyro", "Please select MIDI device first"});
         return;
     }
+    const std::string name = output->displayName();  // it is online: the name alone
     output->addSender(this);
     for (int layer = 0; layer < config::layerCount; ++layer) {
         const platform::MIDIPacketListPtr list =
@@ -22,9 +25,8 @@ void mainController::sendData() {
         desktop_.sleepForTimeInterval(config::pauseAfterBlock);
     }
     output->removeSender(this);
-    window_.status.setStringValue(output->isOnline()
-                                      ? "Sent 4 layers to " + output->displayName()
-                                      : output->displayName() + " went away during the Send");
+    window_.status.setStringValue(output->isOnline() ? "Sent 4 layers to " + name
+                                                     : name + " went away during the Send");
     desktop_.runAlertPanel({"Tormelk Wyro", "Send Done"});
 }
 

@@ -150,7 +150,7 @@ TEST_F(Transfer, AnOutputThatVanishesBetweenTwoBlocksGetsNoMoreAndTheSendEndsAsU
                 ElementsAre("port opened", first, pause_, second, pause_, pause_, pause_, done_));
     EXPECT_EQ(editor.midiService.openOutputPorts(), 0U);
     EXPECT_FALSE(editor.devices.OutDevice()->isInUse());
-    EXPECT_EQ(window.status.stringValue(), "Tormelk Port 1 (offline) went away during the Send");
+    EXPECT_EQ(window.status.stringValue(), "Tormelk Port 1 went away during the Send");
 }
 
 TEST_F(Transfer, AnOutputThatVanishesUnnoticedEndsTheSendAsUsual) {
