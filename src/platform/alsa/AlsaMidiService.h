@@ -56,6 +56,8 @@ public:
     MIDIEndpointRef MIDIGetDestination(std::uint32_t index) override;
     OSStatus MIDIObjectGetStringProperty(MIDIObjectRef object, std::string_view property,
                                          std::string* value) override;
+    /// A port that has gone is offline from the moment at which the kernel says so, also while
+    /// nobody dispatches: a long send that keeps the main thread busy need not go on in vain.
     OSStatus MIDIObjectGetIntegerProperty(MIDIObjectRef object, std::string_view property,
                                           std::int32_t* value) override;
     OSStatus MIDIObjectGetDataProperty(MIDIObjectRef object, std::string_view property,
@@ -131,6 +133,11 @@ private:
     // Setup.cpp: following what comes and goes.
     [[nodiscard]] bool openSequencerIfClosed(const Lock&);
     void hear(const Lock&);
+    /// Takes in what has been announced, while the lists stay as they are; the main thread is woken
+    /// to act on it.
+    void hearAhead(const Lock&);
+    /// Returns whether there was any.
+    bool readNews(const Lock&);
     void follow(const Lock&);
     void loseSequencer(const Lock&);
     void makeDue(const Lock&);

@@ -55,7 +55,8 @@ std::optional<std::int32_t> AlsaMidiService::integerProperty(const Lock&, MIDIOb
         return endpoint->uniqueID;
     }
     if (property == kMIDIPropertyOffline) {
-        return endpoint->isOffline ? 1 : 0;
+        const bool hasGone = news_.isLost || news_.exited.count(endpoint->port.address) != 0;
+        return endpoint->isOffline || hasGone ? 1 : 0;
     }
     return property == ownerProcess ? endpoint->port.ownerPID : std::nullopt;
 }
@@ -82,6 +83,9 @@ OSStatus AlsaMidiService::MIDIObjectGetIntegerProperty(MIDIObjectRef object,
     const Lock lock(mutex_);
     if (!exists(lock, object)) {
         return kMIDIObjectNotFound;
+    }
+    if (property == kMIDIPropertyOffline) {
+        hearAhead(lock);
     }
     const std::optional<std::int32_t> found = integerProperty(lock, object, property);
     if (!found) {

@@ -64,17 +64,30 @@ void AlsaMidiService::hear(const Lock& lock) {
     if (announcements_ == nullptr) {
         return;
     }
-    const bool hadChanged = news_.changed;
-    news_.changed = false;
-    announcements_->read(news_);
+    readNews(lock);
     if (news_.isLost) {
         loseSequencer(lock);
+    }
+}
+
+void AlsaMidiService::hearAhead(const Lock& lock) {
+    if (announcements_ == nullptr) {
         return;
     }
-    if (news_.changed) {
+    if (readNews(lock) || news_.isLost) {
+        wakeUp();
+    }
+}
+
+bool AlsaMidiService::readNews(const Lock&) {
+    const bool hadChanged = std::exchange(news_.changed, false);
+    announcements_->read(news_);
+    const bool isNew = news_.changed;
+    if (isNew) {
         coalescer_.note(std::chrono::steady_clock::now());
     }
     news_.changed = news_.changed || hadChanged;
+    return isNew;
 }
 
 void AlsaMidiService::follow(const Lock& lock) {

@@ -30,8 +30,10 @@ protected:
         EXPECT_TRUE(layer.runUntil([&] { return layer.destination(name) != nullptr; })) << name;
         return *layer.destination(name);
     }
+    /// Until the endpoint layer knows, too.
     bool goes(const midi::ZQMIDIEndpoint& endpoint) {
-        return layer.runUntil([&] { return endpoint.isOffline(); });
+        return layer.runUntil(
+            [&] { return endpoint.isOffline() && endpoint.midiEndpointRef() == 0; });
     }
     bool comes(const midi::ZQMIDIEndpoint& endpoint) {
         return layer.runUntil([&] { return endpoint.isOnline(); });
@@ -76,6 +78,23 @@ TEST_F(Unplugging, BetweenTwoBlocksEndsTheSendInSilence) {
     }
     EXPECT_LT(std::chrono::steady_clock::now() - began, 1s);
     EXPECT_TRUE(goes(port));
+}
+
+TEST_F(Unplugging, IsKnownToWhoAsksWhileTheEventLoopDoesNotRunAndToAllOnceItDoes) {
+    UsbMidiGadget device({});
+    device.plug();
+    midi::ZQMIDIRealDestination& port = listed("Tormelk MIDI 1");
+    layer.run(300ms);
+    const int changes = layer.setupChanges;
+    EXPECT_TRUE(port.isOnline());
+    device.unplug();
+    EXPECT_TRUE(waitUntil([&] { return port.isOffline(); }, 5s));
+    EXPECT_EQ(layer.setupChanges, changes);
+    EXPECT_EQ(layer.destination("Tormelk MIDI 1 (offline)"), &port);
+    device.plug();
+    EXPECT_TRUE(port.isOffline()) << "what has gone does not come back as it was";
+    EXPECT_TRUE(comes(port));
+    EXPECT_GT(layer.setupChanges, changes);
 }
 
 TEST_F(Unplugging, WhatIsPluggedInThereNextGetsNothingOfWhatWasMeantForTheOther) {
