@@ -1,7 +1,9 @@
 #include "qt/InputShield.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QEvent>
+#include <QWidget>
+#include <algorithm>
 
 namespace qt {
 
@@ -42,17 +44,81 @@ bool isInput(const QEvent& event) {
     }
 }
 
+/// Whether it takes presses, without a change to its look until it is painted.
+void setDeaf(QAbstractButton& button, bool isDeaf) {
+    button.setAttribute(Qt::WA_Disabled, isDeaf || button.testAttribute(Qt::WA_ForceDisabled));
+}
+
 }  // namespace
 
 InputShield::Up::Up(InputShield& shield) : shield_(shield) {
-    QCoreApplication::instance()->installEventFilter(&shield_);
+    shield_.putUp();
 }
 
 InputShield::Up::~Up() {
-    QCoreApplication::instance()->removeEventFilter(&shield_);
+    shield_.takeDown();
+}
+
+void InputShield::putUp() {
+    QCoreApplication::instance()->installEventFilter(this);
+    const QWidgetList widgets = QApplication::allWidgets();
+    for (QWidget* const widget : widgets) {
+        auto* const button = qobject_cast<QAbstractButton*>(widget);
+        if (button != nullptr && button->isEnabled()) {
+            deafButtons_.emplace_back(button);
+            setDeaf(*button, true);
+        }
+        const QList<QAction*> actions = widget->actions();
+        for (QAction* const action : actions) {
+            if (!action->signalsBlocked()) {
+                deafActions_.emplace_back(action);
+                action->blockSignals(true);
+            }
+        }
+    }
+}
+
+void InputShield::takeDown() {
+    painting_.clear();
+    for (const QPointer<QAbstractButton>& button : deafButtons_) {
+        if (button) {
+            setDeaf(*button, false);
+        }
+    }
+    deafButtons_.clear();
+    for (const QPointer<QAction>& action : deafActions_) {
+        if (action) {
+            action->blockSignals(false);
+        }
+    }
+    deafActions_.clear();
+    QCoreApplication::instance()->removeEventFilter(this);
+    // A menu that was opened meanwhile cannot have been opened by hand.
+    while (QWidget* const popup = QApplication::activePopupWidget()) {
+        if (!popup->close()) {
+            break;
+        }
+    }
+}
+
+void InputShield::letPaint(QObject* watched) {
+    const auto found =
+        std::find_if(deafButtons_.begin(), deafButtons_.end(),
+                     [watched](const auto& button) { return button.data() == watched; });
+    if (found != deafButtons_.end()) {
+        painting_ = *found;
+        setDeaf(*painting_, false);
+    }
 }
 
 bool InputShield::eventFilter(QObject* watched, QEvent* event) {
+    if (painting_) {  // and is done with it
+        setDeaf(*painting_, true);
+        painting_.clear();
+    }
+    if (event->type() == QEvent::Paint) {
+        letPaint(watched);
+    }
     if (!isInput(*event)) {
         return QObject::eventFilter(watched, event);
     }

@@ -1,12 +1,17 @@
 #pragma once
 
+#include <QAbstractButton>
+#include <QAction>
 #include <QObject>
+#include <QPointer>
+#include <vector>
 
 namespace qt {
 
 /// Keeps a person's input from every window of the program while it is up: mouse, keys, touch,
-/// menus, dropped things, and closing a window. It is thrown away, not kept. Painting, and what the
-/// window manager asks of a window, goes through.
+/// menus, dropped things, closing a window, and what assistive technology presses. It is thrown
+/// away, not kept. Painting, what the window manager asks of a window, and what assistive
+/// technology asks about it goes through; nothing looks switched off.
 class InputShield final : public QObject {
 public:
     /// Puts the shield up for as long as it lives.
@@ -22,6 +27,16 @@ public:
     };
 
     bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void putUp();
+    void takeDown();
+    void letPaint(QObject* watched);
+
+    // Assistive technology presses a button or triggers an action without an event of its own.
+    std::vector<QPointer<QAbstractButton>> deafButtons_;
+    std::vector<QPointer<QAction>> deafActions_;
+    QPointer<QAbstractButton> painting_;
 };
 
 }  // namespace qt

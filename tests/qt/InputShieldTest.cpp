@@ -2,12 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QMainWindow>
+#include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 
 namespace qt {
 namespace {
@@ -17,9 +20,9 @@ class InputShieldTest : public testing::Test {
 protected:
     InputShieldTest() {
         window.setCentralWidget(&button);
-        QAction* item = window.menuBar()
-                            ->addMenu(QStringLiteral("&File"))
-                            ->addAction(QStringLiteral("&Send"), &window, [this] { ++acted; });
+        item = window.menuBar()
+                   ->addMenu(QStringLiteral("&File"))
+                   ->addAction(QStringLiteral("&Send"), &window, [this] { ++acted; });
         item->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_S));
         QObject::connect(&button, &QPushButton::clicked, &window, [this] { ++acted; });
         window.show();
@@ -38,8 +41,31 @@ protected:
         window.close();
     }
 
+    /// What a screen reader does to press a button or an item of a menu.
+    static void pressThroughAssistiveTechnology(QObject& what, const QString& action) {
+        QAccessibleInterface* const interface = QAccessible::queryAccessibleInterface(&what);
+        ASSERT_NE(interface, nullptr);
+        ASSERT_NE(interface->actionInterface(), nullptr);
+        interface->actionInterface()->doAction(action);
+    }
+    void pressButton() {
+        pressThroughAssistiveTechnology(button, QAccessibleActionInterface::pressAction());
+    }
+    /// An item, or a menu of the bar, is a child of what it stands in.
+    static void actOnItem(QWidget& bar, int index, const QString& action) {
+        QAccessibleInterface* const interface = QAccessible::queryAccessibleInterface(&bar);
+        ASSERT_NE(interface, nullptr);
+        ASSERT_GT(interface->childCount(), index);
+        interface->child(index)->actionInterface()->doAction(action);
+    }
+    void pressItem() {
+        actOnItem(*qobject_cast<QWidget*>(item->associatedObjects().at(0)), 0,
+                  QAccessibleActionInterface::pressAction());
+    }
+
     QMainWindow window;
     QPushButton& button = *new QPushButton;
+    QAction* item = nullptr;
     InputShield shield;
     int acted = 0;
 };
@@ -72,6 +98,89 @@ TEST_F(InputShieldTest, LetsEverythingThroughAfterwards) {
     EXPECT_EQ(acted, 2);
     window.close();
     EXPECT_FALSE(window.isVisible());
+}
+
+/// Longer than a button pressed by assistive technology stays down.
+constexpr int untilReleased = 300;  // ms
+
+TEST_F(InputShieldTest, LetsNoPressOfAssistiveTechnologyThroughNorLater) {
+    {
+        const InputShield::Up up(shield);
+        pressButton();
+        pressItem();
+        QApplication::processEvents();
+        // From the event loop, as it is asked to, and right after the button was painted.
+        QTimer::singleShot(0, &window, [this] {
+            button.repaint();
+            QTimer::singleShot(0, &window, [this] { pressButton(); });
+        });
+        QApplication::processEvents();
+        QApplication::processEvents();
+    }
+    QTest::qWait(untilReleased);
+    EXPECT_EQ(acted, 0);
+    EXPECT_FALSE(button.isDown());
+}
+
+TEST_F(InputShieldTest, LetsPressesOfAssistiveTechnologyThroughAfterwards) {
+    { const InputShield::Up up(shield); }
+    pressButton();
+    pressItem();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return acted == 2; }));
+}
+
+TEST_F(InputShieldTest, LeavesNoMenuOpenThatAssistiveTechnologyAskedFor) {
+    {
+        const InputShield::Up up(shield);
+        actOnItem(*window.menuBar(), 0, QAccessibleActionInterface::showMenuAction());
+        QApplication::processEvents();
+    }
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(InputShieldTest, LeavesAButtonThatWasSwitchedOffMeanwhileOff) {
+    QPushButton other(&window);
+    other.setEnabled(false);
+    {
+        const InputShield::Up up(shield);
+        button.setEnabled(false);
+        other.setEnabled(true);
+    }
+    EXPECT_FALSE(button.isEnabled());
+    EXPECT_TRUE(other.isEnabled());
+}
+
+/// Remembers whether it was painted as one that can be pressed.
+class Painted final : public QPushButton {
+public:
+    using QPushButton::QPushButton;
+    int asEnabled = 0;
+    int asDisabled = 0;
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        ++(isEnabled() ? asEnabled : asDisabled);
+        QPushButton::paintEvent(event);
+    }
+};
+
+TEST_F(InputShieldTest, LetsNothingLookSwitchedOff) {
+    auto* const painted = new Painted(&window);
+    auto* const off = new Painted(&window);
+    off->setEnabled(false);
+    painted->show();
+    off->show();
+    QApplication::processEvents();
+    painted->asEnabled = 0;
+    off->asDisabled = 0;
+    const InputShield::Up up(shield);
+    painted->update();
+    off->update();
+    QApplication::processEvents();
+    EXPECT_EQ(painted->asEnabled, 1);
+    EXPECT_EQ(painted->asDisabled, 0);
+    EXPECT_EQ(off->asEnabled, 0);
+    EXPECT_EQ(off->asDisabled, 1);
 }
 
 TEST_F(InputShieldTest, LetsWindowsPaint) {
