@@ -69,6 +69,16 @@ void editAndClose() {
     closeMainWindow();
 }
 
+/// Runs `act` once there is a dialog of this title in front.
+void inDialog(const QString& title, std::function<void(QWidget*)> act) {
+    soon(
+        [title] {
+            const QWidget* dialog = QApplication::activeModalWidget();
+            return dialog != nullptr && dialog->windowTitle() == title;
+        },
+        [act = std::move(act)] { act(QApplication::activeModalWidget()); });
+}
+
 /// Looks at the dialog that opens next, and leaves it.
 void lookAtDialog() {
     soon([] { return QApplication::activeModalWidget() != nullptr; },
@@ -81,9 +91,13 @@ void lookAtDialog() {
          });
 }
 
-void press(const char* button) {
-    QTest::mouseClick(mainWindow()->findChild<QAbstractButton*>(QString::fromLatin1(button)),
+void press(const char* button, const QWidget* window) {
+    QTest::mouseClick(window->findChild<QAbstractButton*>(QString::fromLatin1(button)),
                       Qt::LeftButton);
+}
+
+void press(const char* button) {
+    press(button, mainWindow());
 }
 
 void lookAroundAndClose() {
@@ -115,21 +129,19 @@ void saveAndClose() {
     closeMainWindow();
 }
 
-/// Chooses the output of this name in the dialog that opens next, with the keyboard, and confirms.
-void chooseOutputInDialog(const QString& name) {
-    soon([] { return QApplication::activeModalWidget() != nullptr; },
-         [name] {
-             QWidget* dialog = QApplication::activeModalWidget();
-             auto* outputs = dialog->findChild<QComboBox*>(QStringLiteral("combo_out"));
-             QTest::keyClick(outputs, Qt::Key_Home);
-             for (int steps = outputs->findText(name); steps > 0; --steps) {
-                 QTest::keyClick(outputs, Qt::Key_Down);
-             }
-             say(QStringLiteral("chose ") + outputs->currentText());
-             QTest::mouseClick(dialog->findChild<QAbstractButton*>(QStringLiteral("ok")),
-                               Qt::LeftButton);
-         });
-    press("midiDevices");
+/// Chooses the output that the environment names in the dialog that opens next, with the keyboard,
+/// and confirms.
+void chooseOutputInDialog() {
+    inDialog(QStringLiteral("MIDI Devices"), [](QWidget* dialog) {
+        auto* outputs = dialog->findChild<QComboBox*>(QStringLiteral("combo_out"));
+        QTest::keyClick(outputs, Qt::Key_Home);
+        const QString name = qEnvironmentVariable("TORMELK_PILOT_OUTPUT");
+        for (int steps = outputs->findText(name); steps > 0; --steps) {
+            QTest::keyClick(outputs, Qt::Key_Down);
+        }
+        say(QStringLiteral("chose ") + outputs->currentText());
+        press("ok", dialog);
+    });
 }
 
 void send() {
@@ -139,19 +151,56 @@ void send() {
 
 /// Sends everything to the output that the environment names.
 void sendAndClose() {
-    chooseOutputInDialog(qEnvironmentVariable("TORMELK_PILOT_OUTPUT"));
+    chooseOutputInDialog();
+    press("midiDevices");
     send();
     closeMainWindow();
 }
 
 /// Does so a second time after the output has gone and is, for the dialogs, no longer there.
 void sendAgainWhenGoneAndClose() {
-    chooseOutputInDialog(qEnvironmentVariable("TORMELK_PILOT_OUTPUT"));
+    chooseOutputInDialog();
+    press("midiDevices");
     send();
     QTimer::singleShot(std::chrono::seconds(3), [] {
         send();
         closeMainWindow();
     });
+}
+
+/// Puts the controller into its update mode and uploads the file that the environment names.
+void uploadFrom(QWidget* window) {
+    chooseOutputInDialog();
+    press("select", window);
+    inDialog(QStringLiteral("Tormelk Wyro"), [](QWidget* alert) {
+        say(QStringLiteral("saw ") + qobject_cast<QMessageBox*>(alert)->text());
+        QTest::keyClick(alert, Qt::Key_Escape);
+    });
+    press("update", window);
+    chooseOutputInDialog();
+    press("select", window);
+    inDialog(QStringLiteral("Open"), [](QWidget* panel) {
+        auto* name = panel->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        name->setText(qEnvironmentVariable("TORMELK_PILOT_FILE"));
+        QTest::keyClick(name, Qt::Key_Enter);
+    });
+    press("open", window);
+    inDialog(QStringLiteral("Firmware Update"), [](QWidget* confirmation) {
+        say(QStringLiteral("uploading"));
+        press("ok", confirmation);
+    });
+    inDialog(QStringLiteral("Upload"), [](QWidget* alert) {
+        say(QStringLiteral("saw Upload: ") + qobject_cast<QMessageBox*>(alert)->text());
+        QTest::keyClick(alert, Qt::Key_Escape);
+    });
+    press("upload", window);
+    QTest::keyClick(window, Qt::Key_Escape);
+}
+
+void uploadAndClose() {
+    inDialog(QStringLiteral("Firmware Upgrade"), uploadFrom);
+    mainWindow()->findChild<QAction*>(QStringLiteral("actionFirmwareUpdate"))->trigger();
+    closeMainWindow();
 }
 
 const std::pair<const char*, void (*)()> tasks[] = {
@@ -162,6 +211,7 @@ const std::pair<const char*, void (*)()> tasks[] = {
     {"save-and-close", saveAndClose},
     {"send-and-close", sendAndClose},
     {"send-again-when-gone-and-close", sendAgainWhenGoneAndClose},
+    {"upload-and-close", uploadAndClose},
 };
 
 class Pilot final : public QGenericPlugin {

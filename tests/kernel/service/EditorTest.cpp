@@ -8,6 +8,7 @@
 #include "kernel/UserSpaceMidiDevice.h"
 #include "kernel/publicTools.h"
 #include "kernel/sequencerClients.h"
+#include "kernel/service/pilotedEditor.h"
 #include "kernel/waitUntil.h"
 
 // The editor program itself, operated in its own window by a pilot that Qt loads into it, and what
@@ -19,16 +20,6 @@ namespace {
 using namespace std::chrono_literals;
 using testing::HasSubstr;
 using testing::IsEmpty;
-
-std::vector<std::string> editor(const std::string& task, const std::string& output) {
-    return {"env",
-            "QT_QPA_PLATFORM=offscreen",
-            "XDG_RUNTIME_DIR=/run",
-            std::string("QT_PLUGIN_PATH=") + TORMELK_PILOT_FOLDER,
-            "QT_QPA_GENERIC_PLUGINS=pilot:" + task,
-            "TORMELK_PILOT_OUTPUT=" + output,
-            TORMELK_WYRO};
-}
 
 /// What the editor holds after its start: four messages of 254 bytes.
 Bytes startUpImage() {
@@ -46,7 +37,7 @@ Bytes startUpImage() {
 TEST(Editor, SendsTheFourMessagesOfItsImageToAUsbDevice) {
     UsbMidiGadget tormelk({});
     tormelk.plug();
-    const ProgramResult result = run(editor("send-and-close", "Tormelk MIDI 1"), 60s);
+    const ProgramResult result = run(pilotedEditor("send-and-close", "Tormelk MIDI 1"), 60s);
     EXPECT_EQ(result.status, 0) << result.output;
     EXPECT_THAT(result.output, HasSubstr("pilot: chose Tormelk MIDI 1\n"));
     EXPECT_THAT(result.output, HasSubstr("Send Done"));
@@ -57,7 +48,7 @@ TEST(Editor, SendsTheFourMessagesOfItsImageToVirtualMidi) {
     ReceivedBytes received;
     const RawMidiCollector raw("hw:0,0", received);
     const ProgramResult result =
-        run(editor("send-and-close", "Virtual Raw MIDI 0-0 VirMIDI 0-0"), 60s);
+        run(pilotedEditor("send-and-close", "Virtual Raw MIDI 0-0 VirMIDI 0-0"), 60s);
     EXPECT_EQ(result.status, 0) << result.output;
     EXPECT_EQ(received.atLeast(1016, 5s), startUpImage());
 }
@@ -66,7 +57,7 @@ TEST(Editor, SendsTheFourMessagesOfItsImageToTheSimulator) {
     Program simulator({"env", "-u", "DISPLAY", "-u", "WAYLAND_DISPLAY", "-u", "QT_QPA_PLATFORM",
                        TORMELK_SIMULATOR});
     ASSERT_TRUE(simulator.waitForOutput("ready: Tormelk MIDI 1", 60s)) << simulator.output();
-    const ProgramResult result = run(editor("send-and-close", "Tormelk MIDI 1"), 60s);
+    const ProgramResult result = run(pilotedEditor("send-and-close", "Tormelk MIDI 1"), 60s);
     EXPECT_EQ(result.status, 0) << result.output;
     ASSERT_TRUE(simulator.waitForOutput("layer 4: 254 bytes", 10s)) << simulator.output();
     const std::string told = simulator.output();
@@ -86,7 +77,7 @@ TEST(Editor, IsOnItsWayOutInNoTimeAlthoughTheDeviceIsDead) {
     device.plug();
     device.stopTaking();
     const auto began = std::chrono::steady_clock::now();
-    const ProgramResult result = run(editor("send-and-close", "Tormelk Port"), 60s);
+    const ProgramResult result = run(pilotedEditor("send-and-close", "Tormelk Port"), 60s);
     EXPECT_EQ(result.status, 0) << result.output;
     // Its start takes a while here; leaving the device to the kernel would take 10 s more.
     EXPECT_LT(std::chrono::steady_clock::now() - began, 9s);
@@ -95,7 +86,7 @@ TEST(Editor, IsOnItsWayOutInNoTimeAlthoughTheDeviceIsDead) {
 TEST(Editor, SaysThatTheChosenDeviceHasGone) {
     UsbMidiGadget tormelk({});
     tormelk.plug();
-    Program program(editor("send-again-when-gone-and-close", "Tormelk MIDI 1"));
+    Program program(pilotedEditor("send-again-when-gone-and-close", "Tormelk MIDI 1"));
     ASSERT_TRUE(program.waitForOutput("Send Done", 60s)) << program.output();
     tormelk.unplug();
     const ProgramResult result = program.finish(30s);
@@ -107,7 +98,7 @@ TEST(Editor, LeavesNothingBehindInTheSequencer) {
     UsbMidiGadget tormelk({});
     tormelk.plug();
     const std::size_t before = sequencerClients().size();
-    EXPECT_EQ(run(editor("send-and-close", "Tormelk MIDI 1"), 60s).status, 0);
+    EXPECT_EQ(run(pilotedEditor("send-and-close", "Tormelk MIDI 1"), 60s).status, 0);
     EXPECT_TRUE(waitUntil([&] { return sequencerClients().size() == before; }, 5s));
     EXPECT_THAT(sequencerClientsNamed("Tormelk").at(0).ports.at(0).takesFrom, IsEmpty());
 }

@@ -1,0 +1,158 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <random>
+
+#include "kernel/Program.h"
+#include "kernel/UsbMidiGadget.h"
+#include "kernel/sequencerClients.h"
+#include "kernel/service/pilotedEditor.h"
+#include "kernel/waitUntil.h"
+
+// New firmware, sent by the editor program itself with all its pauses, and what comes out at the
+// device's end of the cable.
+
+namespace kernel {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+constexpr std::size_t bytesInABlock = 512;
+constexpr std::size_t bytesInAMessage = 3;
+constexpr std::size_t bytesInAFrame = 17;
+constexpr std::size_t bytesOnTheWireInABlock =
+    (bytesInAFrame + bytesInABlock + 1) * bytesInAMessage;
+
+Bytes randomImage(std::size_t size) {
+    std::mt19937 random(40000);
+    Bytes image(size);
+    std::generate(image.begin(), image.end(),
+                  [&] { return static_cast<std::uint8_t>(random() & 0xFFU); });
+    return image;
+}
+
+/// What a controller gets, worked out by hand: each byte as a note of its high half with a velocity
+/// of its low half, on the last channel.
+class Wire {
+public:
+    void plain(std::initializer_list<std::uint8_t> bytes) {
+        bytes_.insert(bytes_.end(), bytes.begin(), bytes.end());
+    }
+    /// Ten times 55, the address, a command, and the sum of it all.
+    void frame(std::uint8_t command, std::uint8_t argument) {
+        sum_ = 0;
+        header(command, argument);
+        asNote(sum_);
+    }
+    void block(std::uint8_t counter, const Bytes& image, std::size_t begin) {
+        sum_ = 0;
+        header(1, counter);
+        asNote(0);
+        for (std::size_t i = begin; i < begin + bytesInABlock; ++i) {
+            asNote(i < image.size() ? image[i] : 0);
+        }
+        asNote(sum_);
+    }
+    [[nodiscard]] const Bytes& bytes() const { return bytes_; }
+
+private:
+    void header(std::uint8_t command, std::uint8_t argument) {
+        for (int i = 0; i < 10; ++i) {
+            asNote(0x55);
+        }
+        for (const std::uint8_t byte : Bytes{0x1D, 0x03, 0x00, 0x49}) {
+            asNote(byte);
+        }
+        asNote(command);
+        asNote(argument);
+    }
+    void asNote(std::uint8_t byte) {
+        plain({0x9F, static_cast<std::uint8_t>(byte / 16), static_cast<std::uint8_t>(byte % 16)});
+        sum_ = static_cast<std::uint8_t>((sum_ + byte) % 256);
+    }
+
+    Bytes bytes_;
+    std::uint8_t sum_ = 0;
+};
+
+Bytes uploadOf(const Bytes& image) {
+    Wire wire;
+    wire.plain({0xF0, 0x1D, 0x03, 0x00, 0x69, 0x55, 0x7F, 0xF7});
+    wire.frame(0x7F, 0x00);
+    wire.frame(0x00, 0x70);
+    std::uint8_t counter = 0;
+    for (std::size_t begin = 0; begin < image.size(); begin += bytesInABlock) {
+        wire.block(counter++, image, begin);
+    }
+    wire.frame(0x02, 0x00);
+    return wire.bytes();
+}
+
+class Upload : public testing::Test {
+protected:
+    Upload() {
+        std::ofstream(file, std::ios::binary)
+            .write(reinterpret_cast<const char*>(image.data()),
+                   static_cast<std::streamsize>(image.size()));
+        tormelk.plug();
+        clientsBefore = sequencerClients().size();
+    }
+
+    /// The program has let go of everything.
+    [[nodiscard]] bool leftNothingBehind(std::size_t clients) const {
+        return waitUntil([&] { return sequencerClients().size() == clients; }, 5s);
+    }
+
+    const Bytes image = randomImage(40000);
+    const std::string file = std::filesystem::temp_directory_path() / "tormelk_random.bin";
+    UsbMidiGadget tormelk{{}};
+    std::size_t clientsBefore = 0;
+};
+
+TEST_F(Upload, OfFortyThousandRandomBytesArrivesIdentical) {
+    const ProgramResult result =
+        run(pilotedEditor("upload-and-close", "Tormelk MIDI 1", file), 400s);
+    EXPECT_EQ(result.status, 0) << result.output;
+    EXPECT_THAT(result.output, HasSubstr("saw Upload: Upload completed."));
+    const Bytes expected = uploadOf(image);
+    const Bytes arrived = tormelk.received().atLeast(expected.size(), 5s);
+    const auto difference =
+        std::mismatch(expected.begin(), expected.end(), arrived.begin(), arrived.end());
+    EXPECT_TRUE(arrived == expected)
+        << arrived.size() << " of " << expected.size() << " bytes arrived; they differ from byte "
+        << difference.first - expected.begin() << " on";
+    EXPECT_TRUE(leftNothingBehind(clientsBefore));
+    EXPECT_THAT(sequencerClientsNamed("Tormelk").at(0).ports.at(0).takesFrom, IsEmpty());
+}
+
+TEST_F(Upload, ToAControllerThatIsPulledOutSkipsTheRestInSilenceButForThePausesBetweenBlocks) {
+    const Bytes expected = uploadOf(image);
+    Program program(pilotedEditor("upload-and-close", "Tormelk MIDI 1", file));
+    // Into the second block.
+    const std::size_t enough = 8 + 2 * bytesInAFrame * bytesInAMessage + bytesOnTheWireInABlock +
+                               bytesOnTheWireInABlock / 2;
+    ASSERT_GE(tormelk.received().atLeast(enough, 120s).size(), enough) << program.output();
+    const auto began = std::chrono::steady_clock::now();
+    tormelk.unplug();
+    ASSERT_TRUE(program.waitForOutput("saw Upload: Upload completed.", 50s)) << program.output();
+    // 77 blocks more, with 0.1 s after each; each of their bytes would have taken 2 ms, and all of
+    // them 82 s.
+    EXPECT_GT(std::chrono::steady_clock::now() - began, 7700ms);
+    const ProgramResult result = program.finish(30s);
+    EXPECT_EQ(result.status, 0) << result.output;
+    // The device is one client.
+    EXPECT_TRUE(leftNothingBehind(clientsBefore - 1));
+    // What was on its way in the last moment may be lost; what has arrived is right.
+    const Bytes arrived = tormelk.received().all();
+    ASSERT_LT(arrived.size(), expected.size());
+    EXPECT_TRUE(std::equal(arrived.begin(), arrived.end(), expected.begin()));
+}
+
+}  // namespace
+}  // namespace kernel
