@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "kernel/UsbMidiGadget.h"
+#include "kernel/sequencerClients.h"
 #include "kernel/service/EndpointLayer.h"
 #include "kernel/sysEx.h"
 #include "kernel/waitUntil.h"
@@ -140,6 +141,21 @@ TEST_F(Input, ItsThreadIsThereWhileSomebodyListens) {
     source->removeReceiver(&other);
     // The kernel forgets a thread a little after its end.
     EXPECT_TRUE(waitUntil([&] { return threads() == before; }, 5s));
+}
+
+TEST_F(Input, EndsWithTheOneRemovalOfAReceiverThatWasAddedTwice) {
+    const auto listeners = [&] {
+        return sequencerClientsNamed("Tormelk").at(0).ports.at(0).sendsTo.size();
+    };
+    Recorder recorder;
+    source->addReceiver(&recorder);
+    source->addReceiver(&recorder);
+    source->startIO();
+    EXPECT_EQ(listeners(), 1U);
+    source->removeReceiver(&recorder);
+    EXPECT_FALSE(source->isInUse());
+    EXPECT_FALSE(source->ioIsRunning());
+    EXPECT_EQ(listeners(), 0U);
 }
 
 TEST_F(Input, GoesOnWhenTheDeviceIsBack) {

@@ -1,12 +1,15 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <csignal>
+
 #include "kernel/UsbMidiGadget.h"
 #include "kernel/UserSpaceMidiDevice.h"
 #include "kernel/publicTools.h"
 #include "kernel/rawMidi.h"
 #include "kernel/service/Bystander.h"
 #include "kernel/service/EndpointLayer.h"
+#include "kernel/service/OtherProgram.h"
 #include "kernel/sysEx.h"
 #include "kernel/waitUntil.h"
 
@@ -18,6 +21,7 @@ namespace {
 using namespace std::chrono_literals;
 using platform::MIDIEndpointRef;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Pair;
 using testing::SizeIs;
@@ -122,6 +126,31 @@ TEST_F(Sending, GoesOnToADeviceToWhichAnotherProgramIsConnected) {
     EXPECT_EQ(disconnectPorts("16:0", address(*device.host().client())).status, 0);
 }
 
+TEST_F(Sending, ToADeviceThatAnotherProgramSendsToIsWholeAndTheProgramIsNamed) {
+    UsbMidiGadget device({});
+    device.plug();
+    const OtherProgram player("Player", {"out=read"});
+    ASSERT_TRUE(layer.runUntil([&] { return layer.destination("Tormelk MIDI 1") != nullptr; }));
+    ASSERT_EQ(connectPorts("Player:0", address(*device.host().client())).status, 0);
+    EXPECT_THAT(layer.service.connectedPrograms(tormelk().midiEndpointRef()),
+                ElementsAre("Player"));
+    Bytes expected;
+    const auto arrived = [&] { return device.received().atLeast(expected.size(), 10s); };
+    for (int block = 0; block < 20; ++block) {
+        Bytes bytes = sysEx(254);
+        bytes[2] = static_cast<std::uint8_t>(block);
+        send(tormelk(), bytes);
+        expected.insert(expected.end(), bytes.begin(), bytes.end());
+        ASSERT_EQ(arrived(), expected);
+        player.play();
+        expected.insert(expected.end(), {0x90, 60, 100});
+        ASSERT_EQ(arrived(), expected);
+    }
+    EXPECT_TRUE(tormelk().isOnline());
+    EXPECT_THAT(layer.service.connectedPrograms(tormelk().midiEndpointRef()),
+                ElementsAre("Player"));
+}
+
 TEST_F(Sending, KeepsOtherProgramsOutWhileItLasts) {
     UsbMidiGadget device({});
     device.plug();
@@ -202,6 +231,38 @@ TEST_F(Sending, ADeviceThatStopsTakingDataIsOfflineWithinSecondsAndBackWhenItGoe
     // The last message found no room, and left none of its bytes.
     const std::size_t whole = static_cast<std::size_t>(sent - 1) * 254;
     EXPECT_THAT(device.received().atLeast(whole + 1, 2s), SizeIs(whole));
+}
+
+TEST_F(Sending, AProgramThatStopsReadingIsOfflineWithinSecondsAndLosesNothingOfWhatItWasSent) {
+    Program reader({"aseqdump"});
+    ASSERT_TRUE(layer.runUntil([&] { return layer.destination("aseqdump") != nullptr; }));
+    midi::ZQMIDIRealDestination& port = *layer.destination("aseqdump");
+    const auto numbered = [](int number) {
+        Bytes bytes = sysEx(254);
+        bytes[2] = static_cast<std::uint8_t>(number);
+        return bytes;
+    };
+    send(port, numbered(0));
+    ASSERT_TRUE(reader.waitForOutput(hexadecimal(numbered(0)), 10s)) << reader.output();
+    ::kill(reader.process(), SIGSTOP);
+    const auto began = std::chrono::steady_clock::now();
+    int sent = 1;
+    while (port.isOnline() && sent < 100) {
+        send(port, numbered(sent++));
+    }
+    EXPECT_TRUE(port.isOffline());
+    // It gives up after two seconds.
+    EXPECT_LT(std::chrono::steady_clock::now() - began, 30s);
+    ASSERT_TRUE(layer.runUntil([&] { return port.displayName() == "aseqdump (offline)"; }));
+    ::kill(reader.process(), SIGCONT);
+    ASSERT_TRUE(layer.runUntil([&] { return port.isOnline(); })) << reader.output();
+    send(port, numbered(101));
+    EXPECT_TRUE(reader.waitForOutput(hexadecimal(numbered(101)), 10s));
+    for (int number = 0; number < sent - 1; ++number) {
+        EXPECT_THAT(reader.output(), HasSubstr(hexadecimal(numbered(number)))) << number;
+    }
+    EXPECT_THAT(reader.output(), Not(HasSubstr(hexadecimal(numbered(sent - 1)))))
+        << "for which there was no room";
 }
 
 TEST_F(Sending, AnotherDeviceCanBeUsedWhileADeadOneIsGivenBack) {

@@ -2,13 +2,13 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <stdexcept>
 
 #include "devices/seldev.h"
 #include "kernel/Program.h"
 #include "kernel/UsbMidiGadget.h"
 #include "kernel/UserSpaceMidiDevice.h"
 #include "kernel/service/EndpointLayer.h"
+#include "kernel/service/OtherProgram.h"
 #include "support/ScriptedDesktop.h"
 
 // What is listed, under which names, in which order.
@@ -63,28 +63,6 @@ TEST(Setup, OnlyTheBusBetweenProgramsCountsAsOne) {
             << destination->displayName();
     }
 }
-
-/// Another program with ports of its own; see otherProgram.cpp for what they can be.
-class OtherProgram {
-public:
-    OtherProgram(const std::string& name, const std::vector<std::string>& ports)
-        : program_(command(name, ports)) {
-        if (!program_.waitForOutput("ready", 20s)) {
-            throw std::runtime_error("the other program did not start: " + program_.output());
-        }
-    }
-    [[nodiscard]] pid_t process() const { return program_.process(); }
-
-private:
-    static std::vector<std::string> command(const std::string& name,
-                                            const std::vector<std::string>& ports) {
-        std::vector<std::string> words{TORMELK_OTHER_PROGRAM, name};
-        words.insert(words.end(), ports.begin(), ports.end());
-        return words;
-    }
-
-    Program program_;
-};
 
 TEST(Setup, ListsWhatOtherProgramsOfferUnderTheNameOfThePort) {
     const OtherProgram player("Player", {"out=read"});

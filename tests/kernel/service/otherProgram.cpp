@@ -5,11 +5,12 @@
 // A port is its name and what others can do with it: "out=read", "in=write", "both=read,write",
 // "odd=hidden" (all of it, but not exported), "odd=half" (addressed only, no subscriptions);
 // "in=write*250" is 250 of them, called "in 1" and so on. Prints "ready" and stays until it is
-// killed.
+// killed; SIGUSR1 has it send a note, 90 3C 64, from its first port to all that are connected
+// there. It reads nothing that comes in.
 
 #include <alsa/asoundlib.h>
-#include <unistd.h>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -53,6 +54,16 @@ bool addPorts(snd_seq_t* sequencer, const std::string& description) {
     return true;
 }
 
+void playNote(snd_seq_t& sequencer) {
+    snd_seq_event_t event{};
+    event.type = SND_SEQ_EVENT_NOTEON;
+    event.queue = SND_SEQ_QUEUE_DIRECT;
+    event.dest = {SND_SEQ_ADDRESS_SUBSCRIBERS, SND_SEQ_ADDRESS_UNKNOWN};
+    event.data.note.note = 60;
+    event.data.note.velocity = 100;
+    snd_seq_event_output_direct(&sequencer, &event);
+}
+
 int run(int count, char** arguments) {
     snd_seq_t* sequencer = nullptr;
     if (count < 2 || snd_seq_open(&sequencer, "hw", SND_SEQ_OPEN_DUPLEX, 0) < 0) {
@@ -64,9 +75,15 @@ int run(int count, char** arguments) {
             return 1;
         }
     }
+    sigset_t wanted;
+    sigemptyset(&wanted);
+    sigaddset(&wanted, SIGUSR1);
+    sigprocmask(SIG_BLOCK, &wanted, nullptr);
     std::puts("ready");
     std::fflush(stdout);
-    pause();
+    for (int signal = 0; sigwait(&wanted, &signal) == 0;) {
+        playNote(*sequencer);
+    }
     snd_seq_close(sequencer);
     return 0;
 }
