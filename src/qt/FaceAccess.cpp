@@ -38,7 +38,9 @@ public:
     /// The answer does not wait for what a press leads to, a whole window perhaps.
     void doAction(const QString& action) override {
         if (action == pressAction()) {
-            QMetaObject::invokeMethod(face_, &FaceButton::click, Qt::QueuedConnection);
+            if (face_->isEnabled()) {
+                QMetaObject::invokeMethod(face_, &FaceButton::click, Qt::QueuedConnection);
+            }
         } else {
             QAccessibleWidget::doAction(action);
         }

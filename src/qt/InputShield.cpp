@@ -1,8 +1,9 @@
 #include "qt/InputShield.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QComboBox>
 #include <QEvent>
-#include <QWidget>
 #include <algorithm>
 
 namespace qt {
@@ -45,8 +46,14 @@ bool isInput(const QEvent& event) {
 }
 
 /// Whether it takes presses, without a change to its look until it is painted.
-void setDeaf(QAbstractButton& button, bool isDeaf) {
-    button.setAttribute(Qt::WA_Disabled, isDeaf || button.testAttribute(Qt::WA_ForceDisabled));
+void setDeaf(QWidget& widget, bool isDeaf) {
+    widget.setAttribute(Qt::WA_Disabled, isDeaf || widget.testAttribute(Qt::WA_ForceDisabled));
+}
+
+bool takesPresses(const QWidget& widget) {
+    const bool isOfThatKind = qobject_cast<const QAbstractButton*>(&widget) != nullptr ||
+                              qobject_cast<const QComboBox*>(&widget) != nullptr;
+    return isOfThatKind && widget.isEnabled();
 }
 
 }  // namespace
@@ -63,10 +70,9 @@ void InputShield::putUp() {
     QCoreApplication::instance()->installEventFilter(this);
     const QWidgetList widgets = QApplication::allWidgets();
     for (QWidget* const widget : widgets) {
-        auto* const button = qobject_cast<QAbstractButton*>(widget);
-        if (button != nullptr && button->isEnabled()) {
-            deafButtons_.emplace_back(button);
-            setDeaf(*button, true);
+        if (takesPresses(*widget)) {
+            deafWidgets_.emplace_back(widget);
+            setDeaf(*widget, true);
         }
         const QList<QAction*> actions = widget->actions();
         for (QAction* const action : actions) {
@@ -80,14 +86,16 @@ void InputShield::putUp() {
 
 void InputShield::takeDown() {
     painting_.clear();
-    for (const QPointer<QAbstractButton>& button : deafButtons_) {
-        if (button) {
-            setDeaf(*button, false);
+    for (const QPointer<QWidget>& widget : deafWidgets_) {
+        if (widget) {
+            setDeaf(*widget, false);
         }
     }
-    deafButtons_.clear();
+    deafWidgets_.clear();
     for (const QPointer<QAction>& action : deafActions_) {
         if (action) {
+            // It may have been told to run a little later.
+            QCoreApplication::removePostedEvents(action, QEvent::MetaCall);
             action->blockSignals(false);
         }
     }
@@ -103,9 +111,9 @@ void InputShield::takeDown() {
 
 void InputShield::letPaint(QObject* watched) {
     const auto found =
-        std::find_if(deafButtons_.begin(), deafButtons_.end(),
-                     [watched](const auto& button) { return button.data() == watched; });
-    if (found != deafButtons_.end()) {
+        std::find_if(deafWidgets_.begin(), deafWidgets_.end(),
+                     [watched](const auto& widget) { return widget.data() == watched; });
+    if (found != deafWidgets_.end()) {
         painting_ = *found;
         setDeaf(*painting_, false);
     }

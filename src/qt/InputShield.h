@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QAbstractButton>
 #include <QAction>
 #include <QObject>
 #include <QPointer>
+#include <QWidget>
 #include <vector>
 
 namespace qt {
@@ -33,10 +33,11 @@ private:
     void takeDown();
     void letPaint(QObject* watched);
 
-    // Assistive technology presses a button or triggers an action without an event of its own.
-    std::vector<QPointer<QAbstractButton>> deafButtons_;
+    // Assistive technology presses a button, picks an item of a box or triggers an action without
+    // an event of its own.
+    std::vector<QPointer<QWidget>> deafWidgets_;
     std::vector<QPointer<QAction>> deafActions_;
-    QPointer<QAbstractButton> painting_;
+    QPointer<QWidget> painting_;
 };
 
 }  // namespace qt

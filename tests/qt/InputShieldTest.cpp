@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
@@ -11,6 +12,10 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <array>
+#include <string_view>
+
+#include "qt/ComboBoxView.h"
 
 namespace qt {
 namespace {
@@ -116,6 +121,8 @@ TEST_F(InputShieldTest, LetsNoPressOfAssistiveTechnologyThroughNorLater) {
         });
         QApplication::processEvents();
         QApplication::processEvents();
+        // As the main window's commands are.
+        QMetaObject::invokeMethod(item, &QAction::trigger, Qt::QueuedConnection);
     }
     QTest::qWait(untilReleased);
     EXPECT_EQ(acted, 0);
@@ -127,6 +134,25 @@ TEST_F(InputShieldTest, LetsPressesOfAssistiveTechnologyThroughAfterwards) {
     pressButton();
     pressItem();
     EXPECT_TRUE(QTest::qWaitFor([this] { return acted == 2; }));
+}
+
+TEST_F(InputShieldTest, LetsAssistiveTechnologyPickNothingFromABox) {
+    constexpr std::array<std::string_view, 2> items = {"one", "two"};
+    toolkit::ComboBox model;
+    model.addItemsWithObjectValues(items);
+    model.selectItemAtIndex(0);
+    ComboBoxView box(model, &window);
+    const auto pick = [&box] {
+        actOnItem(*box.view(), 1, QAccessibleActionInterface::pressAction());
+    };
+    {
+        const InputShield::Up up(shield);
+        pick();
+    }
+    QApplication::processEvents();
+    EXPECT_EQ(model.indexOfSelectedItem(), 0);
+    pick();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return model.indexOfSelectedItem() == 1; }));
 }
 
 TEST_F(InputShieldTest, LeavesNoMenuOpenThatAssistiveTechnologyAskedFor) {

@@ -6,6 +6,7 @@
 #include <QApplication>
 
 #include "config/layout.h"
+#include "qt/InputShield.h"
 #include "qt/SurfaceEditor.h"
 
 namespace tests {
@@ -88,6 +89,18 @@ TEST_F(SurfaceAccess, OffersNoPressWhereTheControllerIsSwitchedOff) {
     QApplication::processEvents();
     EXPECT_NE(editor.state.selection.keyEvnt, 20);
     EXPECT_TRUE(of(20).state().disabled);
+}
+
+TEST_F(SurfaceAccess, PressesNothingWhileALongSendIsShielded) {
+    editor.click(9);
+    qt::InputShield shield;
+    {
+        const qt::InputShield::Up up(shield);
+        of(12).actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    }
+    QApplication::processEvents();
+    EXPECT_TRUE(of(9).state().checked);
+    EXPECT_FALSE(of(12).state().checked);
 }
 
 }  // namespace
