@@ -20,6 +20,7 @@
         openbox xdotool x11-utils
         dbus at-spi2-core python3-pyatspi
         desktop-file-utils shared-mime-info
+        weston qt6-wayland
     )
     packages_to_measure=(
         libgtest-dev libgmock-dev
