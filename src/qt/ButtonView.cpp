@@ -1,5 +1,6 @@
 #include "qt/ButtonView.h"
 
+#include <QPainter>
 #include <QPointer>
 
 namespace qt {
@@ -17,6 +18,17 @@ ButtonView::ButtonView(toolkit::Button& model, Kind kind, const QString& caption
             passClick();
         }
     });
+}
+
+void ButtonView::paintEvent(QPaintEvent* event) {
+    QPushButton::paintEvent(event);
+    const bool byKeyboard = window()->testAttribute(Qt::WA_KeyboardFocusChange);
+    if (hasFocus() && isDefault() && byKeyboard) {
+        constexpr int inset = 4;
+        QPainter painter(this);
+        painter.setPen(QPen(palette().color(QPalette::ButtonText), 1, Qt::DotLine));
+        painter.drawRect(rect().adjusted(inset, inset, -inset - 1, -inset - 1));
+    }
 }
 
 void ButtonView::passClick() {

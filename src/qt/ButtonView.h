@@ -20,6 +20,8 @@ public:
                QWidget* parent = nullptr);
 
 protected:
+    /// Some styles draw the default button alike with and without the keyboard.
+    void paintEvent(QPaintEvent* event) override;
     /// The widget's own toggling is switched off.
     void nextCheckState() override {}
 

@@ -124,6 +124,11 @@ SimulatorView::SimulatorView(simulator::SimulatedController& controller)
     log_->setRootIsDecorated(false);
     log_->setSelectionMode(QAbstractItemView::NoSelection);
 
+    // Neither has a place of its own to show that it has the keyboard.
+    setStyleSheet(QStringLiteral(
+        "QPlainTextEdit, QTreeWidget { border: 1px solid palette(mid); }"
+        "QPlainTextEdit:focus, QTreeWidget:focus { border-color: palette(highlight); }"));
+
     firmware_->setObjectName(QStringLiteral("firmware"));
     saveFirmware_->setObjectName(QStringLiteral("saveFirmware"));
     connect(saveFirmware_, &QPushButton::clicked, this, [this] { saveFirmware(); });

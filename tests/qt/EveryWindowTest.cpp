@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAbstractEventDispatcher>
 #include <QAccessible>
 #include <QApplication>
 #include <QComboBox>
@@ -11,10 +12,14 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPalette>
+#include <QPushButton>
 #include <QScrollBar>
+#include <QTest>
+#include <algorithm>
 #include <cmath>
 #include <set>
 
+#include "qt/ButtonView.h"
 #include "qt/EveryWindow.h"
 
 namespace tests {
@@ -42,23 +47,153 @@ TEST(EveryWindow, TellsAScreenReaderWhatEachThingInItIsCalled) {
     });
 }
 
+/// Every text of the window has the room it needs, inside the window.
+void expectNoTextCut(QWidget& window, const QString& name) {
+    for (QWidget* widget : window.findChildren<QWidget*>()) {
+        const bool holdsText = qobject_cast<QLabel*>(widget) != nullptr ||
+                               qobject_cast<QAbstractButton*>(widget) != nullptr ||
+                               qobject_cast<QGroupBox*>(widget) != nullptr ||
+                               qobject_cast<QComboBox*>(widget) != nullptr;
+        if (!widget->isVisible() || !holdsText) {
+            continue;
+        }
+        const QSize needed = widget->minimumSizeHint();
+        EXPECT_TRUE(widget->width() >= needed.width() && widget->height() >= needed.height())
+            << name.toStdString() << ": " << widget->objectName().toStdString();
+        EXPECT_TRUE(
+            window.rect().contains(QRect(widget->mapTo(&window, QPoint(0, 0)), widget->size())))
+            << name.toStdString() << ": " << widget->objectName().toStdString();
+        const auto* label = qobject_cast<QLabel*>(widget);
+        if (label != nullptr && label->wordWrap()) {
+            EXPECT_GE(label->height(), label->heightForWidth(label->width()))
+                << name.toStdString() << ": " << label->text().toStdString();
+        }
+    }
+}
+
+/// The desktop's letters are larger for as long as it lives.
+class LargerLetters {
+public:
+    explicit LargerLetters(qreal times) {
+        QFont larger = usual_;
+        larger.setPointSizeF(usual_.pointSizeF() * times);
+        QApplication::setFont(larger);
+    }
+    LargerLetters(const LargerLetters&) = delete;
+    LargerLetters& operator=(const LargerLetters&) = delete;
+    ~LargerLetters() { QApplication::setFont(usual_); }
+
+private:
+    const QFont usual_ = QApplication::font();
+};
+
 TEST(EveryWindow, CutsNoText) {
+    forEveryWindow(expectNoTextCut);
+}
+
+TEST(EveryWindow, CutsNoTextAndFitsASmallScreenWithLargerLetters) {
+    const LargerLetters larger(1.3);
     forEveryWindow([](QWidget& window, const QString& name) {
+        expectNoTextCut(window, name);
+        EXPECT_LE(window.width(), 1280) << name.toStdString();
+        EXPECT_LE(window.height(), 720) << name.toStdString();
+    });
+}
+
+TEST(EveryWindow, CutsNoTextFromASmallScreenToAVeryLargeOne) {
+    for (const qreal times : {1.0, 1.3}) {
+        const LargerLetters larger(times);
+        for (const QSize size : {QSize(1280, 720), QSize(1920, 1080), QSize(3840, 2160)}) {
+            forEveryWindow([size](QWidget& window, const QString& name) {
+                if (name.startsWith(QLatin1String("main")) || name == QLatin1String("pad")) {
+                    const QSize before = window.size();
+                    window.resize(size);
+                    QApplication::processEvents();
+                    EXPECT_EQ(window.size(), size) << name.toStdString();
+                    expectNoTextCut(window, name);
+                    window.resize(before);
+                }
+            });
+        }
+    }
+}
+
+/// A thing of a window that Tab leads to.
+bool isTabStop(const QWidget& widget) {
+    return (widget.focusPolicy() & Qt::TabFocus) != 0 && widget.isVisible() && widget.isEnabled();
+}
+
+/// Where there is nothing but a system's own buttons, the highlighted one has the keyboard.
+bool hasButtonsAlone(const QWidget& window) {
+    const QList<QWidget*> all = window.findChildren<QWidget*>();
+    return std::all_of(all.begin(), all.end(), [](const QWidget* widget) {
+        const auto* button = qobject_cast<const QPushButton*>(widget);
+        const bool isPlain = button != nullptr && button->autoDefault() &&
+                             dynamic_cast<const qt::ButtonView*>(button) == nullptr;
+        return !isTabStop(*widget) || isPlain;
+    });
+}
+
+int pixelsThatDiffer(const QImage& a, const QImage& b) {
+    int count = 0;
+    for (int y = 0; y < std::min(a.height(), b.height()); ++y) {
+        for (int x = 0; x < std::min(a.width(), b.width()); ++x) {
+            count += a.pixel(x, y) == b.pixel(x, y) ? 0 : 1;
+        }
+    }
+    return count;
+}
+
+TEST(EveryWindow, ShowsWhatHasTheKeyboard) {
+    static constexpr int plain = 20;  // pixels
+    forEveryWindow([](QWidget& window, const QString& name) {
+        QApplication::setActiveWindow(&window);
+        window.setAttribute(Qt::WA_KeyboardFocusChange);  // as the first Tab does
+        if (!QTest::qWaitForWindowActive(&window)) {
+            ADD_FAILURE() << name.toStdString() << " does not get the keyboard";
+            return;
+        }
+        QWidget* before = QApplication::focusWidget();
         for (QWidget* widget : window.findChildren<QWidget*>()) {
-            const bool holdsText = qobject_cast<QLabel*>(widget) != nullptr ||
-                                   qobject_cast<QAbstractButton*>(widget) != nullptr ||
-                                   qobject_cast<QGroupBox*>(widget) != nullptr ||
-                                   qobject_cast<QComboBox*>(widget) != nullptr;
-            if (!widget->isVisible() || !holdsText) {
+            if (!isTabStop(*widget) || hasButtonsAlone(window)) {
                 continue;
             }
-            const QSize needed = widget->minimumSizeHint();
-            EXPECT_TRUE(widget->width() >= needed.width() && widget->height() >= needed.height())
-                << name.toStdString() << ": " << widget->objectName().toStdString();
-            EXPECT_TRUE(
-                window.rect().contains(QRect(widget->mapTo(&window, QPoint(0, 0)), widget->size())))
-                << name.toStdString() << ": " << widget->objectName().toStdString();
+            if (QWidget* other = QApplication::focusWidget()) {
+                other->clearFocus();
+            }
+            const QImage without = widget->grab().toImage();
+            widget->setFocus(Qt::TabFocusReason);
+            const QImage with = widget->grab().toImage();
+            EXPECT_GE(pixelsThatDiffer(without, with), plain)
+                << name.toStdString() << ": " << widget->metaObject()->className() << " "
+                << widget->objectName().toStdString();
         }
+        if (before != nullptr) {
+            before->setFocus();
+        }
+    });
+}
+
+bool keepsATimer(const QObject& object) {
+    const auto* dispatcher = QAbstractEventDispatcher::instance();
+    return !dispatcher->registeredTimers(const_cast<QObject*>(&object)).isEmpty();
+}
+
+TEST(EveryWindow, KeepsNoTimerRunningWhileNobodyTouchesIt) {
+    forEveryWindow([](QWidget& window, const QString& name) {
+        QStringList busy;
+        const auto atRest = [&] {
+            busy.clear();
+            for (const QObject* object : window.findChildren<QObject*>()) {
+                if (keepsATimer(*object)) {
+                    busy.append(QString::fromLatin1(object->metaObject()->className()) +
+                                QLatin1Char(' ') + object->objectName());
+                }
+            }
+            return busy.isEmpty();
+        };
+        EXPECT_TRUE(QTest::qWaitFor(atRest, 20000))
+            << name.toStdString() << ": " << busy.join(u',').toStdString();
     });
 }
 

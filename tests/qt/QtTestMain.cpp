@@ -33,6 +33,9 @@ int main(int count, char** arguments) {
                                  "XDG_STATE_HOME", "QT_SCALE_FACTOR"}) {
         qunsetenv(variable);
     }
+    if (const QByteArray scale = qgetenv("TORMELK_TEST_SCALE"); !scale.isEmpty()) {
+        qputenv("QT_SCALE_FACTOR", scale);
+    }
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
