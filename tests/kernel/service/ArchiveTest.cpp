@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "kernel/UsbMidiGadget.h"
 #include "kernel/publicTools.h"
 #include "kernel/service/EndpointLayer.h"
@@ -25,12 +27,17 @@ Bytes archived(const midi::Archivable& object) {
     return midi::KeyedArchiver().archivedData(&object);
 }
 
-/// The object of an archive, read by this run of the program; null if it is none of that kind.
+/// The object of an archive, read by this run of the program; throws if it is none of
+/// that kind.
 template <typename Kind>
 std::shared_ptr<Kind> unarchived(EndpointLayer& layer, const Bytes& bytes) {
     const auto object =
         midi::KeyedUnarchiver(midi::archivedClasses(layer.manager())).unarchiveObject(bytes);
-    return object ? std::dynamic_pointer_cast<Kind>(*object) : nullptr;
+    auto made = object ? std::dynamic_pointer_cast<Kind>(*object) : nullptr;
+    if (made == nullptr) {
+        throw std::runtime_error("the archive holds no such endpoint");
+    }
+    return made;
 }
 
 /// The last endpoint that a run of the program had published, as it wrote it down.
@@ -47,7 +54,6 @@ TEST(Archive, OfAPublishedSourceBringsBackItsNameAndIdAfterARestart) {
     EXPECT_THAT(run({"aconnect", "-i"}).output, Not(HasSubstr("kept source")));
     EndpointLayer next("Tormelk Publisher");
     const auto source = unarchived<ZQMIDIVirtualSource>(next, bytes);
-    ASSERT_NE(source, nullptr);
     EXPECT_EQ(source->name(), "kept source");
     EXPECT_EQ(source->displayName(), "kept source");
     EXPECT_EQ(source->uniqueID(), 4711);
@@ -60,7 +66,6 @@ TEST(Archive, OfAPublishedDestinationBringsItBackWorking) {
     const Bytes bytes = publishedBefore<ZQMIDIVirtualDestination>("kept destination", 4712);
     EndpointLayer next("Tormelk Publisher");
     const auto destination = unarchived<ZQMIDIVirtualDestination>(next, bytes);
-    ASSERT_NE(destination, nullptr);
     EXPECT_EQ(destination->uniqueID(), 4712);
     class Recorder final : public midi::ZQMIDIReceiver {
     public:
@@ -82,14 +87,14 @@ TEST(Archive, OfAPublishedEndpointWhoseIdIsTakenMakesOneOfTheSameNameWithAnother
     ZQMIDIVirtualSource owner(layer.manager(), "kept");
     const std::int32_t id = owner.uniqueID();
     const auto second = unarchived<ZQMIDIVirtualSource>(layer, archived(owner));
-    ASSERT_NE(second, nullptr);
     EXPECT_EQ(second->name(), "kept");
     EXPECT_NE(second->uniqueID(), id);
     EXPECT_NE(second->uniqueID(), 0);
     EXPECT_EQ(owner.uniqueID(), id);
     // Nor can one that a device has be taken.
-    const std::int32_t devices = layer.source("Midi Through Port-0")->uniqueID();
-    EXPECT_FALSE(owner.setUniqueID(devices));
+    const midi::ZQMIDIRealSource* const through = layer.source("Midi Through Port-0");
+    ASSERT_NE(through, nullptr);
+    EXPECT_FALSE(owner.setUniqueID(through->uniqueID()));
 }
 
 TEST(Archive, OfADeviceIsTheVeryObjectThatTheNextRunHasForItInWhicheverSocketItIs) {
@@ -128,7 +133,6 @@ TEST(Archive, OfADeviceThatIsNotThereIsOfflineAndWorksOnceItIsPluggedIn) {
     device.unplug();
     EndpointLayer next;
     const auto port = unarchived<midi::ZQMIDIRealDestination>(next, bytes);
-    ASSERT_NE(port, nullptr);
     EXPECT_TRUE(port->isOffline());
     EXPECT_EQ(port->displayName(), "Tormelk MIDI 1 (offline)");
     EXPECT_FALSE(port->setName("another"));
