@@ -6,12 +6,14 @@
 #include <filesystem>
 #include <fstream>
 #include <random>
+#include <span>
 
 #include "kernel/Program.h"
 #include "kernel/UsbMidiGadget.h"
 #include "kernel/sequencerClients.h"
 #include "kernel/service/pilotedEditor.h"
 #include "kernel/waitUntil.h"
+#include "simulator/SimulatedController.h"
 
 // New firmware, sent by the editor program itself with all its pauses, and what comes out at the
 // device's end of the cable.
@@ -94,6 +96,17 @@ Bytes uploadOf(const Bytes& image) {
     return wire.bytes();
 }
 
+/// What a controller has in its flash once it has heard all that: the image, and zeros to the end
+/// of its last block.
+Bytes flashedBy(const Bytes& wire) {
+    simulator::SimulatedController tormelk;
+    tormelk.receive(wire);
+    EXPECT_EQ(tormelk.firmware().blocksRefused(), 0U);
+    EXPECT_FALSE(tormelk.isInUpdateMode()) << "the last frame is the reset";
+    const std::span<const std::uint8_t> written = tormelk.firmware().written();
+    return {written.begin(), written.end()};
+}
+
 class Upload : public testing::Test {
 protected:
     Upload() {
@@ -127,6 +140,9 @@ TEST_F(Upload, OfFortyThousandRandomBytesArrivesIdentical) {
     EXPECT_TRUE(arrived == expected)
         << arrived.size() << " of " << expected.size() << " bytes arrived; they differ from byte "
         << difference.first - expected.begin() << " on";
+    Bytes blocks = image;
+    blocks.resize((image.size() + bytesInABlock - 1) / bytesInABlock * bytesInABlock);
+    EXPECT_TRUE(flashedBy(arrived) == blocks) << "the simulated controller holds something else";
     EXPECT_TRUE(leftNothingBehind(clientsBefore));
     EXPECT_THAT(sequencerClientsNamed("Tormelk").at(0).ports.at(0).takesFrom, IsEmpty());
 }
