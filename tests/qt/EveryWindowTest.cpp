@@ -21,6 +21,8 @@
 
 #include "qt/ButtonView.h"
 #include "qt/EveryWindow.h"
+#include "qt/letterContrast.h"
+#include "qt/palettes.h"
 
 namespace tests {
 namespace {
@@ -118,6 +120,22 @@ TEST(EveryWindow, CutsNoTextFromASmallScreenToAVeryLargeOne) {
             });
         }
     }
+}
+
+TEST(EveryWindow, CanBeReadInALightAndInADarkTheme) {
+    for (const QPalette& palette : {lightPalette(), darkPalette()}) {
+        QApplication::setPalette(palette);
+        forEveryWindow([](QWidget& window, const QString& name) {
+            const QStringList texts = unreadableTexts(window.grab().toImage(), window);
+            EXPECT_TRUE(texts.isEmpty())
+                << name.toStdString() << ": " << texts.join(QLatin1Char('\n')).toStdString();
+            QImage flat(window.size(), QImage::Format_RGB32);
+            flat.fill(Qt::gray);
+            EXPECT_EQ(unreadableTexts(flat, window).isEmpty(), !window.isEnabled())
+                << name.toStdString();
+        });
+    }
+    QApplication::setPalette(lightPalette());
 }
 
 /// A thing of a window that Tab leads to.

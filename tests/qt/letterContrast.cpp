@@ -1,6 +1,12 @@
 #include "qt/letterContrast.h"
 
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QFontMetrics>
 #include <QHash>
+#include <QLabel>
+#include <QStyle>
+#include <QStyleOptionComboBox>
 #include <algorithm>
 #include <vector>
 
@@ -44,6 +50,44 @@ std::vector<Lettering> letteringOf(const qt::FacePanel& panel) {
     return all;
 }
 
+/// Where a box shows its text, without frame and arrow.
+QRect fieldOf(const QComboBox& box) {
+    QStyleOptionComboBox option;
+    option.initFrom(&box);
+    option.editable = false;
+    return box.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField,
+                                       &box);
+}
+
+/// What a widget says and where in it; no text where it says nothing.
+Lettering letteringOf(const QWidget& widget) {
+    if (const auto* label = qobject_cast<const QLabel*>(&widget)) {
+        return {label->text(), label->contentsRect()};
+    }
+    if (const auto* box = qobject_cast<const QComboBox*>(&widget)) {
+        return {box->currentText().trimmed(), fieldOf(*box)};
+    }
+    const auto* button = qobject_cast<const QAbstractButton*>(&widget);
+    if (button == nullptr || dynamic_cast<const qt::FaceButton*>(button) != nullptr) {
+        return {};
+    }
+    QRect room(QPoint(0, 0), button->fontMetrics().size(Qt::TextShowMnemonic, button->text()));
+    room.moveCenter(button->rect().center());
+    return {button->text(), room};
+}
+
+std::vector<Lettering> letteringOfWindow(const QWidget& window) {
+    std::vector<Lettering> all;
+    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+        const Lettering found = letteringOf(*widget);
+        if (!found.text.isEmpty() && widget->isVisible() && widget->isEnabled()) {
+            const QPoint origin = widget->mapTo(&window, QPoint(0, 0));
+            all.push_back({found.text, found.room.translated(origin)});
+        }
+    }
+    return all;
+}
+
 /// The strongest contrast of any pixel to the commonest colour.
 qreal contrastWithin(const QImage& part) {
     QHash<QRgb, int> counts;
@@ -67,19 +111,27 @@ qreal contrastWithin(const QImage& part) {
     return strongest;
 }
 
-}  // namespace
-
-QStringList unreadableTexts(const QImage& picture, const qt::FacePanel& panel) {
-    QStringList unreadable;
+QStringList unreadable(const QImage& picture, const std::vector<Lettering>& letterings) {
+    QStringList texts;
     const qreal ratio = picture.devicePixelRatio();
-    for (const Lettering& lettering : letteringOf(panel)) {
+    for (const Lettering& lettering : letterings) {
         const QRectF room(lettering.room.topLeft() * ratio, lettering.room.size() * ratio);
         const qreal found = contrastWithin(picture.copy(room.toAlignedRect()));
         if (found < qt::readableContrast) {
-            unreadable.append(QStringLiteral("\"%1\": %2 to 1").arg(lettering.text).arg(found));
+            texts.append(QStringLiteral("\"%1\": %2 to 1").arg(lettering.text).arg(found));
         }
     }
-    return unreadable;
+    return texts;
+}
+
+}  // namespace
+
+QStringList unreadableTexts(const QImage& picture, const qt::FacePanel& panel) {
+    return unreadable(picture, letteringOf(panel));
+}
+
+QStringList unreadableTexts(const QImage& picture, const QWidget& window) {
+    return unreadable(picture, letteringOfWindow(window));
 }
 
 int textCount(const qt::FacePanel& panel) {

@@ -15,4 +15,8 @@ namespace tests {
 /// How many texts that looks at.
 [[nodiscard]] int textCount(const qt::FacePanel& panel);
 
+/// The same for the labels, buttons and boxes of a window that is shown, as far as they are
+/// switched on; not for its drawn panels.
+[[nodiscard]] QStringList unreadableTexts(const QImage& picture, const QWidget& window);
+
 }  // namespace tests
