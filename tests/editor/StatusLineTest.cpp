@@ -82,6 +82,8 @@ TEST_F(StatusLine, NamesTheModeAndWhatBecameOfOnesOwnAssignments) {
         editor.chooseMode(mode);
         EXPECT_EQ(said(), std::string("DAW mode: ") + name);
     }
+    EXPECT_EQ(reportMode(-1, false), "DAW mode: unknown");
+    EXPECT_EQ(reportMode(huiMode + 1, true), "DAW mode: unknown. Your own assignments are kept.");
 }
 
 TEST_F(StatusLine, SaysWhetherTheLockIsOn) {
@@ -128,6 +130,10 @@ TEST_F(StatusLine, NamesTheOutputThatWasChosenButNoOtherEndOfTheDialog) {
     });
     controller.midiSelect();
     EXPECT_EQ(said(), "Output: Tormelk Port 1");
+    forget();
+    desktop.onModal<devices::seldev>([](devices::seldev& dialog) { dialog.okButton.click(); });
+    controller.midiSelect();
+    EXPECT_EQ(said(), "before") << "the output is the one it was";
 }
 
 // The pad editor has a line of its own.
