@@ -61,11 +61,33 @@ void FacePanel::makeTabStop(FaceButton& face) {
     tabStop_->setFocusPolicy(Qt::StrongFocus);
 }
 
-FaceButton* FacePanel::litFace(int first, int end) const {
+FaceButton* FacePanel::litFaceBefore(int end) const {
     const auto last = faces_.begin() + end;
-    const auto found = std::find_if(faces_.begin() + first, last,
+    const auto found = std::find_if(faces_.begin(), last,
                                     [](const FaceButton* face) { return face->isChecked(); });
     return found == last ? nullptr : *found;
+}
+
+void FacePanel::keepKeyboardAtSelection(int end) {
+    FaceButton* selected = litFaceBefore(end);
+    const int focused = faceWithFocus();
+    if (selected == nullptr || focused >= end) {
+        return;
+    }
+    if (focused >= 0) {
+        selected->setFocus(Qt::OtherFocusReason);
+    }
+    makeTabStop(*selected);
+}
+
+void FacePanel::moveKeyboard(int from, int to, int end) {
+    if (to == from) {
+        return;
+    }
+    face(to).setFocus(Qt::OtherFocusReason);
+    if (to < end) {
+        face(to).click();
+    }
 }
 
 int FacePanel::faceWithFocus() const {

@@ -39,8 +39,11 @@ protected:
     }
     /// The face that Tab leads to from now on.
     void makeTabStop(FaceButton& face);
-    /// The lit one of the faces `first` to `end` - 1; null where none is.
-    [[nodiscard]] FaceButton* litFace(int first, int end) const;
+    // The faces before `end` select what they stand for, one of them at a time.
+    /// The keyboard goes along with the selection, unless it is at another kind of face.
+    void keepKeyboardAtSelection(int end);
+    /// Takes the keyboard from face to face; arriving at one of those selects it.
+    void moveKeyboard(int from, int to, int end);
     /// Which face has the keyboard; -1 where none has.
     [[nodiscard]] int faceWithFocus() const;
 
@@ -49,6 +52,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    [[nodiscard]] FaceButton* litFaceBefore(int end) const;
     void arrange();
 
     CasePlan plan_;

@@ -7,6 +7,7 @@
 #include "editor/controlNames.h"
 #include "qt/FaceButton.h"
 #include "qt/asText.h"
+#include "qt/moves.h"
 #include "qt/padPlan.h"
 
 namespace qt {
@@ -81,15 +82,7 @@ void PadPanel::refresh() {
         face(position).showAssignment(
             controller_.assignmentOfPad(editor::controlOfTag(config::firstPad + position)));
     }
-    FaceButton* selected = litFace(0, firstLayerFace);
-    const int focused = faceWithFocus();
-    if (selected == nullptr || focused >= firstLayerFace) {
-        return;
-    }
-    if (focused >= 0) {
-        selected->setFocus(Qt::OtherFocusReason);
-    }
-    makeTabStop(*selected);
+    keepKeyboardAtSelection(firstLayerFace);
 }
 
 void PadPanel::keyPressEvent(QKeyEvent* event) {
@@ -97,20 +90,9 @@ void PadPanel::keyPressEvent(QKeyEvent* event) {
     const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     const std::optional<Move> wanted = moveOf(event->key());
     if (from >= 0 && plain && wanted) {
-        move(from, *wanted);
+        moveKeyboard(from, faceAfter(from, *wanted), firstLayerFace);
     } else if (from < 0 || !pressLayer(*event)) {
         event->ignore();  // Enter is the window's
-    }
-}
-
-void PadPanel::move(int from, Move move) {
-    const int target = faceAfter(from, move);
-    if (target == from) {
-        return;
-    }
-    face(target).setFocus(Qt::OtherFocusReason);
-    if (target < firstLayerFace) {
-        face(target).click();
     }
 }
 

@@ -2,7 +2,6 @@
 
 #include "editor/pad.h"
 #include "qt/FacePanel.h"
-#include "qt/moves.h"
 
 namespace qt {
 
@@ -28,7 +27,6 @@ protected:
 private:
     void addPads();
     void addLayers();
-    void move(int from, Move move);
     [[nodiscard]] bool pressLayer(const QKeyEvent& event);
 
     editor::pad& controller_;

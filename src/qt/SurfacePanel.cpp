@@ -6,6 +6,7 @@
 #include "editor/controlNames.h"
 #include "qt/FaceButton.h"
 #include "qt/asText.h"
+#include "qt/surfaceMoves.h"
 #include "qt/surfacePlan.h"
 
 namespace qt {
@@ -67,15 +68,7 @@ void SurfacePanel::refresh() {
     for (int layer = 0; layer < config::layerCount; ++layer) {
         face(firstPadLayerPlace + layer).setCurrent(layer == state_.layers.m_paLa);
     }
-    FaceButton* selected = litFace(0, firstModeLayerPlace);
-    const int focused = faceWithFocus();
-    if (selected == nullptr || focused >= firstModeLayerPlace) {
-        return;
-    }
-    if (focused >= 0) {
-        selected->setFocus(Qt::OtherFocusReason);
-    }
-    makeTabStop(*selected);
+    keepKeyboardAtSelection(firstModeLayerPlace);
 }
 
 void SurfacePanel::keyPressEvent(QKeyEvent* event) {
@@ -84,22 +77,11 @@ void SurfacePanel::keyPressEvent(QKeyEvent* event) {
     const std::optional<Move> wanted = moveOf(event->key());
     const bool enters = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (place >= 0 && plain && wanted) {
-        move(place, *wanted);
+        moveKeyboard(place, placeAfter(place, *wanted), firstModeLayerPlace);
     } else if (place >= 0 && plain && enters) {
         face(place).click();
     } else if (place < 0 || !pressLayer(*event)) {
         event->ignore();
-    }
-}
-
-void SurfacePanel::move(int place, Move move) {
-    const int target = placeAfter(place, move);
-    if (target == place) {
-        return;
-    }
-    face(target).setFocus(Qt::OtherFocusReason);
-    if (target < firstModeLayerPlace) {
-        face(target).click();
     }
 }
 

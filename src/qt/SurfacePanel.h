@@ -5,7 +5,6 @@
 #include "editor/EditorState.h"
 #include "editor/MainWindow.h"
 #include "qt/FacePanel.h"
-#include "qt/surfaceMoves.h"
 
 namespace qt {
 
@@ -38,7 +37,6 @@ private:
     void addControls(editor::MainWindow& window);
     void addLayers(std::array<toolkit::Button, 4>& buttons, int firstPlace, const QString& outlet,
                    const QString& name);
-    void move(int place, Move move);
     [[nodiscard]] bool pressLayer(const QKeyEvent& event);
 
     const editor::EditorState& state_;

@@ -10,8 +10,6 @@
 #include "app/Robot.h"
 #include "config/layout.h"
 #include "editor/mainController.h"
-#include "platform/AbsentMidiService.h"
-#include "platform/NotificationCentre.h"
 #include "qt/FaceButton.h"
 #include "qt/FacePanel.h"
 #include "qt/MainWindowView.h"
@@ -19,6 +17,7 @@
 #include "qt/letterContrast.h"
 #include "qt/palettes.h"
 #include "qt/views.h"
+#include "support/ScriptedEditor.h"
 
 namespace qt {
 namespace {
@@ -29,7 +28,7 @@ using app::robot::find;
 using app::robot::press;
 
 /// The editor with its real windows, and the pad editor opened by the main window's button.
-class PadViewTest : public testing::Test {
+class PadViewTest : public testing::Test, protected support::EditorParts {
 protected:
     PadViewTest() {
         addEditorViews(desktop);
@@ -43,13 +42,6 @@ protected:
         click(find(main, QStringLiteral("paLa%1").arg(layer).toLatin1().constData()));
     }
 
-    platform::AbsentMidiService service;
-    platform::NotificationCentre centre;
-    midi::ZQMIDIProcess process{service, centre};
-    devices::seldevChoice devices{process};
-    firmware::FirmwareState firmware{process};
-    editor::EditorState state;
-    editor::MainWindow window;
     QtDesktop desktop{[](int) {}};
     editor::mainController controller{state, window, desktop, devices, firmware};
     MainWindowView main{window, controller};

@@ -1,7 +1,7 @@
 #pragma once
 
-// The editor's logic put together without a screen and without MIDI, for tests that work it through
-// its widget models or set a window upon it.
+// The editor's logic put together without MIDI, and without a screen or for one, for tests that
+// work it through its widget models or set a window upon it.
 
 #include "devices/seldev.h"
 #include "editor/EditorState.h"
@@ -15,8 +15,8 @@
 
 namespace support {
 
-/// Its main window is not awake yet.
-struct ScriptedEditor {
+/// What the editor is put together from, but for a desktop and the controller above it.
+struct EditorParts {
     platform::AbsentMidiService service;
     platform::NotificationCentre centre;
     midi::ZQMIDIProcess process{service, centre};
@@ -24,6 +24,10 @@ struct ScriptedEditor {
     firmware::FirmwareState firmware{process};
     editor::EditorState state;
     editor::MainWindow window;
+};
+
+/// Its main window is not awake yet.
+struct ScriptedEditor : EditorParts {
     ScriptedDesktop desktop;
     editor::mainController controller{state, window, desktop, devices, firmware};
 };

@@ -4,18 +4,17 @@ come from the display, as those of a keyboard do; the accessibility bus only tel
 
 import os
 import subprocess
-import sys
-import tempfile
 
 import pyatspi
 
-from desk import Program, chosen, description, find, focused, has, names_of, read, until
+from desk import chosen, description, find, focused, has, names_of, read, until
 from wholeWay import (
     SENTENCE,
     check_controller,
     check_files,
     check_left_behind,
     expect,
+    start,
     wait_for_preset,
 )
 
@@ -186,10 +185,5 @@ def go(program, folder):
     check_left_behind(folder, ["before.Tormelk", "after.Tormelk", "again.Tormelk"])
 
 
-def run():
-    with tempfile.TemporaryDirectory() as folder, Program([sys.argv[1]], folder) as program:
-        go(program, folder)
-
-
 if __name__ == "__main__":
-    run()
+    start(go)

@@ -3,18 +3,17 @@
 screen, by what the accessibility bus tells and does."""
 
 import os
-import sys
-import tempfile
 
 import pyatspi
 
-from desk import Program, chosen, description, do, find, has, item, read, until
+from desk import chosen, description, do, find, has, item, read, until
 from wholeWay import (
     SENTENCE,
     check_controller,
     check_files,
     check_left_behind,
     expect,
+    start,
     wait_for_preset,
 )
 
@@ -146,10 +145,5 @@ def go(program, folder):
     check_left_behind(folder, ["before.Tormelk", "after.Tormelk", "again.Tormelk"])
 
 
-def run():
-    with tempfile.TemporaryDirectory() as folder, Program([sys.argv[1]], folder) as program:
-        go(program, folder)
-
-
 if __name__ == "__main__":
-    run()
+    start(go)

@@ -2,8 +2,10 @@
 controller hold at its end."""
 
 import pathlib
+import sys
+import tempfile
 
-from desk import Lost, do, everything_in, find, until
+from desk import Lost, Program, do, everything_in, find, until
 
 BLOCK = 254
 LAYERS = 4
@@ -24,6 +26,12 @@ EDITS = {
     PAD_BLOCK * BLOCK + CURVE: 84,  # a constant velocity, the first one there is
 }
 SENTENCE = "Control change 64 Sustain, channel 5, toggle"
+
+
+def start(go):
+    """Starts the program named on the command line in a folder of its own, and goes the way."""
+    with tempfile.TemporaryDirectory() as folder, Program([sys.argv[1]], folder) as program:
+        go(program, folder)
 
 
 def expect(right, what):
