@@ -12,10 +12,12 @@
 // unless the call came from within that very callback.
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/Delivery.h"
 #include "platform/PacketList.h"
 
 namespace platform {
@@ -134,6 +136,21 @@ public:
     /// Names of the other programs that are connected to the endpoint now, in no order, one a
     /// program. What they send can slip in between our messages. Empty where nothing is known.
     [[nodiscard]] virtual std::vector<std::string> connectedPrograms(MIDIEndpointRef) { return {}; }
+
+    // What became of what was sent. A destination's account begins anew with `beginDelivery`, and
+    // stays as it is once there is trouble: a destination that comes back, or takes data again,
+    // does not go on with what was cut.
+
+    /// Forgets what was handed over to the destination up to now, and trouble with it.
+    virtual void beginDelivery(MIDIEndpointRef) {}
+    /// Never waits.
+    [[nodiscard]] virtual Delivery delivery(MIDIEndpointRef) { return {}; }
+    /// Calls `whenSettled` once, by `dispatch` on the main thread, when the destination's account
+    /// is settled. A later call for the same destination replaces it; an empty one takes it back.
+    virtual void watchDelivery(MIDIEndpointRef, std::function<void(const Delivery&)>) {}
+    /// Throws away what still waits in this computer for the destination, so that it can never
+    /// arrive late; the account has trouble from then on, if bytes were waiting.
+    virtual void abandonDelivery(MIDIEndpointRef) {}
 
     // Endpoints that this process publishes.
     virtual OSStatus MIDISourceCreate(MIDIClientRef client, std::string_view name,
