@@ -58,6 +58,12 @@ private:
 
 }  // namespace
 
+PresetBytes presetBytes(const Image& sysData) {
+    PresetBytes bytes{};
+    std::copy_n(sysData.begin(), bytes.size(), bytes.begin());
+    return bytes;
+}
+
 std::string presetText(const Image& sysData) {
     std::string text;
     text.reserve(imageSize * 4);

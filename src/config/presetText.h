@@ -23,6 +23,8 @@ inline constexpr std::size_t presetTextLimit = std::size_t{1} << 20;
 /// The bytes of an image that are in use.
 using PresetBytes = std::array<std::uint8_t, imageSize>;
 
+[[nodiscard]] PresetBytes presetBytes(const Image& sysData);
+
 /// 1016 lines, each a byte as an unsigned decimal number and a line feed.
 [[nodiscard]] std::string presetText(const Image& sysData);
 

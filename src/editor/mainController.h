@@ -16,6 +16,7 @@
 //
 // The pad editor is `pad`. Nothing here draws: the widgets are models.
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <filesystem>
@@ -150,8 +151,11 @@ public:
     void setver(std::int32_t version) { version_ = version; }
     [[nodiscard]] std::int32_t ver() const { return version_; }
 
-    /// Whether the image differs from what was saved or loaded last, or from the start's.
-    [[nodiscard]] bool isImageEdited() const { return state_.sysData != imageOnFile_; }
+    /// Whether the image differs from the bytes of the file that was saved or loaded last, or from
+    /// the start's. A load may rewrite a byte of what it read, and then the image differs at once.
+    [[nodiscard]] bool isImageEdited() const {
+        return !std::equal(onFile_.begin(), onFile_.end(), state_.sysData.begin());
+    }
 
     [[nodiscard]] const std::string& prog_name() const { return programName_; }
 
@@ -220,7 +224,7 @@ private:
     firmware::FirmwareState& firmware_;
 
     std::unique_ptr<shell::about> ab_;  // made on first use, then kept
-    config::Image imageOnFile_{};
+    config::PresetBytes onFile_{};
     platform::NotificationCentre::Registration setupChanges_;
     std::string programName_;
     std::int32_t version_ = 0;

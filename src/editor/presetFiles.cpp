@@ -8,12 +8,21 @@
 
 namespace editor {
 
+namespace {
+
+/// What a person is told of a save that wrote into the file itself; the save has succeeded.
+constexpr const char* notInOneStep =
+    " by writing into the file itself; a power cut meanwhile would have damaged it";
+
+}  // namespace
+
 void mainController::saveFile() {
     const std::string type(config::presetFileType);
     const auto path = desktop_.runSavePanel({"Specify the Tormelk file name", type, type});
     if (!path) {
         return;
     }
+    const config::PresetBytes saved = config::presetBytes(state_.sysData);
     const files::ReplaceResult result =
         files::replaceFile(*path, config::presetText(state_.sysData));
     if (!result.replaced) {
@@ -21,8 +30,9 @@ void mainController::saveFile() {
         return;
     }
     state_.bChange = 0;
-    imageOnFile_ = state_.sysData;
-    window_.status.setStringValue("Saved " + path->filename().string());
+    onFile_ = saved;
+    window_.status.setStringValue("Saved " + path->filename().string() +
+                                  (result.inOneStep ? "" : notInOneStep));
     actionEnded();
 }
 
@@ -87,7 +97,7 @@ void mainController::takePreset(const config::PresetBytes& preset, int mode) {
         toggleGray();  // nothing can be edited in a host's mode
     }
     state_.bChange = 0;
-    imageOnFile_ = state_.sysData;
+    onFile_ = preset;
 }
 
 void mainController::mamcpy(std::span<const std::uint8_t> source, std::size_t count,

@@ -39,7 +39,7 @@ void mainController::awakeFromNib() {
     }
     update_Aft_LoadFile();
     state_.isInit = 1;
-    imageOnFile_ = state_.sysData;
+    onFile_ = config::presetBytes(state_.sysData);
     followOutput();
     actionEnded();
 }

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -15,6 +16,14 @@ using Status = ReadResult::Status;
 
 bool isRegular(const struct stat& status) {
     return S_ISREG(status.st_mode);
+}
+
+/// What comes of wanting to read something that is no regular file.
+Status statusOfOther(const std::filesystem::path& path, mode_t type, Access access) {
+    const bool forWriting = access == Access::ReadAndWrite;
+    const bool canBeOpened = !S_ISSOCK(type) && !(S_ISDIR(type) && forWriting) &&
+                             ::access(path.c_str(), forWriting ? R_OK | W_OK : R_OK) == 0;
+    return canBeOpened ? Status::NotRegular : Status::CannotOpen;
 }
 
 /// Reads until `limit` or the end; false on an error. `expected` is the size that the file says it
@@ -44,7 +53,7 @@ bool readBeginning(int descriptor, std::size_t limit, std::size_t expected, std:
 ReadResult readFile(const std::filesystem::path& path, std::size_t limit, Access access) {
     struct stat status {};
     if (::stat(path.c_str(), &status) == 0 && !isRegular(status)) {
-        return {Status::NotRegular, {}, 0};
+        return {statusOfOther(path, status.st_mode, access), {}, 0};
     }
     const int mode = access == Access::Read ? O_RDONLY : O_RDWR;
     // Not waiting matters where the path has become a pipe since it was looked at.

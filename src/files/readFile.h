@@ -13,8 +13,8 @@ namespace files {
 struct ReadResult {
     enum class Status {
         Read,        ///< `bytes` holds the file's beginning
-        CannotOpen,  ///< no such file, or it may not be opened for what it is wanted for
-        NotRegular,  ///< a folder, a pipe, a device, a socket
+        CannotOpen,  ///< no such file, or it cannot be opened for what it is wanted for
+        NotRegular,  ///< it could be opened, and is a pipe or a device, or a folder to be read
         Failed       ///< it was opened, and reading failed
     };
     Status status = Status::Failed;
@@ -30,8 +30,9 @@ enum class Access {
     Read
 };
 
-/// Reads at most `limit` bytes from the beginning of a regular file. Never waits for a pipe or a
-/// device.
+/// Reads at most `limit` bytes from the beginning of a regular file. Anything else is not opened,
+/// for that alone can wait for ever or set a device going; told is whether it could be. A folder
+/// cannot be opened for writing, a socket not at all.
 [[nodiscard]] ReadResult readFile(const std::filesystem::path& path, std::size_t limit,
                                   Access access = Access::ReadAndWrite);
 

@@ -7,19 +7,16 @@
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
-#include <system_error>
 #include <tuple>
 
 #include "files/FileDescriptor.h"
+#include "files/failed.h"
+#include "files/overwriteFile.h"
 
 namespace files {
 namespace {
 
 namespace fs = std::filesystem;
-
-ReplaceResult failed(int error) {
-    return {false, std::generic_category().message(error)};
-}
 
 /// The file a path stands for, through any number of symbolic links, the last of which may point
 /// to nothing yet.
@@ -62,9 +59,11 @@ public:
 
     [[nodiscard]] bool isOpen() const { return file_.isOpen(); }
 
-    bool takeAttributes(const std::optional<struct stat>& old) {
+    /// As far as the system lets it: some mounts have permissions and owners of their own.
+    void takeAttributes(const std::optional<struct stat>& old) {
         if (!old) {
-            return ::fchmod(file_.get(), permissionsOfNewFiles()) == 0;
+            std::ignore = ::fchmod(file_.get(), permissionsOfNewFiles());
+            return;
         }
         // Another user's file stays theirs where this user may give files away, and stays with its
         // group where not. This comes first: it takes permission bits away.
@@ -74,23 +73,13 @@ public:
         }
         // Running with a file's rights is for its real owner and group only.
         const mode_t kept = given ? 07777 : 0777;
-        return ::fchmod(file_.get(), old->st_mode & kept) == 0;
+        std::ignore = ::fchmod(file_.get(), old->st_mode & kept);
     }
 
-    bool write(std::string_view bytes) {
-        while (!bytes.empty()) {
-            const ssize_t count = ::write(file_.get(), bytes.data(), bytes.size());
-            if (count > 0) {
-                bytes.remove_prefix(static_cast<std::size_t>(count));
-            } else if (count == 0 || errno != EINTR) {
-                return false;
-            }
-        }
-        return true;
-    }
+    bool write(std::string_view bytes) { return file_.writeAll(bytes); }
 
     bool flushAndClose() {
-        if (::fsync(file_.get()) != 0) {
+        if (uninterrupted([&] { return ::fsync(file_.get()); }) != 0) {
             return false;
         }
         closed_ = true;
@@ -120,6 +109,45 @@ void flushFolder(const fs::path& folder) {
     }
 }
 
+/// Whether the system will not have a file put in the place of another there, whatever is in it. A
+/// full disk is no such reason: a file that is written over there can be lost with what was in it.
+bool forbidsReplacing(int error) {
+    switch (error) {
+        case EACCES:  // no new files in this folder
+        case EPERM:   // a shared folder where only the file's owner may replace it
+        case EROFS:   // one file that can be written in a folder that cannot
+        case EBUSY:   // a file that is a mount
+        case EXDEV:
+        case EINVAL:
+        case ENOSYS:
+        case EOPNOTSUPP:
+            return true;
+        default:
+            return false;
+    }
+}
+
+struct Attempt {
+    int error = 0;
+    bool isForbidden = false;  // another way may be open
+};
+
+Attempt replaceInOneStep(const fs::path& target, const std::optional<struct stat>& old,
+                         std::string_view bytes) {
+    UnfinishedFile unfinished(target);
+    if (!unfinished.isOpen()) {
+        return {errno, forbidsReplacing(errno)};
+    }
+    unfinished.takeAttributes(old);
+    if (!unfinished.write(bytes) || !unfinished.flushAndClose()) {
+        return {errno};
+    }
+    if (!unfinished.putInPlaceOf(target)) {
+        return {errno, forbidsReplacing(errno)};
+    }
+    return {};
+}
+
 }  // namespace
 
 ReplaceResult replaceFile(const fs::path& path, std::string_view bytes) {
@@ -140,10 +168,15 @@ ReplaceResult replaceFile(const fs::path& path, std::string_view bytes) {
     } else if (errno != ENOENT) {
         return failed(errno);
     }
-    UnfinishedFile unfinished(target);
-    if (!unfinished.isOpen() || !unfinished.takeAttributes(old) || !unfinished.write(bytes) ||
-        !unfinished.flushAndClose() || !unfinished.putInPlaceOf(target)) {
-        return failed(errno);
+    if (old && old->st_nlink > 1) {
+        return overwriteFile(target, bytes);  // its other names stay names of the same file
+    }
+    const Attempt attempt = replaceInOneStep(target, old, bytes);
+    if (attempt.isForbidden) {
+        return overwriteFile(target, bytes);
+    }
+    if (attempt.error != 0) {
+        return failed(attempt.error);
     }
     flushFolder(folderOf(target));
     return {true, {}};

@@ -109,6 +109,61 @@ TEST_F(LoadingInUserDefined, AThousandRandomImagesComeBackIdentically) {
     }
 }
 
+TEST_F(Loading, AnImageThatIsTheFilesInEveryByteIsNotMarkedAsChanged) {
+    EXPECT_FALSE(controller.isImageEdited()) << "as it starts";
+    editor.chooseMode(0);
+    EXPECT_TRUE(controller.isImageEdited());
+    save(editor, file);
+    EXPECT_FALSE(controller.isImageEdited());
+    window.combo_chan.choose(3);
+    EXPECT_TRUE(controller.isImageEdited());
+    desktop.answerAlert();
+    load(editor, file);
+    EXPECT_FALSE(controller.isImageEdited());
+}
+
+TEST_F(Loading, AnImageOfWhichALoadRewritesAByteIsMarkedAsChanged) {
+    // With nothing selected, and with the control selected whose kind the load writes.
+    for (const auto& [selected, rewritten] : {std::pair(noControl, 294U), std::pair(57, 224U)}) {
+        state.selection.keyEvnt = selected;
+        config::Image preset = state.sysData;
+        for (const std::size_t place : modeBytes) {
+            preset.at(place) = 4;
+        }
+        preset.at(rewritten) = 0x4B;
+        state.sysData = preset;
+        save(editor, file);
+        EXPECT_FALSE(controller.isImageEdited());
+        load(editor, file);
+        ASSERT_NE(state.sysData.at(rewritten), preset.at(rewritten));
+        expectImage(preset, {rewritten});
+        EXPECT_TRUE(controller.isImageEdited());
+        save(editor, file);
+        EXPECT_FALSE(controller.isImageEdited());
+    }
+}
+
+TEST_F(Loading, ALogicPresetIsMarkedAsChangedOnceItIsLoaded) {
+    editor.chooseMode(4);
+    save(editor, file);
+    EXPECT_FALSE(controller.isImageEdited());
+    load(editor, file);
+    EXPECT_NE(files::contents(file), formattedPreset(state.sysData));
+    EXPECT_TRUE(controller.isImageEdited());
+}
+
+TEST_F(Loading, ARefusedFileLeavesTheMarkAsItWas) {
+    write(file, "no preset");
+    for (const bool edited : {false, true}) {
+        if (edited) {
+            editor.chooseMode(0);
+        }
+        desktop.answerAlert();
+        load(editor, file);
+        EXPECT_EQ(controller.isImageEdited(), edited);
+    }
+}
+
 TEST_F(Loading, LeavesTheFileAsItWas) {
     const std::string text = formattedPreset(state.sysData);
     write(file, text);

@@ -1,10 +1,14 @@
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 
 #include "editor/PresetFiles.h"
 #include "files/ChildProcess.h"
+#include "files/FileDescriptor.h"
 
 // Files that are no presets, or cannot be read: an alert, and nothing changes.
 
@@ -134,7 +138,19 @@ TEST_F(Refusal, OfANumberThatIsCutOffWhereReadingEnds) {
 }
 
 TEST_F(Refusal, OfAFolder) {
-    expectRefusal(folder.path(), noPreset);
+    expectRefusal(folder.path(), notLoaded);  // it cannot be opened for writing
+}
+
+TEST_F(Refusal, OfASocket) {
+    const files::FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    const std::string path = file;
+    ASSERT_LT(path.size(), sizeof address.sun_path);
+    std::copy(path.begin(), path.end(), std::begin(address.sun_path));
+    const void* generic = &address;
+    ASSERT_EQ(::bind(socket.get(), static_cast<const sockaddr*>(generic), sizeof address), 0);
+    expectRefusal(file, notLoaded);
 }
 
 TEST_F(Refusal, OfAPipeWithoutWaitingForIt) {

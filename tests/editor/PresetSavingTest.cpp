@@ -134,12 +134,28 @@ TEST_F(Saving, SaysThatTheFileIsProtected) {
     EXPECT_EQ(files::permissions(file), 0444U);
 }
 
-TEST_F(Saving, SaysThatTheFolderIsProtected) {
+TEST_F(Saving, TellsInTheStatusLineWhetherThePresetWasReplacedInOneStep) {
+    save(editor, file);
+    EXPECT_EQ(window.status.stringValue(), "Saved My preset.Tormelk");
+    fs::create_hard_link(file, folder / "its other name");
+    save(editor, file);
+    EXPECT_EQ(
+        window.status.stringValue(),
+        "Saved My preset.Tormelk by writing into the file itself; a power cut meanwhile would "
+        "have damaged it");
+    EXPECT_EQ(contents(folder / "its other name"), formattedPreset(state.sysData));
+    EXPECT_EQ(state.bChange, 0);
+}
+
+TEST_F(Saving, WritesOverAPresetInAProtectedFolderAndMakesNoNewOneThere) {
     write(file, "old");
+    fs::permissions(file, fs::perms(0666));
     fs::permissions(folder.path(), fs::perms(0555));
     files::asOrdinaryUser([&] {
-        expectFailureOverOldFile(EACCES);
         expectFailure(folder / "new", EACCES);
+        save(editor, file);
+        EXPECT_EQ(contents(file), formattedPreset(state.sysData));
+        EXPECT_EQ(state.bChange, 0);
     });
     fs::permissions(folder.path(), fs::perms(0755));
     EXPECT_THAT(folder.names(), ElementsAre("My preset.Tormelk"));

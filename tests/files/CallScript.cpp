@@ -1,8 +1,10 @@
 #include "files/CallScript.h"
 
+#include <fcntl.h>
 #include <sys/types.h>
 
 #include <cerrno>
+#include <cstdarg>
 
 namespace files {
 namespace {
@@ -28,14 +30,18 @@ CallScript::~CallScript() {
     current = nullptr;
 }
 
-void CallScript::fail(std::string_view call, int error, int times) {
-    failures_[std::string(call)] = {error, times};
+void CallScript::fail(std::string_view call, int error, int times, int after) {
+    failures_[std::string(call)] = {error, times, after};
 }
 
 bool CallScript::takes(std::string_view call) {
     calls_.emplace_back(call);
     const auto failure = failures_.find(call);
     if (failure == failures_.end() || failure->second.times == 0) {
+        return false;
+    }
+    if (failure->second.after > 0) {
+        --failure->second.after;
         return false;
     }
     --failure->second.times;
@@ -56,6 +62,10 @@ int __real_close(int file);
 int __real_rename(const char* from, const char* to);
 int __real_fchown(int file, uid_t user, gid_t group);
 int __real_fchmod(int file, mode_t mode);
+int __real_open(const char* path, int flags, ...);
+int __real_mkostemp(char* path, int flags);
+int __real_fallocate(int file, int mode, off_t from, off_t size);
+int __real_ftruncate(int file, off_t size);
 
 ssize_t __wrap_read(int file, void* bytes, std::size_t size);
 ssize_t __wrap_write(int file, const void* bytes, std::size_t size);
@@ -64,6 +74,10 @@ int __wrap_close(int file);
 int __wrap_rename(const char* from, const char* to);
 int __wrap_fchown(int file, uid_t user, gid_t group);
 int __wrap_fchmod(int file, mode_t mode);
+int __wrap_open(const char* path, int flags, ...);
+int __wrap_mkostemp(char* path, int flags);
+int __wrap_fallocate(int file, int mode, off_t from, off_t size);
+int __wrap_ftruncate(int file, off_t size);
 
 ssize_t __wrap_read(int file, void* bytes, std::size_t size) {
     return files::fails("read") ? -1 : __real_read(file, bytes, files::allowed(size));
@@ -97,6 +111,27 @@ int __wrap_fchown(int file, uid_t user, gid_t group) {
 
 int __wrap_fchmod(int file, mode_t mode) {
     return files::fails("fchmod") ? -1 : __real_fchmod(file, mode);
+}
+
+int __wrap_open(const char* path, int flags, ...) {
+    std::va_list others;
+    va_start(others, flags);
+    const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(others, mode_t) : 0;
+    va_end(others);
+    return files::fails("open") ? -1 : __real_open(path, flags, mode);
+}
+
+int __wrap_mkostemp(char* path, int flags) {
+    return files::fails("mkostemp") ? -1 : __real_mkostemp(path, flags);
+}
+
+int __wrap_fallocate(int file, int mode, off_t from, off_t size) {
+    return files::fails("fallocate") ? -1 : __real_fallocate(file, mode, from, size);
+}
+
+int __wrap_ftruncate(int file, off_t size) {
+    const bool failing = files::fails("ftruncate");
+    return failing && errno == 0 ? 0 : failing ? -1 : __real_ftruncate(file, size);
 }
 
 }  // extern "C"

@@ -9,8 +9,9 @@
 namespace files {
 
 /// While it lives, the system calls that reading and replacing files are made of go through it:
-/// it writes them down and makes them fail as a test wants. They are read, write, fsync,
-/// close, rename, fchown and fchmod; the linker sends them here (see CMakeLists.txt).
+/// it writes them down and makes them fail as a test wants. They are open, mkostemp,
+/// read, write, fallocate, ftruncate, fsync, close, rename, fchown and fchmod; the linker sends
+/// them here (see CMakeLists.txt).
 class CallScript {
 public:
     CallScript();
@@ -18,8 +19,12 @@ public:
     CallScript& operator=(const CallScript&) = delete;
     ~CallScript();
 
-    /// The next `times` calls of this name do nothing and report `error`.
-    void fail(std::string_view call, int error, int times = 1);
+    /// `times` calls of this name do nothing and report `error`: the next ones, or those after
+    /// `after` that go well.
+    void fail(std::string_view call, int error, int times = 1, int after = 0);
+
+    /// The next call of this name does nothing and reports success.
+    void pretend(std::string_view call) { fail(call, 0); }
 
     /// No read and no write takes more bytes than this at a time.
     void shorten(std::size_t most) { most_ = most; }
@@ -37,6 +42,7 @@ private:
     struct Failure {
         int error = 0;
         int times = 0;
+        int after = 0;
     };
     std::map<std::string, Failure, std::less<>> failures_;
     std::vector<std::string> calls_;

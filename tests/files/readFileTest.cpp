@@ -1,6 +1,7 @@
 #include "files/readFile.h"
 
 #include <fcntl.h>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -148,9 +149,14 @@ TEST(ReadFile, CannotOpenAFileOfAReadOnlyFileSystem) {
     });
 }
 
-TEST(ReadFile, TellsThatAFolderIsNoFile) {
+TEST(ReadFile, CannotOpenAFolderForWriting) {
     const TemporaryFolder folder;
-    EXPECT_EQ(readFile(folder.path(), plenty).status, Status::NotRegular);
+    fs::create_directory(folder / "folder");
+    fs::create_directory_symlink("folder", folder / "link");
+    for (const char* const name : {"folder", "link"}) {
+        EXPECT_EQ(readFile(folder / name, plenty).status, Status::CannotOpen);
+        EXPECT_EQ(readFile(folder / name, plenty, Access::Read).status, Status::NotRegular);
+    }
 }
 
 TEST(ReadFile, NeverWaitsForAPipe) {
@@ -164,12 +170,31 @@ TEST(ReadFile, NeverWaitsForAPipe) {
     });
 }
 
+TEST(ReadFile, OpensNeitherAPipeNorADevice) {
+    const TemporaryFolder folder;
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0666), 0);
+    const CallScript script;
+    EXPECT_EQ(readFile(folder / "pipe", plenty).status, Status::NotRegular);
+    EXPECT_EQ(readFile("/dev/zero", plenty).status, Status::NotRegular);
+    EXPECT_THAT(script.calls(), testing::IsEmpty());
+}
+
+TEST(ReadFile, CannotOpenAPipeThatItMayNotReadAndWrite) {
+    const TemporaryFolder folder;
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0666), 0);
+    fs::permissions(folder / "pipe", fs::perms(0444));
+    asOrdinaryUser([&] {
+        EXPECT_EQ(readFile(folder / "pipe", plenty).status, Status::CannotOpen);
+        EXPECT_EQ(readFile(folder / "pipe", plenty, Access::Read).status, Status::NotRegular);
+    });
+}
+
 TEST(ReadFile, TellsThatADeviceIsNoFile) {
     EXPECT_EQ(readFile("/dev/zero", plenty).status, Status::NotRegular);
     EXPECT_EQ(readFile("/dev/null", plenty).status, Status::NotRegular);
 }
 
-TEST(ReadFile, TellsThatASocketIsNoFile) {
+TEST(ReadFile, CannotOpenASocket) {
     const TemporaryFolder folder;
     const FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
     sockaddr_un address{};
@@ -179,7 +204,8 @@ TEST(ReadFile, TellsThatASocketIsNoFile) {
     std::copy(path.begin(), path.end(), std::begin(address.sun_path));
     const void* generic = &address;
     ASSERT_EQ(::bind(socket.get(), static_cast<const sockaddr*>(generic), sizeof address), 0);
-    EXPECT_EQ(readFile(path, plenty).status, Status::NotRegular);
+    EXPECT_EQ(readFile(path, plenty).status, Status::CannotOpen);
+    EXPECT_EQ(readFile(path, plenty, Access::Read).status, Status::CannotOpen);
 }
 
 TEST(ReadFile, GoesOnAfterShortAndInterruptedReads) {

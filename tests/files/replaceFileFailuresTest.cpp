@@ -115,10 +115,7 @@ TEST(ReplaceFileFailure, TheFolderIsProtected) {
     write(folder / "file", "old");
     fs::permissions(folder / "file", fs::perms(0666));
     fs::permissions(folder.path(), fs::perms(0555));
-    asOrdinaryUser([&] {
-        expectRefused(replaceFile(folder / "file", "new"), EACCES);
-        expectRefused(replaceFile(folder / "other", "new"), EACCES);
-    });
+    asOrdinaryUser([&] { expectRefused(replaceFile(folder / "other", "new"), EACCES); });
     fs::permissions(folder.path(), fs::perms(0755));
     EXPECT_EQ(contents(folder / "file"), "old");
     EXPECT_THAT(folder.names(), ElementsAre("file"));
@@ -161,6 +158,19 @@ TEST(ReplaceFileFailure, TheFileSystemIsFull) {
         // Its room is free again.
         EXPECT_TRUE(replaceFile(folder / "file", std::string(2 * page, 'n')).replaced);
     });
+}
+
+TEST(ReplaceFileFailure, AFullDiskIsNoReasonToWriteOverTheOldFile) {
+    const TemporaryFolder folder;
+    write(folder / "file", "old");
+    for (const char* const step : {"mkostemp", "write", "fsync", "close", "rename"}) {
+        for (const int error : {ENOSPC, EDQUOT, EFBIG, EIO}) {
+            CallScript script;
+            script.fail(step, error);
+            expectRefused(replaceFile(folder / "file", "new"), error);
+            EXPECT_EQ(contents(folder / "file"), "old") << step;
+        }
+    }
 }
 
 TEST(ReplaceFileFailure, TheFileSystemTakesNoMoreFiles) {
@@ -210,11 +220,13 @@ TEST_P(ReplaceFileFailureOf, LeavesTheOldFileAndNothingBeside) {
     EXPECT_EQ(contents(folder / "file"), "old");
     EXPECT_EQ(permissions(folder / "file"), 0640U);
     EXPECT_THAT(folder.names(), ElementsAre("file"));
-    EXPECT_EQ(script.calls().back(), std::string(GetParam()) == "rename" ? "rename" : "close");
+    const bool wasOpen = std::string(GetParam()) == "write" || std::string(GetParam()) == "fsync" ||
+                         std::string(GetParam()) == "close";
+    EXPECT_EQ(script.calls().back(), wasOpen ? "close" : GetParam());
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryStep, ReplaceFileFailureOf,
-                         testing::Values("fchmod", "write", "fsync", "close", "rename"),
+                         testing::Values("mkostemp", "write", "fsync", "close", "rename"),
                          [](const auto& step) { return std::string(step.param); });
 
 TEST(ReplaceFileFailure, OfGivingAwayTheNewFileIsNone) {

@@ -3,11 +3,13 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
+#include <tuple>
 
 #include "files/CallScript.h"
 #include "files/ChildProcess.h"
@@ -24,6 +26,19 @@ using testing::ElementsAre;
 
 void expectReplaced(const ReplaceResult& result) {
     EXPECT_TRUE(result.replaced);
+    EXPECT_TRUE(result.inOneStep);
+    EXPECT_EQ(result.reason, "");
+}
+
+unsigned currentMask() {
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    return mask;
+}
+
+void expectWrittenOver(const ReplaceResult& result) {
+    EXPECT_TRUE(result.replaced);
+    EXPECT_FALSE(result.inOneStep);
     EXPECT_EQ(result.reason, "");
 }
 
@@ -62,8 +77,8 @@ TEST(ReplaceFile, FlushesToDiskBeforeTheFileIsPutInPlaceAndTheFolderAfterwards) 
     const TemporaryFolder folder;
     CallScript script;
     expectReplaced(replaceFile(folder / "file", "contents"));
-    EXPECT_THAT(script.calls(),
-                ElementsAre("fchmod", "write", "fsync", "close", "rename", "fsync", "close"));
+    EXPECT_THAT(script.calls(), ElementsAre("mkostemp", "fchmod", "write", "fsync", "close",
+                                            "rename", "open", "fsync", "close"));
 }
 
 TEST(ReplaceFile, GoesOnAfterShortAndInterruptedWrites) {
@@ -75,6 +90,7 @@ TEST(ReplaceFile, GoesOnAfterShortAndInterruptedWrites) {
     CallScript script;
     script.shorten(7);
     script.fail("write", EINTR, 3);
+    script.fail("fsync", EINTR, 2);
     expectReplaced(replaceFile(folder / "file", bytes));
     EXPECT_EQ(contents(folder / "file"), bytes);
 }
@@ -197,6 +213,98 @@ TEST(ReplaceFile, TakesANameAsLongAsThereAre) {
     expectReplaced(replaceFile(folder / name, "newer"));
     EXPECT_EQ(contents(folder / name), "newer");
 }
+
+TEST(ReplaceFile, GoesWithoutPermissionsAndOwnersWhereAMountRefusesThem) {
+    const TemporaryFolder folder;
+    write(folder / "file", "old");
+    for (const char* const name : {"file", "new file"}) {
+        CallScript script;
+        script.fail("fchmod", EPERM);
+        script.fail("fchown", EPERM, 2);
+        expectReplaced(replaceFile(folder / name, "new"));
+        EXPECT_EQ(contents(folder / name), "new");
+    }
+    EXPECT_THAT(folder.names(), ElementsAre("file", "new file"));
+}
+
+TEST(ReplaceFile, KeepsEveryNameOfAFileThatHasSeveral) {
+    const TemporaryFolder folder;
+    fs::create_directory(folder / "elsewhere");
+    write(folder / "file", "old");
+    fs::permissions(folder / "file", fs::perms(0640));
+    fs::create_hard_link(folder / "file", folder / "elsewhere" / "name");
+    fs::create_symlink("file", folder / "link");
+    expectWrittenOver(replaceFile(folder / "file", "new"));
+    EXPECT_EQ(contents(folder / "elsewhere" / "name"), "new");
+    expectWrittenOver(replaceFile(folder / "link", "newer"));
+    EXPECT_EQ(contents(folder / "elsewhere" / "name"), "newer");
+    EXPECT_TRUE(fs::equivalent(folder / "file", folder / "elsewhere" / "name"));
+    EXPECT_TRUE(fs::is_symlink(folder / "link"));
+    EXPECT_EQ(permissions(folder / "file"), 0640U);
+    EXPECT_THAT(folder.names(), ElementsAre("elsewhere", "file", "link"));
+}
+
+TEST(ReplaceFile, WritesOverAFileInAFolderThatTakesNoNewOnes) {
+    const TemporaryFolder folder;
+    write(folder / "file", "something longer than what comes");
+    fs::permissions(folder / "file", fs::perms(0666));
+    fs::permissions(folder.path(), fs::perms(0555));
+    asOrdinaryUser([&] { expectWrittenOver(replaceFile(folder / "file", "new")); });
+    fs::permissions(folder.path(), fs::perms(0755));
+    EXPECT_EQ(contents(folder / "file"), "new");
+    EXPECT_EQ(permissions(folder / "file"), 0666U);
+    EXPECT_THAT(folder.names(), ElementsAre("file"));
+}
+
+TEST(ReplaceFile, WritesOverAnothersFileInASharedFolder) {
+    if (::geteuid() != 0) {
+        GTEST_SKIP() << "only root can make a folder of another's";
+    }
+    const TemporaryFolder folder;
+    write(folder / "file", "old");
+    fs::permissions(folder / "file", fs::perms(0666));
+    fs::permissions(folder.path(), fs::perms(01777));  // as /tmp is
+    asOrdinaryUser([&] { expectWrittenOver(replaceFile(folder / "file", "new")); });
+    EXPECT_EQ(contents(folder / "file"), "new");
+    EXPECT_THAT(folder.names(), ElementsAre("file"));
+}
+
+TEST(ReplaceFile, WritesOverAFileThatIsAMount) {
+    const TemporaryFolder folder;
+    withFileSystem(folder.path(), "size=64k", [&] {
+        write(folder / "real", "old");
+        write(folder / "file", "below");
+        if (::mount((folder / "real").c_str(), (folder / "file").c_str(), nullptr, MS_BIND,
+                    nullptr) != 0) {
+            GTEST_SKIP() << "this user may mount no file here";
+        }
+        expectWrittenOver(replaceFile(folder / "file", "new"));
+        EXPECT_EQ(contents(folder / "real"), "new");
+        EXPECT_THAT(folder.names(), ElementsAre("file", "real"));
+    });
+}
+
+/// What a system may say that will not have a file replaced.
+class ReplaceFileRefused : public testing::TestWithParam<std::tuple<const char*, int>> {};
+
+TEST_P(ReplaceFileRefused, WritesTheFileItself) {
+    const TemporaryFolder folder;
+    write(folder / "file", "old");
+    const auto& [call, error] = GetParam();
+    for (const char* const name : {"file", "new file"}) {
+        CallScript script;
+        script.fail(call, error);
+        expectWrittenOver(replaceFile(folder / name, "new"));
+        EXPECT_EQ(contents(folder / name), "new");
+    }
+    EXPECT_EQ(permissions(folder / "new file"), 0666U & ~currentMask());
+    EXPECT_THAT(folder.names(), ElementsAre("file", "new file"));
+}
+
+INSTANTIATE_TEST_SUITE_P(EitherStep, ReplaceFileRefused,
+                         testing::Combine(testing::Values("mkostemp", "rename"),
+                                          testing::Values(EACCES, EPERM, EROFS, EBUSY, EXDEV,
+                                                          EINVAL, ENOSYS, EOPNOTSUPP)));
 
 }  // namespace
 }  // namespace files
