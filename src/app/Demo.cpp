@@ -1,12 +1,30 @@
 #include "app/Demo.h"
 
+#include <QScreen>
+#include <QWindow>
+#include <algorithm>
+#include <utility>
+
 namespace app {
 
-Demo::Demo()
+namespace {
+
+/// Its top left corner stays in the room even where it is too large for it.
+void moveInto(const QRect& room, QRect& window) {
+    window.moveRight(std::min(window.right(), room.right()));
+    window.moveBottom(std::min(window.bottom(), room.bottom()));
+    window.moveLeft(std::max(window.left(), room.left()));
+    window.moveTop(std::max(window.top(), room.top()));
+}
+
+}  // namespace
+
+Demo::Demo(qt::QtDesktop::EndProcess endProcess)
     : otherDevice(midiService.addDevice("Spare Port")),
       device(midiService.addDevice("Tormelk")),
       source(device.addSource("Tormelk MIDI 1")),
       destination(device.addDestination("Tormelk MIDI 1")),
+      desktop(std::move(endProcess)),
       simulatorView(tormelk),
       editor(midiService, desktop) {
     otherDevice.addSource("Spare Port MIDI 1");
@@ -21,8 +39,34 @@ Demo::Demo()
 void Demo::show() {
     simulatorView.show();
     editor.show();  // in front
-    const QRect main = editor.view.frameGeometry();
-    simulatorView.move(main.right() + 1, main.top());
+    for (const QWidget* window :
+         {static_cast<QWidget*>(&simulatorView), static_cast<QWidget*>(&editor.view)}) {
+        window->windowHandle()->installEventFilter(&placing_);
+    }
+}
+
+bool Demo::Placing::eventFilter(QObject* watched, QEvent* event) {
+    const bool shown = event->type() == QEvent::Expose &&
+                       demo_.simulatorView.windowHandle()->isExposed() &&
+                       demo_.editor.view.windowHandle()->isExposed();
+    if (shown && !isDone_) {
+        isDone_ = true;
+        demo_.placeSideBySide();
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void Demo::placeSideBySide() {
+    const QRect room = editor.view.screen()->availableGeometry();
+    QRect left = editor.view.frameGeometry();
+    QRect right = simulatorView.frameGeometry();
+    // As far left as both need, but no corner off the screen.
+    left.moveLeft(std::min(left.left(), room.right() + 1 - left.width() - right.width()));
+    moveInto(room, left);
+    right.moveTopLeft(left.topRight() + QPoint(1, 0));
+    moveInto(room, right);
+    editor.view.move(left.topLeft());
+    simulatorView.move(right.topLeft());
 }
 
 }  // namespace app

@@ -12,8 +12,10 @@ namespace app {
 /// port "Tormelk MIDI 1" arrives there. A second port, to which nothing listens, makes the choice
 /// of the port a real one.
 struct Demo {
-    Demo();
+    /// Without `endProcess` the process is ended for real.
+    explicit Demo(qt::QtDesktop::EndProcess endProcess = nullptr);
 
+    /// Side by side where the screen has room for it.
     void show();
 
     platform::software::SoftwareMidiService midiService;
@@ -25,6 +27,22 @@ struct Demo {
     qt::QtDesktop desktop;
     qt::SimulatorView simulatorView;
     Editor editor;
+
+private:
+    /// Waits until the desktop has given the windows their frames, and then places them.
+    class Placing final : public QObject {
+    public:
+        explicit Placing(Demo& demo) : demo_(demo) {}
+        bool eventFilter(QObject* watched, QEvent* event) override;
+
+    private:
+        Demo& demo_;
+        bool isDone_ = false;
+    };
+
+    void placeSideBySide();
+
+    Placing placing_{*this};
 };
 
 }  // namespace app

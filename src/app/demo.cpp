@@ -3,7 +3,6 @@
 //     tormelk-demo
 //     tormelk-demo --check [--screenshot FILE]
 
-#include <QApplication>
 #include <QTimer>
 #include <chrono>
 #include <cstdio>
@@ -11,8 +10,10 @@
 
 #include "app/Demo.h"
 #include "app/DemoCheck.h"
+#include "app/ProgramEnd.h"
 #include "app/Watchdog.h"
 #include "app/identity.h"
+#include "app/openDisplay.h"
 
 namespace {
 
@@ -50,14 +51,16 @@ bool check(app::Demo& demo, const QString& screenshot) {
 }  // namespace
 
 int main(int count, char** arguments) {
-    const QApplication application(count, arguments);
+    const auto application = app::openDisplay(count, arguments);
     app::setIdentity();
     const std::optional<Options> options = read(QApplication::arguments());
     if (!options) {
         std::fputs("Usage: tormelk-demo [--check [--screenshot FILE]]\n", stderr);
         return 2;
     }
-    app::Demo demo;
+    app::ProgramEnd programEnd;
+    app::Demo demo([&programEnd](int status) { programEnd.end(status); });
+    demo.desktop.onSleep([&programEnd] { programEnd.attend(); });
     demo.show();
     if (options->check) {
         QTimer::singleShot(0, &demo.editor.view, [&demo, &options] {

@@ -6,8 +6,10 @@
 #include <cstdio>
 #include <memory>
 
+#include "app/ProgramEnd.h"
 #include "app/Simulator.h"
 #include "app/TerminalReport.h"
+#include "app/openDisplay.h"
 #include "platform/alsa/AlsaMidiService.h"
 #include "qt/SimulatorView.h"
 
@@ -30,12 +32,14 @@ int main(int, char** arguments) {
     const bool inWindow = hasDisplay();
     std::unique_ptr<QCoreApplication> application;
     if (inWindow) {
-        application = std::make_unique<QApplication>(count, arguments);
+        application = app::openDisplay(count, arguments);
     } else {
         application = std::make_unique<QCoreApplication>(count, arguments);
     }
     QCoreApplication::setApplicationName(QStringLiteral("tormelk-simulator"));
+    app::ProgramEnd programEnd;
     platform::alsa::AlsaMidiService midiService("Tormelk Simulator");
+    programEnd.before([&midiService] { midiService.end(); });
     app::Simulator simulator(midiService);
     if (!simulator.isPublished()) {
         std::fputs("tormelk-simulator: there is no ALSA sequencer here\n", stderr);
@@ -46,8 +50,8 @@ int main(int, char** arguments) {
     if (inWindow) {
         qt::SimulatorView view(simulator.tormelk);
         view.show();
-        return QCoreApplication::exec();
+        programEnd.end(QCoreApplication::exec());
     }
     const app::TerminalReport report(simulator.tormelk);
-    return QCoreApplication::exec();
+    programEnd.end(QCoreApplication::exec());
 }

@@ -12,6 +12,7 @@
 #include <utility>
 
 #include "qt/asText.h"
+#include "qt/noSettings.h"
 #include "qt/windowInFront.h"
 
 namespace qt {
@@ -52,6 +53,7 @@ bool isAnyWindowVisible() {
 }  // namespace
 
 QtDesktop::QtDesktop(EndProcess endProcess) : endProcess_(std::move(endProcess)) {
+    keepNoSettings();
     QApplication::setQuitOnLastWindowClosed(false);
 }
 
@@ -137,7 +139,6 @@ void QtDesktop::sleepForTimeInterval(std::chrono::duration<double> seconds) {
 }
 
 void QtDesktop::exit(int status) {
-    settings_.remove();
     if (endProcess_) {
         endProcess_(status);
         return;

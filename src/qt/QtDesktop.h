@@ -23,7 +23,6 @@
 #include "qt/DialogView.h"
 #include "qt/FilePanels.h"
 #include "qt/Sleeper.h"
-#include "qt/TemporarySettings.h"
 #include "toolkit/Desktop.h"
 
 namespace qt {
@@ -51,6 +50,9 @@ public:
     void onLastWindowClosed(std::function<void()> handler) {
         lastWindowClosed_ = std::move(handler);
     }
+
+    /// Runs around every wait of a sleep: for what cannot wait until the job is done.
+    void onSleep(std::function<void()> lookUp) { sleeper_.onSleep(std::move(lookUp)); }
 
     toolkit::AlertAnswer runAlertPanel(const toolkit::Alert& alert) override;
     std::optional<std::filesystem::path> runSavePanel(const toolkit::SavePanel& panel) override;
@@ -82,8 +84,7 @@ private:
     [[nodiscard]] std::unique_ptr<DialogView> buildView(toolkit::WindowController& controller);
     void lookForLastWindow();
 
-    TemporarySettings settings_;
-    FilePanels filePanels_;  // which write into the settings as they go
+    FilePanels filePanels_;
     EndProcess endProcess_;
     Sleeper sleeper_;
     std::map<std::type_index, Builder> builders_;

@@ -60,9 +60,11 @@ void Sleeper::sleep(std::chrono::duration<double> seconds) {
         breathed_ = false;
     }
     const ExactTimers exactTimers;
-    for (Clock::time_point now = start; now < end; now = Clock::now()) {
+    lookUp();
+    for (Clock::time_point now = Clock::now(); now < end; now = Clock::now()) {
         breathe(now);
         waitUntil(std::min(end, lastBreath_ + betweenBreaths));
+        lookUp();
     }
     lastSleepEnd_ = Clock::now();
 }
@@ -75,6 +77,12 @@ void Sleeper::endJob() {
     const InputShield::Up up(shield_);
     QGuiApplication::sync();  // fetches what the display still holds, and processes it
     QCoreApplication::processEvents();
+}
+
+void Sleeper::lookUp() const {
+    if (lookUp_) {
+        lookUp_();
+    }
 }
 
 void Sleeper::breathe(Clock::time_point now) {

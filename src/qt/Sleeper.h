@@ -1,6 +1,8 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
+#include <utility>
 
 #include "qt/InputShield.h"
 
@@ -14,6 +16,10 @@ class Sleeper {
 public:
     void sleep(std::chrono::duration<double> seconds);
 
+    /// Runs before and after every wait that a sleep is made of, the longest of which is a tenth of
+    /// a second.
+    void onSleep(std::function<void()> lookUp) { lookUp_ = std::move(lookUp); }
+
     /// The job is done, and the person is about to be asked something: input that came up to now is
     /// thrown away too. After a job that did not breathe, or none, it does nothing.
     void endJob();
@@ -21,9 +27,11 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
 
+    void lookUp() const;
     void breathe(Clock::time_point now);
     void waitUntil(Clock::time_point end);
 
+    std::function<void()> lookUp_;
     Clock::time_point lastSleepEnd_{};
     Clock::time_point lastBreath_{};
     bool breathed_ = false;  // in the job that is going on
