@@ -25,6 +25,16 @@ bool hasDisplay() {
     return false;
 }
 
+/// Says on the terminal whether others can see it.
+void tell(const app::Simulator& simulator) {
+    if (simulator.isPublished()) {
+        std::puts("ready: Tormelk MIDI 1");
+        std::fflush(stdout);
+    } else {
+        std::fprintf(stderr, "tormelk-simulator: %s\n", simulator.trouble().c_str());
+    }
+}
+
 }  // namespace
 
 int main(int, char** arguments) {
@@ -41,16 +51,19 @@ int main(int, char** arguments) {
     platform::alsa::AlsaMidiService midiService("Tormelk Simulator");
     programEnd.before([&midiService] { midiService.end(); });
     app::Simulator simulator(midiService);
-    if (!simulator.isPublished()) {
-        std::fputs("tormelk-simulator: there is no ALSA sequencer here\n", stderr);
-        return 1;
-    }
-    std::puts("ready: Tormelk MIDI 1");
-    std::fflush(stdout);
+    tell(simulator);
     if (inWindow) {
         qt::SimulatorView view(simulator.tormelk);
+        view.setNotice(QString::fromStdString(simulator.trouble()));
+        simulator.onChange = [&] {
+            tell(simulator);
+            view.setNotice(QString::fromStdString(simulator.trouble()));
+        };
         view.show();
         programEnd.end(QCoreApplication::exec());
+    }
+    if (!simulator.isPublished()) {
+        return 1;
     }
     const app::TerminalReport report(simulator.tormelk);
     programEnd.end(QCoreApplication::exec());

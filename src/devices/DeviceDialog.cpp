@@ -1,7 +1,10 @@
 #include "devices/DeviceDialog.h"
 
 #include <algorithm>
+#include <string>
 #include <utility>
+
+#include "devices/missingMidi.h"
 
 namespace devices {
 namespace {
@@ -88,6 +91,22 @@ bool awaitsChoice(const toolkit::ComboBox& box) {
     return box.numberOfItems() > 0 && box.indexOfSelectedItem() < 0;
 }
 
+std::string hintFor(const platform::ServiceState& midi, bool noInput, bool noOutput) {
+    if (const std::string why = whyNoMidi(midi); !why.empty()) {
+        const std::string remedy = remedyForNoMidi(midi);
+        return why + " " + (remedy.empty() ? "Opening this window again tries again." : remedy);
+    }
+    if (!noInput && !noOutput) {
+        return {};
+    }
+    std::string missing = "device";
+    if (!noInput || !noOutput) {
+        missing = noInput ? "input" : "output";
+    }
+    return "There is no MIDI " + missing +
+           ". Connect the controller and switch it on: it appears here by itself.";
+}
+
 }  // namespace
 
 DeviceDialog::DeviceDialog(midi::ZQMIDIProcess& process, toolkit::Desktop& desktop,
@@ -109,8 +128,11 @@ void DeviceDialog::fillLists() {
     preselect(combo_in, shownInputs_, chosen_.g_inDevice);
     preselect(combo_out, shownOutputs_, chosen_.g_outDevice);
     judgeOk();
+    showHint();
     setupChanges_ = process_.notificationCentre().addObserver(
         midi::ZQMIDISetupChanged, [this](const void*) { setupChanged(); });
+    stateChanges_ = process_.service().stateChanges().addObserver(
+        platform::MIDIServiceStateChanged, [this](const void*) { showHint(); });
 }
 
 void DeviceDialog::setupChanged() {
@@ -118,6 +140,12 @@ void DeviceDialog::setupChanged() {
     follow(combo_in, shownInputs_, referencesTo(manager.realSources()), chosen_.g_inDevice);
     follow(combo_out, shownOutputs_, referencesTo(manager.realDestinations()), chosen_.g_outDevice);
     judgeOk();
+    showHint();
+}
+
+void DeviceDialog::showHint() {
+    hint.setStringValue(
+        hintFor(process_.service().state(), shownInputs_.empty(), shownOutputs_.empty()));
 }
 
 void DeviceDialog::judgeOk() {

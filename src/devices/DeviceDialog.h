@@ -12,6 +12,7 @@
 #include "toolkit/Button.h"
 #include "toolkit/ComboBox.h"
 #include "toolkit/Desktop.h"
+#include "toolkit/TextField.h"
 #include "toolkit/WindowController.h"
 
 namespace devices {
@@ -33,6 +34,8 @@ public:
     /// Disabled while a list that has entries has no selection.
     toolkit::Button okButton;
     toolkit::Button cancelButton;
+    /// Why a list is empty, and what can be done about it; empty where there is nothing to say.
+    toolkit::TextField hint;
 
     /// Stores the choice and closes the window. Where OK is not allowed it does nothing.
     void ok();
@@ -52,6 +55,7 @@ protected:
 private:
     void setupChanged();
     void judgeOk();
+    void showHint();
     void storeChoice();
 
     midi::ZQMIDIProcess& process_;
@@ -62,6 +66,7 @@ private:
     std::vector<midi::ZQMIDIRealSource*> shownInputs_;
     std::vector<midi::ZQMIDIRealDestination*> shownOutputs_;
     platform::NotificationCentre::Registration setupChanges_;
+    platform::NotificationCentre::Registration stateChanges_;
 };
 
 }  // namespace devices

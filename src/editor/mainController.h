@@ -226,6 +226,8 @@ private:
     std::unique_ptr<shell::about> ab_;  // made on first use, then kept
     config::PresetBytes onFile_{};
     platform::NotificationCentre::Registration setupChanges_;
+    platform::NotificationCentre::Registration stateChanges_;
+    std::string hint_;  // the one given last
     std::string programName_;
     std::int32_t version_ = 0;
 };

@@ -1,5 +1,6 @@
 // Which output a Send goes to, and whether it is there.
 
+#include "devices/missingMidi.h"
 #include "editor/mainController.h"
 
 namespace editor {
@@ -11,11 +12,23 @@ constexpr std::string_view noneFound =
 constexpr std::string_view noneChosen =
     "Choose the controller's MIDI output under MIDI Devices, then Send.";
 
+/// What to do while no output is chosen.
+std::string hintFor(const platform::ServiceState& midi) {
+    if (const std::string why = devices::whyNoMidi(midi); !why.empty()) {
+        const bool isKnown = !devices::remedyForNoMidi(midi).empty();
+        return why + (isKnown ? " MIDI Devices tells what to do." : " MIDI Devices tries again.");
+    }
+    return std::string(midi.hasDestination ? noneChosen : noneFound);
+}
+
 }  // namespace
 
 void mainController::followOutput() {
     setupChanges_ = devices_.process().notificationCentre().addObserver(
         midi::ZQMIDISetupChanged, [this](const void*) { showOutput(); });
+    // Before the first device dialog there is no manager that would tell.
+    stateChanges_ = devices_.process().service().stateChanges().addObserver(
+        platform::MIDIServiceStateChanged, [this](const void*) { showOutput(); });
     showOutput();
 }
 
@@ -27,17 +40,17 @@ void mainController::showOutput() {
         giveHint({});
         return;
     }
-    const bool anyOnline =
-        !devices_.process().sharedInstance().realDestinationsOnlineOrInUse().empty();
+    const platform::ServiceState midi = devices_.process().service().state();
     window_.outputLamp.setState(0);
-    window_.output.setStringValue(anyOnline ? "No output chosen" : "No output found");
-    giveHint(anyOnline ? noneChosen : noneFound);
+    window_.output.setStringValue(midi.hasDestination ? "No output chosen" : "No output found");
+    giveHint(hintFor(midi));
 }
 
 /// What to do next, in the status line until something has been done.
 void mainController::giveHint(std::string_view hint) {
     const std::string& shown = window_.status.stringValue();
-    if (shown.empty() || shown == noneFound || shown == noneChosen) {
+    if (shown.empty() || shown == hint_) {
+        hint_ = hint;
         window_.status.setStringValue(hint);
     }
 }

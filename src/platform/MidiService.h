@@ -1,9 +1,8 @@
 #pragma once
 
 // The operations of a MIDI service that the endpoint layer (midi/) calls, as one abstract class.
-// Implementations: platform/alsa (the product), platform/software (in this process: tests, the
-// demo) and AbsentMidiService (a computer without MIDI). Handles are plain integers, 0 is none;
-// results are codes, 0 is success.
+// Implementations: platform/alsa (the product) and platform/software (in this process: tests, the
+// demo). Handles are plain integers, 0 is none; results are codes, 0 is success.
 //
 // All operations belong to the main thread, with these exceptions: MIDIReceived may be called on
 // any thread, a read callback runs on the service's input thread, and a read callback may itself
@@ -18,7 +17,9 @@
 #include <vector>
 
 #include "platform/Delivery.h"
+#include "platform/NotificationCentre.h"
 #include "platform/PacketList.h"
+#include "platform/ServiceState.h"
 
 namespace platform {
 
@@ -75,6 +76,9 @@ struct MIDINotification {
 };
 /// The setup of devices and endpoints changed.
 inline constexpr std::int32_t kMIDIMsgSetupChanged = 1;
+
+/// Posted by a service on its `stateChanges`, with itself as the object.
+inline constexpr std::string_view MIDIServiceStateChanged = "MIDIServiceStateChanged";
 
 using MIDINotifyProc = void (*)(const MIDINotification* message, void* refCon);
 using MIDIReadProc = void (*)(const MIDIPacketList* list, void* readProcRefCon,
@@ -166,12 +170,22 @@ public:
     /// the program's event loop.
     [[nodiscard]] virtual int fileDescriptor() const = 0;
 
-    /// Delivers what is due on the main thread: setup changes, coalesced.
+    /// Delivers what is due on the main thread: setup changes, coalesced, to the clients and then
+    /// to those who watch the state.
     virtual void dispatch() = 0;
 
     /// Looks once more, at once, for what nothing announces: a service that was not there until
-    /// now. To be called before a person is shown the lists. Clients are told of what has changed.
+    /// now. To be called before a person is shown the lists. All are told of what has changed.
     virtual void rescan() {}
+
+    /// What there is. The first call looks for the service, and from then on it is followed.
+    [[nodiscard]] virtual ServiceState state() = 0;
+    /// MIDIServiceStateChanged is posted here, by `dispatch` and `rescan`, when the state may be
+    /// another; the clients have been told of the change before.
+    [[nodiscard]] NotificationCentre& stateChanges() { return stateChanges_; }
+
+private:
+    NotificationCentre stateChanges_;
 };
 
 }  // namespace platform

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "qt/ButtonView.h"
+#include "qt/asText.h"
 #include "qt/widgets.h"
 
 namespace qt {
@@ -13,38 +14,24 @@ namespace {
 
 constexpr int nameWidth = 28;  // letters; MIDI port names are long
 
-/// Said where a list is empty; nothing where none is.
-QString hintFor(bool noInput, bool noOutput) {
-    const QString waiting =
-        QStringLiteral("Connect the controller and switch it on: it appears here by itself.");
-    if (noInput && noOutput) {
-        return QStringLiteral("There is no MIDI device. ") + waiting;
-    }
-    if (noInput) {
-        return QStringLiteral("There is no MIDI input. ") + waiting;
-    }
-    if (noOutput) {
-        return QStringLiteral("There is no MIDI output. ") + waiting;
-    }
-    return {};
-}
-
 }  // namespace
 
 SeldevView::SeldevView(devices::DeviceDialog& controller)
     : DialogView(controller, QStringLiteral("MIDI Devices")),
       inputs_(new ComboBoxView(controller.combo_in)),
       outputs_(new ComboBoxView(controller.combo_out)),
-      hint_(new QLabel) {
+      hint_(new QLabel),
+      hintLink_(controller.hint, [this] { showHint(); }) {
     nameWidget(*inputs_, QStringLiteral("combo_in"), QStringLiteral("MIDI input"));
     nameWidget(*outputs_, QStringLiteral("combo_out"),
                QStringLiteral("MIDI output: where the controller listens"));
     for (ComboBoxView* box : {inputs_, outputs_}) {
         box->setMinimumContentsLength(nameWidth);
-        connect(box->model(), &QAbstractItemModel::modelReset, this, [this] { showHint(); });
     }
     hint_->setObjectName(QStringLiteral("hint"));
+    hint_->setTextFormat(Qt::PlainText);
     hint_->setWordWrap(true);
+    hint_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 
     auto* ok = new ButtonView(controller.okButton, ButtonView::Kind::Command, QStringLiteral("OK"));
     ok->setObjectName(QStringLiteral("ok"));
@@ -73,9 +60,10 @@ SeldevView::SeldevView(devices::DeviceDialog& controller)
 }
 
 void SeldevView::showHint() {
-    const QString hint = hintFor(inputs_->count() == 0, outputs_->count() == 0);
-    hint_->setText(hint);
-    hint_->setVisible(!hint.isEmpty());
+    if (const toolkit::TextField* hint = hintLink_.model()) {
+        hint_->setText(asText(hint->stringValue()));
+        hint_->setVisible(!hint->stringValue().empty());
+    }
 }
 
 }  // namespace qt

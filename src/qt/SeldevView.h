@@ -5,6 +5,7 @@
 #include "devices/DeviceDialog.h"
 #include "qt/ComboBoxView.h"
 #include "qt/DialogView.h"
+#include "qt/ModelLink.h"
 
 namespace qt {
 
@@ -19,6 +20,7 @@ private:
     ComboBoxView* inputs_;
     ComboBoxView* outputs_;
     QLabel* hint_;
+    ModelLink<toolkit::TextField> hintLink_;
 };
 
 }  // namespace qt

@@ -88,6 +88,7 @@ QString describe(const simulator::SimulatedController& controller) {
 
 SimulatorView::SimulatorView(simulator::SimulatedController& controller)
     : link_(controller, [this] { showAll(); }),
+      notice_(new QLabel),
       layers_(new QTableWidget(config::layerCount, static_cast<int>(layerColumns.size()))),
       bytes_(new QPlainTextEdit),
       log_(new QTreeWidget),
@@ -136,7 +137,14 @@ SimulatorView::SimulatorView(simulator::SimulatedController& controller)
     firmware->addWidget(firmware_, 1);
     firmware->addWidget(saveFirmware_);
 
+    notice_->setObjectName(QStringLiteral("notice"));
+    notice_->setTextFormat(Qt::PlainText);
+    notice_->setWordWrap(true);
+    notice_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    notice_->hide();
+
     auto* layout = new QVBoxLayout(this);
+    layout->addWidget(notice_);
     layout->addWidget(captionOf(*layers_, QStringLiteral("&Layers")));
     layout->addWidget(layers_);
     layout->addWidget(captionOf(*bytes_, QStringLiteral("&Bytes of the selected layer")));
@@ -151,6 +159,11 @@ SimulatorView::SimulatorView(simulator::SimulatedController& controller)
     bytes_->setMinimumHeight(fixed.lineSpacing() * linesOfALayer + 16);
     bytes_->setMinimumWidth(
         fixed.horizontalAdvance(QString(4 + 3 * bytesInALine + 5, QLatin1Char('0'))));
+}
+
+void SimulatorView::setNotice(const QString& notice) {
+    notice_->setText(notice);
+    notice_->setVisible(!notice.isEmpty());
 }
 
 void SimulatorView::showAll() {

@@ -19,6 +19,9 @@ class SimulatorView final : public QWidget {
 public:
     explicit SimulatorView(simulator::SimulatedController& controller);
 
+    /// What stands above everything else, until it is empty: that nothing can arrive, and why.
+    void setNotice(const QString& notice);
+
 private:
     void showAll();
     void showLayers(const simulator::SimulatedController::Layers& layers);
@@ -29,6 +32,7 @@ private:
     void selectFirstLayerHeld(const simulator::SimulatedController::Layers& layers);
 
     ModelLink<simulator::SimulatedController> link_;
+    QLabel* notice_;
     QTableWidget* layers_;
     QPlainTextEdit* bytes_;
     QTreeWidget* log_;

@@ -7,14 +7,18 @@
 
 #include <QAbstractButton>
 #include <QComboBox>
+#include <QFile>
+#include <QLabel>
 #include <QMessageBox>
+#include <QTemporaryDir>
 #include <QTest>
+#include <cerrno>
 #include <memory>
 #include <vector>
 
 #include "app/Robot.h"
 #include "config/transfer.h"
-#include "platform/AbsentMidiService.h"
+#include "platform/alsa/AlsaMidiService.h"
 #include "platform/software/SoftwareMidiService.h"
 
 namespace app {
@@ -241,18 +245,57 @@ TEST_F(EditorTest, SharesAProcessWithAnotherEditorUnharmed) {
     EXPECT_EQ(send(editor), "Send Done");
 }
 
+/// The editor on a computer whose sequencer cannot be opened: with this error, until the folder of
+/// its device node has news.
+struct EditorWithoutMidi {
+    explicit EditorWithoutMidi(int failure) : error(failure) { editor.show(); }
+
+    int error;
+    const QTemporaryDir folder;
+    platform::alsa::AlsaMidiService midiService{
+        "Tormelk Wyro",
+        {folder.filePath(QStringLiteral("seq")).toStdString(),
+         [this](const std::string&) { return error; }}};
+    qt::QtDesktop desktop{[](int) {}};
+    Editor editor{midiService, desktop};
+};
+
+QString statusOf(const Editor& editor) {
+    return find<QLabel>(editor.view, "status").text();
+}
+
 TEST(EditorWithoutMidi, StartsListsNothingAndSaysSo) {
-    platform::AbsentMidiService midiService;
-    qt::QtDesktop desktop([](int) {});
-    Editor editor(midiService, desktop);
-    editor.show();
-    EXPECT_TRUE(editor.view.isVisible());
-    openDevices(editor, [](QDialog& dialog) {
+    EditorWithoutMidi without(ENOENT);
+    EXPECT_TRUE(without.editor.view.isVisible());
+    EXPECT_EQ(statusOf(without.editor),
+              QStringLiteral("The computer's MIDI sequencer is not loaded. MIDI Devices tells what "
+                             "to do."));
+    openDevices(without.editor, [](QDialog& dialog) {
         EXPECT_EQ(find<QComboBox>(dialog, "combo_in").count(), 0);
         EXPECT_EQ(find<QComboBox>(dialog, "combo_out").count(), 0);
+        const auto& hint = find<QLabel>(dialog, "hint");
+        EXPECT_TRUE(hint.isVisible());
+        EXPECT_TRUE(hint.text().endsWith(QStringLiteral("\nsudo modprobe snd-seq")));
         click(find(dialog, "ok"));
     });
-    EXPECT_EQ(send(editor), "Please select MIDI device first");
+    EXPECT_EQ(send(without.editor), "Please select MIDI device first");
+}
+
+TEST(EditorWithoutMidi, FollowsInEveryWindowWhatBecomesOfIt) {
+    EditorWithoutMidi without(ENOENT);
+    openDevices(without.editor, [&without](QDialog& dialog) {
+        without.error = EACCES;
+        QFile node(without.folder.filePath(QStringLiteral("seq")));
+        EXPECT_TRUE(node.open(QIODevice::WriteOnly));
+        const auto& hint = find<QLabel>(dialog, "hint");
+        const QString command = QStringLiteral("\nsudo usermod -aG audio $USER");
+        EXPECT_TRUE(QTest::qWaitFor([&] { return hint.text().endsWith(command); }, 5000))
+            << hint.text().toStdString();
+        EXPECT_EQ(statusOf(without.editor),
+                  QStringLiteral("This program is not allowed to use the computer's MIDI. MIDI "
+                                 "Devices tells what to do."));
+        click(find(dialog, "cancel"));
+    });
 }
 
 }  // namespace

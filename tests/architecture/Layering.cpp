@@ -26,7 +26,7 @@ const std::string descriptorHeader = "unistd\\.h|sys/eventfd\\.h";
 /// with.
 const std::string sequencerHeader =
     "alsa/asoundlib\\.h|sound/asequencer\\.h|unistd\\.h|fcntl\\.h|poll\\.h|pthread\\.h|"
-    "sys/(epoll|eventfd|timerfd|ioctl)\\.h";
+    "sys/(epoll|eventfd|inotify|timerfd|ioctl)\\.h";
 
 /// The name of the standard library's headers: lower case, without folder and ending. Those it has
 /// from C are used under their C++ names.

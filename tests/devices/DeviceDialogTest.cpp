@@ -1,13 +1,15 @@
 #include "devices/DeviceDialog.h"
 
 #include "devices/DevicesTest.h"
-#include "platform/AbsentMidiService.h"
 
 namespace devices {
 namespace {
 
 namespace journal = support::journal;
 using testing::ElementsAre;
+using testing::IsEmpty;
+
+const platform::ServiceState notLoaded{platform::ServiceState::Obstacle::NotLoaded, "load it"};
 
 template <typename Dialog>
 class DeviceDialogTest : public EitherDialog<Dialog> {};
@@ -276,18 +278,89 @@ TYPED_TEST(DeviceDialogTest, WithoutAnyDeviceOkStoresNothingAndEndsTheRun) {
 }
 
 TYPED_TEST(DeviceDialogTest, WithoutAMidiServiceTheListsAreEmptyAndOkStoresNothing) {
-    platform::AbsentMidiService absent;
-    midi::ZQMIDIProcess withoutMidi(absent, this->centre);
-    typename TestFixture::Choice choice(withoutMidi);
-    this->template runDialog<TypeParam>(choice, [](TypeParam& dialog) {
+    this->addDevice("Tormelk");
+    this->service.obstruct(notLoaded);
+    this->open([](TypeParam& dialog) {
         EXPECT_EQ(dialog.combo_in.numberOfItems(), 0);
         EXPECT_EQ(dialog.combo_out.numberOfItems(), 0);
         dialog.okButton.click();
     });
-    EXPECT_EQ(choice.InDevice(), nullptr);
-    EXPECT_EQ(choice.OutDevice(), nullptr);
-    EXPECT_EQ(choice.GetInputDevices(), 0);
-    EXPECT_TRUE(choice.GetQorvelDevices().empty());
+    EXPECT_EQ(this->choice().InDevice(), nullptr);
+    EXPECT_EQ(this->choice().OutDevice(), nullptr);
+    EXPECT_EQ(this->choice().GetInputDevices(), 0);
+    EXPECT_TRUE(this->choice().GetQorvelDevices().empty());
+}
+
+TYPED_TEST(DeviceDialogTest, ADeviceThatWasUnpluggedBeforeTheFirstDialogIsNotListedAtAll) {
+    platform::software::Device& gone = this->addDevice("Alpha");
+    this->addDevice("Beta");
+    this->hearOfChanges();
+    gone.unplug();
+    this->open([](TypeParam& dialog) {
+        EXPECT_THAT(itemsOf(dialog.combo_in), ElementsAre("Beta"));
+        EXPECT_THAT(itemsOf(dialog.combo_out), ElementsAre("Beta"));
+        dialog.cancelButton.click();
+    });
+}
+
+TYPED_TEST(DeviceDialogTest, LooksOnceMoreForAServiceThatNothingAnnounced) {
+    this->addDevice("Tormelk");
+    this->service.obstruct(notLoaded);
+    const auto itsItems = [this] {
+        std::vector<std::string> items;
+        this->open([&items](TypeParam& dialog) {
+            items = itemsOf(dialog.combo_out);
+            dialog.cancelButton.click();
+        });
+        return items;
+    };
+    EXPECT_THAT(itsItems(), IsEmpty());
+    this->service.recoverInSilence();
+    EXPECT_THAT(itsItems(), ElementsAre("Tormelk"));
+}
+
+TYPED_TEST(DeviceDialogTest, SaysWhyNothingCanBeListedUntilItCan) {
+    this->addDevice("Tormelk");
+    this->service.obstruct(notLoaded);
+    this->open([this](TypeParam& dialog) {
+        EXPECT_EQ(dialog.hint.stringValue(),
+                  "The computer's MIDI sequencer is not loaded. To load it, run this in a "
+                  "terminal; it is noticed here by itself:\nload it");
+        this->service.recover();
+        this->hearOfChanges();
+        EXPECT_EQ(dialog.hint.stringValue(), "");
+        EXPECT_THAT(itemsOf(dialog.combo_out), ElementsAre("Tormelk"));
+        dialog.cancelButton.click();
+    });
+}
+
+TYPED_TEST(DeviceDialogTest, SaysWhatTheSystemSaysAndThatItTriesAgain) {
+    this->service.obstruct({platform::ServiceState::Obstacle::Other, {}, {}, "Out of cheese"});
+    this->open([](TypeParam& dialog) {
+        EXPECT_EQ(dialog.hint.stringValue(),
+                  "The computer's MIDI sequencer cannot be opened: Out of cheese. Opening this "
+                  "window again tries again.");
+        dialog.cancelButton.click();
+    });
+}
+
+TYPED_TEST(DeviceDialogTest, SaysWhichListIsEmpty) {
+    platform::software::Source& input = this->service.addSource("Only in");
+    this->open([&](TypeParam& dialog) {
+        EXPECT_EQ(dialog.hint.stringValue(),
+                  "There is no MIDI output. Connect the controller and switch it on: it appears "
+                  "here by itself.");
+        this->service.addDestination("Only out");
+        this->hearOfChanges();
+        EXPECT_EQ(dialog.hint.stringValue(), "");
+        dialog.cancelButton.click();
+    });
+    input.unplug();
+    this->hearOfChanges();
+    this->open([](TypeParam& dialog) {
+        EXPECT_EQ(dialog.hint.stringValue(), "") << "what is offline is listed";
+        dialog.cancelButton.click();
+    });
 }
 
 TYPED_TEST(DeviceDialogTest, OkIsNotAllowedWhileAListWithEntriesHasNoSelection) {

@@ -3,7 +3,6 @@
 #include <unistd.h>
 
 #include "midi/MidiTest.h"
-#include "platform/AbsentMidiService.h"
 
 namespace midi {
 namespace {
@@ -53,13 +52,14 @@ TEST_F(ProcessOfTheMidiLayer, CanLiveBesideAnother) {
     EXPECT_NE(other.sharedInstance().realSources()[0], manager().realSources()[0]);
 }
 
-TEST(ProcessWithoutAMidiService, HasAManagerThatListsNothing) {
-    platform::AbsentMidiService service;
-    platform::NotificationCentre centre;
-    ZQMIDIProcess process(service, centre);
-    EXPECT_EQ(process.sharedInstance().midiClientRef(), 0U);
-    EXPECT_THAT(process.sharedInstance().realSources(), IsEmpty());
-    EXPECT_THAT(process.sharedInstance().realDestinations(), IsEmpty());
+TEST_F(ProcessOfTheMidiLayer, HasAManagerThatListsNothingWhereThereIsNoService) {
+    service.addSource("in");
+    service.addDestination("out");
+    platform::ServiceState notLoaded;
+    notLoaded.obstacle = platform::ServiceState::Obstacle::NotLoaded;
+    service.obstruct(notLoaded);
+    EXPECT_THAT(process->sharedInstance().realSources(), IsEmpty());
+    EXPECT_THAT(process->sharedInstance().realDestinations(), IsEmpty());
 }
 
 }  // namespace

@@ -16,7 +16,6 @@
 #include "config/layout.h"
 #include "editor/pad.h"
 #include "firmware/firm.h"
-#include "platform/AbsentMidiService.h"
 #include "platform/NotificationCentre.h"
 #include "qt/ControlButton.h"
 #include "support/ScriptedDesktop.h"

@@ -1,13 +1,15 @@
 #include "qt/MidiDispatcher.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <QEventLoop>
 #include <QTest>
 #include <QTimer>
+#include <memory>
 
-#include "platform/AbsentMidiService.h"
 #include "platform/software/SoftwareMidiService.h"
+#include "qt/warnings.h"
 
 namespace qt {
 namespace {
@@ -62,10 +64,26 @@ TEST(MidiDispatcher, StopsWhenItIsDestroyed) {
     EXPECT_EQ(client.changes, 0);
 }
 
-TEST(MidiDispatcher, WatchesNothingWhereThereIsNoMidi) {
-    platform::AbsentMidiService service;
-    const MidiDispatcher dispatcher(service);
+/// A service that got no descriptor, because the process had none left.
+std::unique_ptr<SoftwareMidiService> serviceWithoutDescriptor() {
+    rlimit limit{};
+    getrlimit(RLIMIT_NOFILE, &limit);
+    const rlimit none{0, limit.rlim_max};
+    setrlimit(RLIMIT_NOFILE, &none);
+    auto service = std::make_unique<SoftwareMidiService>();
+    setrlimit(RLIMIT_NOFILE, &limit);
+    return service;
+}
+
+TEST(MidiDispatcher, WatchesNothingOfAServiceThatCannotBeWatched) {
+    const auto service = serviceWithoutDescriptor();
+    ASSERT_EQ(service->fileDescriptor(), -1);
+    const Client client(*service);
+    const MidiDispatcher dispatcher(*service);
+    EXPECT_EQ(tests::takeWarnings(), QStringList()) << "of watching what is no descriptor";
+    service->addDevice("Tormelk");
     QTest::qWait(5);
+    EXPECT_EQ(client.changes, 0);
 }
 
 }  // namespace

@@ -151,6 +151,25 @@ TEST_F(SeldevViewTest, SaysSoInPlainWordsWhenThereIsNothingToChoose) {
     EXPECT_EQ(choice.midi_device_open, 0);
 }
 
+TEST_F(SeldevViewTest, SaysWhyNothingCanBeListedAndLetsTheCommandBeCopied) {
+    service.obstruct({platform::ServiceState::Obstacle::NotLoaded, "load it"});
+    run([this](QDialog& dialog) {
+        EXPECT_TRUE(hint(dialog).startsWith(
+            QStringLiteral("The computer's MIDI sequencer is not loaded. ")));
+        EXPECT_TRUE(hint(dialog).endsWith(QStringLiteral("\nload it")));
+        EXPECT_TRUE(find<QLabel>(dialog, "hint").textInteractionFlags() &
+                    Qt::TextSelectableByMouse);
+        const int heightWithHint = dialog.sizeHint().height();
+        plug("Alpha");
+        service.recover();
+        EXPECT_TRUE(QTest::qWaitFor([&dialog] { return hint(dialog).isEmpty(); }, 1000));
+        EXPECT_LT(dialog.sizeHint().height(), heightWithHint);
+        EXPECT_EQ(outputs(dialog).currentText(), QStringLiteral("Alpha"));
+        click(ok(dialog));
+    });
+    EXPECT_EQ(chosenOutput(), "Alpha");
+}
+
 TEST_F(SeldevViewTest, SaysWhichOfTheTwoIsMissing) {
     service.addDevice("Keyboard").addSource("Keyboard");
     run([](QDialog& dialog) {

@@ -46,6 +46,18 @@ TEST_F(SimulatorViewTest, SaysThatNothingCameYet) {
     EXPECT_EQ(log().topLevelItemCount(), 0);
 }
 
+TEST_F(SimulatorViewTest, SaysAboveEverythingThatNothingCanArriveUntilItCan) {
+    view.show();
+    const auto& notice = find<QLabel>(view, "notice");
+    EXPECT_FALSE(notice.isVisible());
+    view.setNotice(QStringLiteral("Nobody can see it."));
+    EXPECT_TRUE(notice.isVisible());
+    EXPECT_EQ(notice.text(), QStringLiteral("Nobody can see it."));
+    EXPECT_LT(notice.y(), find(view, "layers").y());
+    view.setNotice(QString());
+    EXPECT_FALSE(notice.isVisible());
+}
+
 TEST_F(SimulatorViewTest, ShowsALayerAsItArrives) {
     tormelk.receive(config::layerBlock(image, 0));
     EXPECT_EQ(cell(0, 1), QStringLiteral("254 bytes"));

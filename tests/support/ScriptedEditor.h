@@ -1,6 +1,6 @@
 #pragma once
 
-// The editor's logic put together without MIDI, and without a screen or for one, for tests that
+// The editor's logic put together with no MIDI device, and without a screen or for one, for tests that
 // work it through its widget models or set a window upon it.
 
 #include "devices/seldev.h"
@@ -9,15 +9,15 @@
 #include "editor/mainController.h"
 #include "firmware/FirmwareState.h"
 #include "midi/ZQMIDIProcess.h"
-#include "platform/AbsentMidiService.h"
 #include "platform/NotificationCentre.h"
+#include "platform/software/SoftwareMidiService.h"
 #include "support/ScriptedDesktop.h"
 
 namespace support {
 
 /// What the editor is put together from, but for a desktop and the controller above it.
 struct EditorParts {
-    platform::AbsentMidiService service;
+    platform::software::SoftwareMidiService service;
     platform::NotificationCentre centre;
     midi::ZQMIDIProcess process{service, centre};
     devices::seldevChoice devices{process};

@@ -9,8 +9,9 @@
 
 namespace platform::alsa {
 
-AlsaMidiService::AlsaMidiService(std::string_view programName)
+AlsaMidiService::AlsaMidiService(std::string_view programName, SequencerNode node)
     : programName_(programName),
+      node_(std::move(node)),
       watch_(epoll_create1(EPOLL_CLOEXEC)),
       timer_(timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC)),
       wakeUp_(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)),
@@ -38,7 +39,12 @@ void AlsaMidiService::end() {
 OSStatus AlsaMidiService::MIDIClientCreate(std::string_view /*name*/, MIDINotifyProc notify,
                                            void* refCon, MIDIClientRef* client) {
     const Lock lock(mutex_);
-    static_cast<void>(openSequencerIfClosed(lock));
+    if (clients_.empty()) {
+        lookAfresh(lock);  // what has gone since the last look was never there for it
+        if (stateChangeDue_) {
+            wakeUp();
+        }
+    }
     *client = ++lastHandle_;
     clients_.emplace(*client, Client{notify, refCon});
     return noErr;

@@ -9,12 +9,13 @@
 //     service.end();                                // before the process exits
 //
 // A kernel client is a device with one entity; a program's port has neither. The bus between
-// programs (Midi Through) carries the driver's name that isIACBus knows. The second of two devices
-// of one model has a number in its name. Unique IDs: see uniqueIDFor.h. "ZQMIDIOwnerPID" of another
-// program's port is its process, as the kernel knows it.
+// programs (Midi Through) carries the driver's name that isIACBus knows, and a mark in its names.
+// The second of two devices of one model has a number in its name. Unique IDs: see uniqueIDFor.h.
+// "ZQMIDIOwnerPID" of another program's port is its process, as the kernel knows it.
 //
-// Without a sequencer (not loaded, denied, gone) the lists are empty and everything else fails
-// quietly; `rescan` finds one that has come since.
+// Without a sequencer (not loaded, denied, gone) the lists are empty, everything else fails quietly
+// and the state tells why. It is found when it comes: the device node's folder is watched, and
+// `rescan` looks for what nothing announces.
 //
 // A destination that has stopped taking data, or is held by another program, for some seconds is
 // offline until it takes data again or is plugged in anew.
@@ -34,13 +35,15 @@
 #include "platform/alsa/EndpointList.h"
 #include "platform/alsa/Input.h"
 #include "platform/alsa/Output.h"
+#include "platform/alsa/SequencerNode.h"
 
 namespace platform::alsa {
 
 class AlsaMidiService final : public MidiService {
 public:
-    /// To be made on the main thread. Does nothing to the sequencer before the first client.
-    explicit AlsaMidiService(std::string_view programName);
+    /// To be made on the main thread. Does nothing to the sequencer before the first look or
+    /// client.
+    explicit AlsaMidiService(std::string_view programName, SequencerNode node = {});
     ~AlsaMidiService() override;
 
     /// Lets go of the devices, for the process is about to exit: nothing can be sent afterwards.
@@ -91,6 +94,7 @@ public:
     OSStatus MIDIEndpointDispose(MIDIEndpointRef endpoint) override;
     OSStatus MIDIReceived(MIDIEndpointRef source, const MIDIPacketList* list) override;
     void rescan() override;
+    [[nodiscard]] ServiceState state() override;
     [[nodiscard]] int fileDescriptor() const override { return watch_; }
     void dispatch() override;
 
@@ -131,7 +135,8 @@ private:
                                    MIDIEndpointRef* endpoint);
 
     // Setup.cpp: following what comes and goes.
-    [[nodiscard]] bool openSequencerIfClosed(const Lock&);
+    void openSequencer(const Lock&);
+    void lookAfresh(const Lock&);
     void hear(const Lock&);
     /// Takes in what has been announced, while the lists stay as they are; the main thread is woken
     /// to act on it.
@@ -148,6 +153,7 @@ private:
 
     // The client that publishes has this name alone, so that it is found by it.
     const std::string programName_;
+    const SequencerNode node_;
     const int watch_;   // an epoll over the others
     const int timer_;   // runs while changes are coalesced
     const int wakeUp_;  // another thread has something for the main thread
@@ -162,6 +168,10 @@ private:
     std::vector<MIDIEndpointRef> sources_;
     std::vector<MIDIEndpointRef> destinations_;
     std::unique_ptr<Announcements> announcements_;
+    std::unique_ptr<NodeWatch> nodeWatch_;  // while the sequencer is looked for in vain
+    ServiceState obstacle_;                 // with no obstacle, or the one that stands in the way
+    bool hasLooked_ = false;
+    bool stateChangeDue_ = false;
     Announcements::News news_;
     Coalescer coalescer_;
 

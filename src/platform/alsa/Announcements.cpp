@@ -22,15 +22,19 @@ void Announcements::News::add(const snd_seq_event_t& event) {
     }
 }
 
-std::unique_ptr<Announcements> Announcements::open(const std::string& name) {
-    Sequencer sequencer = openSequencer(name, SND_SEQ_OPEN_DUPLEX);
+std::unique_ptr<Announcements> Announcements::open(const std::string& name, int& error) {
+    Sequencer sequencer = openSequencer(name, SND_SEQ_OPEN_DUPLEX, &error);
     if (sequencer == nullptr) {
         return nullptr;
     }
     snd_seq_set_client_pool_input(sequencer.get(), largestInputPool);
     const int port = createHiddenPort(*sequencer, "Announcements", SND_SEQ_PORT_CAP_WRITE);
-    if (port < 0 || snd_seq_connect_from(sequencer.get(), port, SND_SEQ_CLIENT_SYSTEM,
-                                         SND_SEQ_PORT_SYSTEM_ANNOUNCE) < 0) {
+    const int connected = port < 0
+                              ? port
+                              : snd_seq_connect_from(sequencer.get(), port, SND_SEQ_CLIENT_SYSTEM,
+                                                     SND_SEQ_PORT_SYSTEM_ANNOUNCE);
+    if (connected < 0) {
+        error = -connected;
         return nullptr;
     }
     return std::unique_ptr<Announcements>(new Announcements(std::move(sequencer)));

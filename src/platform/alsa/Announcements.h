@@ -20,8 +20,9 @@ public:
         void add(const snd_seq_event_t& event);
     };
 
-    /// Hears of everything from now on. None where there is no sequencer.
-    [[nodiscard]] static std::unique_ptr<Announcements> open(const std::string& name);
+    /// Hears of everything from now on. None where there is no sequencer; `error` is its number
+    /// then.
+    [[nodiscard]] static std::unique_ptr<Announcements> open(const std::string& name, int& error);
 
     /// Adds what has been announced since. If there was too much of it to be kept, that counts as
     /// a change.

@@ -1,26 +1,20 @@
 #include "platform/alsa/Sequencer.h"
 
-#include <fcntl.h>
-#include <unistd.h>
+#include "platform/alsa/SequencerNode.h"
 
 namespace platform::alsa {
-namespace {
 
-/// Whether the sequencer can be opened at all. Asking makes the system load it where it can; the
-/// library would write about the failure to standard error.
-bool isThere() {
-    const int descriptor = open("/dev/snd/seq", O_RDWR | O_CLOEXEC);
-    if (descriptor >= 0) {
-        close(descriptor);
-    }
-    return descriptor >= 0;
-}
-
-}  // namespace
-
-Sequencer openSequencer(const std::string& name, int streams) {
+Sequencer openSequencer(const std::string& name, int streams, int* error) {
     snd_seq_t* opened = nullptr;
-    if (!isThere() || snd_seq_open(&opened, "hw", streams, SND_SEQ_NONBLOCK) < 0) {
+    // The library would write about a node that cannot be opened to standard error.
+    int failed = tryToOpen(SequencerNode().path);
+    if (failed == 0) {
+        failed = -snd_seq_open(&opened, "hw", streams, SND_SEQ_NONBLOCK);
+    }
+    if (failed != 0) {
+        if (error != nullptr) {
+            *error = failed;
+        }
         return nullptr;
     }
     Sequencer sequencer(opened);

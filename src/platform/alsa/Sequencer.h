@@ -29,9 +29,10 @@ struct SequencerCloser {
 /// A client of the sequencer.
 using Sequencer = std::unique_ptr<snd_seq_t, SequencerCloser>;
 
-/// A new client that never waits. None where there is no sequencer or it is denied; nothing is
-/// written to standard error then. `streams` is SND_SEQ_OPEN_INPUT, _OUTPUT or _DUPLEX.
-[[nodiscard]] Sequencer openSequencer(const std::string& name, int streams);
+/// A new client that never waits. None where there is no sequencer or it is denied: `error` gets
+/// the error's number, and nothing is written to standard error. `streams` is SND_SEQ_OPEN_INPUT,
+/// _OUTPUT or _DUPLEX.
+[[nodiscard]] Sequencer openSequencer(const std::string& name, int streams, int* error = nullptr);
 
 /// The client's descriptor. It must be open for what is to be waited for: POLLIN or POLLOUT.
 [[nodiscard]] int descriptorOf(snd_seq_t& sequencer, short events);

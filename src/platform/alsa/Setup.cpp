@@ -45,19 +45,51 @@ void AlsaMidiService::wakeUp() const {
     [[maybe_unused]] const ssize_t written = write(wakeUp_, &one, sizeof one);
 }
 
-bool AlsaMidiService::openSequencerIfClosed(const Lock& lock) {
-    if (announcements_ != nullptr) {
-        return true;
+void AlsaMidiService::openSequencer(const Lock& lock) {
+    hasLooked_ = true;
+    if (nodeWatch_ == nullptr) {  // before the look, so that nothing can fall between
+        nodeWatch_ = std::make_unique<NodeWatch>(node_.path);
+        watch(nodeWatch_->descriptor());
     }
-    // They are listened to before the first look, so that nothing can fall between.
-    announcements_ = Announcements::open(programName_ + " (setup)");
+    int error = node_.open(node_.path);
+    if (error == 0) {
+        announcements_ = Announcements::open(programName_ + " (setup)", error);
+    }
+    const ServiceState obstacle =
+        announcements_ != nullptr ? ServiceState() : whereNodeFailsWith(error);
+    stateChangeDue_ = stateChangeDue_ || obstacle != obstacle_;
+    obstacle_ = obstacle;
     if (announcements_ == nullptr) {
-        return false;
+        return;
     }
+    nodeWatch_.reset();
     watch(announcements_->descriptor());
     output_.prepare();
     follow(lock);
-    return true;
+}
+
+/// Lists what is there at this moment.
+void AlsaMidiService::lookAfresh(const Lock& lock) {
+    hear(lock);
+    if (announcements_ != nullptr) {
+        follow(lock);
+    } else {
+        openSequencer(lock);
+    }
+}
+
+ServiceState AlsaMidiService::state() {
+    const Lock lock(mutex_);
+    if (!hasLooked_) {
+        openSequencer(lock);
+        stateChangeDue_ = false;  // it is told right here
+    }
+    ServiceState state = obstacle_;
+    state.hasDestination = std::any_of(
+        list_.endpoints().begin(), list_.endpoints().end(), [](const ListedEndpoint& endpoint) {
+            return endpoint.port.direction == Direction::Destination && !endpoint.isOffline;
+        });
+    return state;
 }
 
 void AlsaMidiService::hear(const Lock& lock) {
@@ -115,12 +147,14 @@ void AlsaMidiService::follow(const Lock& lock) {
 void AlsaMidiService::loseSequencer(const Lock& lock) {
     announcements_.reset();
     follow(lock);
+    openSequencer(lock);
 }
 
 void AlsaMidiService::makeDue(const Lock&) {
     for (auto& [handle, client] : clients_) {
         client.changeDue = true;
     }
+    stateChangeDue_ = true;
 }
 
 void AlsaMidiService::takingChanged(MIDIEndpointRef destination, bool takesData) {
@@ -139,6 +173,7 @@ void AlsaMidiService::notifyDue(Lock& lock) {
             due.push_back(client);
         }
     }
+    const bool stateChangeDue = std::exchange(stateChangeDue_, false);
     lock.unlock();
     const MIDINotification message{kMIDIMsgSetupChanged, sizeof(MIDINotification)};
     for (const Client& client : due) {
@@ -146,20 +181,15 @@ void AlsaMidiService::notifyDue(Lock& lock) {
             client.notify(&message, client.refCon);
         }
     }
+    if (stateChangeDue) {
+        stateChanges().postNotification(MIDIServiceStateChanged, this);
+    }
     lock.lock();
 }
 
 void AlsaMidiService::rescan() {
     Lock lock(mutex_);
-    if (clients_.empty()) {
-        return;
-    }
-    if (announcements_ == nullptr) {
-        static_cast<void>(openSequencerIfClosed(lock));
-    } else {
-        hear(lock);
-        follow(lock);
-    }
+    lookAfresh(lock);
     notifyDue(lock);
 }
 
@@ -167,6 +197,10 @@ void AlsaMidiService::dispatch() {
     Lock lock(mutex_);
     drain(wakeUp_);
     drain(timer_);
+    if (nodeWatch_ != nullptr) {
+        nodeWatch_->takeNews();
+        openSequencer(lock);
+    }
     hear(lock);
     if (const auto wait = coalescer_.dueIn(std::chrono::steady_clock::now())) {
         if (*wait > Coalescer::Duration::zero()) {

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/software/SoftwareMidiService.h"
 
@@ -148,12 +149,10 @@ OSStatus SoftwareMidiService::MIDIReceived(MIDIEndpointRef source, const MIDIPac
 }
 
 void SoftwareMidiService::reportChange(const Lock&) {
-    if (clients_.empty()) {
-        return;
-    }
     for (auto& [handle, client] : clients_) {
         client.changeDue = true;
     }
+    stateChangeDue_ = true;
     const std::uint64_t one = 1;
     // The counter cannot overflow in a program's life, so nothing can be refused here.
     [[maybe_unused]] const ssize_t written = write(eventFd_, &one, sizeof one);
@@ -161,6 +160,7 @@ void SoftwareMidiService::reportChange(const Lock&) {
 
 void SoftwareMidiService::dispatch() {
     std::vector<Client> due;
+    bool stateChangeDue = false;
     {
         const Lock lock(mutex_);
         if (std::this_thread::get_id() != mainThread_) {
@@ -174,10 +174,14 @@ void SoftwareMidiService::dispatch() {
                 due.push_back(client);
             }
         }
+        stateChangeDue = std::exchange(stateChangeDue_, false);
     }
     const MIDINotification message{kMIDIMsgSetupChanged, sizeof(MIDINotification)};
     for (const Client& client : due) {
         client.notify(&message, client.refCon);
+    }
+    if (stateChangeDue) {
+        stateChanges().postNotification(MIDIServiceStateChanged, this);
     }
 }
 

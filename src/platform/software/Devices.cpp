@@ -241,6 +241,48 @@ void SoftwareMidiService::appear(const Lock& lock, Object& object) {
     reportChange(lock);
 }
 
+ServiceState SoftwareMidiService::state() {
+    const Lock lock(mutex_);
+    if (obstacle_.obstacle != ServiceState::Obstacle::None) {
+        return obstacle_;
+    }
+    ServiceState state;
+    state.hasDestination =
+        std::any_of(destinations_.begin(), destinations_.end(), [this](MIDIEndpointRef handle) {
+            const auto& integers = present_.at(handle)->integers_;
+            const auto offline = integers.find(kMIDIPropertyOffline);
+            return published_.count(handle) == 0 &&
+                   (offline == integers.end() || offline->second == 0);
+        });
+    return state;
+}
+
+void SoftwareMidiService::obstruct(const ServiceState& state) {
+    const Lock lock(mutex_);
+    obstacle_ = state;
+    reportChange(lock);
+}
+
+void SoftwareMidiService::recover() {
+    obstruct({});
+}
+
+void SoftwareMidiService::recoverInSilence() {
+    const Lock lock(mutex_);
+    hasRecoveredInSilence_ = true;
+}
+
+void SoftwareMidiService::rescan() {
+    {
+        const Lock lock(mutex_);
+        if (!std::exchange(hasRecoveredInSilence_, false)) {
+            return;
+        }
+    }
+    recover();
+    dispatch();
+}
+
 void SoftwareMidiService::vanish(const Lock& lock, Object& object) {
     if (object.handle_ != 0) {
         withdraw(lock, object);

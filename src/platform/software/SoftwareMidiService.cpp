@@ -183,12 +183,16 @@ OSStatus SoftwareMidiService::MIDIClientDispose(MIDIClientRef client) {
     return noErr;
 }
 
+bool SoftwareMidiService::listsNothing(const Lock&) const {
+    return clients_.empty() || obstacle_.obstacle != ServiceState::Obstacle::None;
+}
+
 std::uint32_t SoftwareMidiService::MIDIGetNumberOfSources() {
     if (begin({"MIDIGetNumberOfSources"}) != noErr) {
         return 0;
     }
     const Lock lock(mutex_);
-    return clients_.empty() ? 0 : static_cast<std::uint32_t>(sources_.size());
+    return listsNothing(lock) ? 0 : static_cast<std::uint32_t>(sources_.size());
 }
 
 MIDIEndpointRef SoftwareMidiService::MIDIGetSource(std::uint32_t index) {
@@ -196,7 +200,7 @@ MIDIEndpointRef SoftwareMidiService::MIDIGetSource(std::uint32_t index) {
         return 0;
     }
     const Lock lock(mutex_);
-    return clients_.empty() || index >= sources_.size() ? 0 : sources_[index];
+    return listsNothing(lock) || index >= sources_.size() ? 0 : sources_[index];
 }
 
 std::uint32_t SoftwareMidiService::MIDIGetNumberOfDestinations() {
@@ -204,7 +208,7 @@ std::uint32_t SoftwareMidiService::MIDIGetNumberOfDestinations() {
         return 0;
     }
     const Lock lock(mutex_);
-    return clients_.empty() ? 0 : static_cast<std::uint32_t>(destinations_.size());
+    return listsNothing(lock) ? 0 : static_cast<std::uint32_t>(destinations_.size());
 }
 
 MIDIEndpointRef SoftwareMidiService::MIDIGetDestination(std::uint32_t index) {
@@ -212,7 +216,7 @@ MIDIEndpointRef SoftwareMidiService::MIDIGetDestination(std::uint32_t index) {
         return 0;
     }
     const Lock lock(mutex_);
-    return clients_.empty() || index >= destinations_.size() ? 0 : destinations_[index];
+    return listsNothing(lock) || index >= destinations_.size() ? 0 : destinations_[index];
 }
 
 OSStatus SoftwareMidiService::createPort(std::string_view operation, MIDIClientRef client,

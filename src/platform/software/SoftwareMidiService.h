@@ -79,6 +79,13 @@ public:
     /// Gives every client a message at once, on the calling thread.
     void deliverNotification(std::int32_t messageID);
 
+    /// From now on there is no service to be had, for the reason that the state tells.
+    void obstruct(const ServiceState& state);
+    /// It is there again, which the next dispatch reports.
+    void recover();
+    /// The same, but nothing tells of it: a rescan finds it.
+    void recoverInSilence();
+
     // Counting.
 
     [[nodiscard]] std::size_t clients() const;
@@ -137,6 +144,8 @@ public:
     OSStatus MIDIReceived(MIDIEndpointRef source, const MIDIPacketList* list) override;
     [[nodiscard]] int fileDescriptor() const override { return eventFd_; }
     void dispatch() override;
+    void rescan() override;
+    [[nodiscard]] ServiceState state() override;
 
 private:
     friend class Object;
@@ -177,6 +186,7 @@ private:
     [[nodiscard]] Object* find(const Lock&, std::string_view operation, MIDIObjectRef object);
     [[nodiscard]] Port* findPort(const Lock&, std::string_view operation, MIDIPortRef port,
                                  bool input);
+    [[nodiscard]] bool listsNothing(const Lock&) const;
     [[nodiscard]] bool isClient(const Lock&, std::string_view operation, MIDIClientRef client);
     [[nodiscard]] Object* objectWithUniqueID(const Lock&, std::int32_t uniqueID) const;
     [[nodiscard]] OSStatus createPort(std::string_view operation, MIDIClientRef client, Port port,
@@ -227,6 +237,9 @@ private:
     std::map<MIDIEndpointRef, Published> published_;
     std::map<MIDIEndpointRef, std::vector<RecordedPacketList>> publishedLists_;
     std::list<RunningCallback> callbacks_;
+    ServiceState obstacle_;  // with no obstacle, or the one that stands in the way
+    bool hasRecoveredInSilence_ = false;
+    bool stateChangeDue_ = false;
 };
 
 }  // namespace platform::software

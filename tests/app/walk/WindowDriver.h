@@ -5,7 +5,7 @@
 
 #include "app/Editor.h"
 #include "editor/walk/Driver.h"
-#include "platform/AbsentMidiService.h"
+#include "platform/software/SoftwareMidiService.h"
 #include "qt/QtDesktop.h"
 
 namespace walk {
@@ -43,7 +43,7 @@ private:
     void operate(const QWidget& window, const QString& button);
     void pick(const QWidget& window, const QString& box, int index);
 
-    platform::AbsentMidiService service_;
+    platform::software::SoftwareMidiService service_;
     qt::QtDesktop desktop_{[](int) {}};
     app::Editor editor_{service_, desktop_};
     editor::pad* pad_ = nullptr;

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "config/startUp.h"
 #include "config/transfer.h"
 #include "kernel/Program.h"
@@ -70,6 +72,18 @@ TEST(Editor, SendsTheFourMessagesOfItsImageToTheSimulator) {
 
     sendThroughSequencer("Tormelk Simulator:1", {0xF0, 0x1D, 0x03, 0x00, 0xF7});
     EXPECT_TRUE(simulator.waitForOutput("refused: ", 10s)) << simulator.output();
+}
+
+TEST(Simulator, SaysWhyNobodyCanSeeItAndIsSeenOnceTheSequencerIsThere) {
+    const std::filesystem::path device = "/dev/snd/seq";
+    const std::filesystem::path aside = "/dev/snd/seq.aside";
+    std::filesystem::rename(device, aside);
+    const Program simulator(
+        {"env", "QT_QPA_PLATFORM=offscreen", "XDG_RUNTIME_DIR=/run", TORMELK_SIMULATOR});
+    EXPECT_TRUE(simulator.waitForOutput("sudo modprobe snd-seq", 60s)) << simulator.output();
+    std::filesystem::rename(aside, device);
+    EXPECT_TRUE(simulator.waitForOutput("ready: Tormelk MIDI 1", 10s)) << simulator.output();
+    EXPECT_EQ(sequencerClientsNamed("Tormelk Simulator").size(), 1U);
 }
 
 TEST(Editor, IsOnItsWayOutInNoTimeAlthoughTheDeviceIsDead) {
