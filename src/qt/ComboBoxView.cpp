@@ -1,9 +1,13 @@
 #include "qt/ComboBoxView.h"
 
 #include <QAbstractItemView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QScreen>
 #include <QScrollBar>
+#include <QStylePainter>
+#include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
 
@@ -27,11 +31,13 @@ int ComboBoxView::Items::rowCount(const QModelIndex& parent) const {
 
 QVariant ComboBoxView::Items::data(const QModelIndex& index, int role) const {
     const toolkit::ComboBox* box = view_.link_.model();
-    if (box == nullptr || (role != Qt::DisplayRole && role != Qt::EditRole)) {
+    if (box == nullptr ||
+        (role != Qt::DisplayRole && role != Qt::EditRole && role != Qt::ToolTipRole)) {
         return {};
     }
     const auto item = box->itemObjectValueAtIndex(index.row());
-    return item ? QVariant(asText(*item)) : QVariant();
+    const bool isWanted = item && (role != Qt::ToolTipRole || view_.cuts(asText(*item)));
+    return isWanted ? QVariant(asText(*item)) : QVariant();
 }
 
 void ComboBoxView::Items::reset() {
@@ -64,11 +70,12 @@ void ComboBoxView::pick(int row) {
 }
 
 void ComboBoxView::showPopup() {
-    // As wide as its longest item, so that no name is cut.
+    // As wide as its longest item, so that no name is cut, but no wider than the screen.
     QAbstractItemView* list = view();
     const int wanted = list->sizeHintForColumn(0) + list->verticalScrollBar()->sizeHint().width() +
                        2 * list->frameWidth();
-    list->setMinimumWidth(std::max(wanted, width()));
+    list->setMinimumWidth(
+        std::max(std::min(wanted, screen()->availableGeometry().width()), width()));
     QComboBox::showPopup();
 }
 
@@ -89,6 +96,36 @@ void ComboBoxView::keyPressEvent(QKeyEvent* event) {
     }
     showPopup();
     view()->keyboardSearch(typed);
+}
+
+bool ComboBoxView::cuts(const QString& item) const {
+    return fontMetrics().horizontalAdvance(item) > view()->viewport()->width();
+}
+
+QString ComboBoxView::shownText() const {
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QRect room =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+    return fontMetrics().elidedText(currentText(), Qt::ElideRight, room.width() - 2);
+}
+
+void ComboBoxView::paintEvent(QPaintEvent*) {
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    option.currentText = shownText();
+    QStylePainter painter(this);
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+}
+
+bool ComboBoxView::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip && shownText() != currentText()) {
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), currentText(), this);
+        return true;
+    }
+    return QComboBox::event(event);
 }
 
 void ComboBoxView::follow(toolkit::ComboBox::Change change) {

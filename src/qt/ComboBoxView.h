@@ -32,6 +32,9 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
     /// A letter opens the list and begins a search.
     void keyPressEvent(QKeyEvent* event) override;
+    /// A selected item that finds no room is cut with "..." and shown whole in the tool tip.
+    void paintEvent(QPaintEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
     class Items final : public QAbstractListModel {
@@ -45,6 +48,9 @@ private:
         const ComboBoxView& view_;
     };
 
+    /// Whether the open list has no room for an item.
+    [[nodiscard]] bool cuts(const QString& item) const;
+    [[nodiscard]] QString shownText() const;
     void follow(toolkit::ComboBox::Change change);
     void showItems();
     void showSelection();

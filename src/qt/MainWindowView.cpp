@@ -20,6 +20,8 @@ namespace qt {
 
 namespace {
 
+constexpr int outputWidth = 34;  // letters; MIDI port names can have over a hundred
+
 /// A visible button for something the menu offers too.
 QPushButton* buttonFor(QAction& action, const QString& outlet, const QString& caption,
                        const QString& name) {
@@ -81,6 +83,7 @@ QLayout* MainWindowView::makeContent(editor::MainWindow& window) {
 void MainWindowView::showStatus(editor::MainWindow& window) {
     auto* text = new TextFieldView(window.status);
     text->setObjectName(QStringLiteral("status"));
+    text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     statusBar()->setContentsMargins(12, 0, 12, 4);
     statusBar()->addWidget(text, 1);
     statusBar()->setSizeGripEnabled(false);
@@ -161,6 +164,7 @@ QBoxLayout* MainWindowView::makeTopBar(editor::MainWindow& window) {
     auto* output = new TextFieldView(window.output);
     output->setObjectName(QStringLiteral("output"));  // what a screen reader hears is its text
     output->setToolTip(QStringLiteral("Where a Send goes"));
+    output->setMaximumWidth(output->fontMetrics().averageCharWidth() * outputWidth);
     bar->addWidget(output);
     bar->addSpacing(8);
     bar->addWidget(buttonFor(*midiDevices_, QStringLiteral("midiDevices"),

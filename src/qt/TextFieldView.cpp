@@ -1,5 +1,9 @@
 #include "qt/TextFieldView.h"
 
+#include <QHelpEvent>
+#include <QStylePainter>
+#include <QToolTip>
+
 #include "qt/asText.h"
 
 namespace qt {
@@ -14,6 +18,36 @@ void TextFieldView::showModel() {
     if (const toolkit::TextField* field = link_.model()) {
         setText(field->stringValue().empty() ? whenEmpty_ : asText(field->stringValue()));
     }
+}
+
+QSize TextFieldView::minimumSizeHint() const {
+    constexpr int fewLetters = 8;
+    const int few = fontMetrics().averageCharWidth() * fewLetters;
+    return QLabel::minimumSizeHint().boundedTo(QSize(few, QWIDGETSIZE_MAX));
+}
+
+QString TextFieldView::shownText() const {
+    const bool fits = sizeHint().width() <= width();
+    return fits ? text() : fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
+}
+
+bool TextFieldView::event(QEvent* event) {
+    if (event->type() == QEvent::ToolTip && shownText() != text()) {
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
+        return true;
+    }
+    return QLabel::event(event);
+}
+
+void TextFieldView::paintEvent(QPaintEvent* event) {
+    const QString shown = shownText();
+    if (shown == text()) {
+        QLabel::paintEvent(event);
+        return;
+    }
+    QStylePainter painter(this);
+    painter.drawItemText(contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(),
+                         shown, foregroundRole());
 }
 
 }  // namespace qt

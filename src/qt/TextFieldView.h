@@ -7,15 +7,23 @@
 
 namespace qt {
 
-/// Shows a `toolkit::TextField`.
+/// Shows a `toolkit::TextField` in one line. A text that finds no room is cut with "..." and shown
+/// whole in the tool tip; a screen reader always reads it whole. So it never keeps a window wide.
 class TextFieldView final : public QLabel {
 public:
     /// `whenEmpty` is shown while the field has no text.
     explicit TextFieldView(toolkit::TextField& model, const QString& whenEmpty = {},
                            QWidget* parent = nullptr);
 
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
 private:
     void showModel();
+    [[nodiscard]] QString shownText() const;
 
     ModelLink<toolkit::TextField> link_;
     QString whenEmpty_;

@@ -9,6 +9,7 @@
 
 #include "app/Demo.h"
 #include "app/Robot.h"
+#include "devices/missingMidi.h"
 #include "firmware/firm.h"
 #include "firmware/readImage.h"
 #include "qt/mouse.h"
@@ -210,6 +211,44 @@ void showEmptyDeviceDialog(app::Demo& demo, const Visit& visit) {
     demo.desktop.runModalForWindow(dialog);
 }
 
+/// An editor on another computer than the demo's: its main window and its device dialog.
+void showElsewhere(app::Demo& demo, platform::software::SoftwareMidiService& service,
+                   const std::string& where, const Visit& visit) {
+    app::Editor editor(service, demo.desktop);
+    editor.show();
+    whenDialogOpens(QStringLiteral("MIDI Devices"), [&](QDialog& dialog) {
+        show(dialog, ("seldev-" + where).c_str(), visit);
+        press(dialog, Qt::Key_Enter);
+    });
+    click(find(editor.view, "midiDevices"));
+    show(editor.view, ("main-" + where).c_str(), visit);
+}
+
+void showWithoutMidi(app::Demo& demo, const Visit& visit) {
+    using Obstacle = platform::ServiceState::Obstacle;
+    platform::software::SoftwareMidiService service;
+    const platform::ServiceState notAllowed{Obstacle::NotAllowed, "sudo usermod -aG audio $USER",
+                                            "audio"};
+    service.obstruct(notAllowed);
+    showElsewhere(demo, service, "not-allowed", visit);
+    service.obstruct({Obstacle::NotLoaded, "sudo modprobe snd-seq"});
+    showElsewhere(demo, service, "not-loaded", visit);
+    service.obstruct({Obstacle::Other, {}, {}, "Too many open files in system"});
+    showElsewhere(demo, service, "not-opened", visit);
+    demo.simulatorView.setNotice(QStringLiteral("Other programs cannot see this controller. ") +
+                                 QString::fromStdString(devices::whyNoMidi(notAllowed) + " " +
+                                                        devices::remedyForNoMidi(notAllowed)));
+    show(demo.simulatorView, "simulator-not-allowed", visit);
+    demo.simulatorView.setNotice(QString());
+}
+
+void showLongName(app::Demo& demo, const Visit& visit) {
+    platform::software::SoftwareMidiService service;
+    service.addSource(std::string(127, 'W'));
+    service.addDestination(std::string(127, 'W'));
+    showElsewhere(demo, service, "long-name", visit);
+}
+
 }  // namespace
 
 void forEveryWindow(const Visit& visit) {
@@ -228,6 +267,8 @@ void forEveryWindow(const Visit& visit) {
     showFirmware(demo, visit);
     showEmptyDeviceDialog(demo, visit);
     showMainWithoutOutput(demo, visit);
+    showWithoutMidi(demo, visit);
+    showLongName(demo, visit);
 }
 
 }  // namespace tests

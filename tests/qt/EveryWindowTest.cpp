@@ -21,6 +21,7 @@
 
 #include "qt/ButtonView.h"
 #include "qt/EveryWindow.h"
+#include "qt/TextFieldView.h"
 #include "qt/letterContrast.h"
 #include "qt/palettes.h"
 
@@ -59,7 +60,10 @@ void expectNoTextCut(QWidget& window, const QString& name) {
         if (!widget->isVisible() || !holdsText) {
             continue;
         }
-        const QSize needed = widget->minimumSizeHint();
+        // A line would cut itself; only a name of more than a hundred letters may need it.
+        const bool isLine = dynamic_cast<qt::TextFieldView*>(widget) != nullptr;
+        const bool mayCut = name.endsWith(QLatin1String("long-name"));
+        const QSize needed = isLine && !mayCut ? widget->sizeHint() : widget->minimumSizeHint();
         EXPECT_TRUE(widget->width() >= needed.width() && widget->height() >= needed.height())
             << name.toStdString() << ": " << widget->objectName().toStdString();
         EXPECT_TRUE(

@@ -26,6 +26,26 @@ TEST(TextFieldView, ShowsItsOwnTextOnlyWhileTheFieldIsEmpty) {
     EXPECT_EQ(view.text(), QStringLiteral("Number"));
 }
 
+TEST(TextFieldView, CutsWhatFindsNoRoomAndOnlyThat) {
+    toolkit::TextField model;
+    model.setStringValue("Const");
+    TextFieldView view(model);
+    const auto picture = [&view](int width) {
+        view.resize(width, view.sizeHint().height());
+        return view.grab().toImage();
+    };
+    const QLabel plain(QStringLiteral("Const"));
+    const int whole = view.sizeHint().width();
+    EXPECT_EQ(view.sizeHint(), plain.sizeHint());
+    const QImage full = picture(whole);
+    const QImage cut = picture(whole - 4);
+    EXPECT_NE(cut, full.copy(0, 0, cut.width(), cut.height())) << "dots, not half a letter";
+    EXPECT_LT(view.minimumSizeHint().width(), 200);
+    model.setStringValue(std::string(127, 'W'));
+    EXPECT_LT(view.minimumSizeHint().width(), 200);
+    EXPECT_EQ(view.text().size(), 127);
+}
+
 TEST(TextFieldView, TakesNoTextForMarkup) {
     toolkit::TextField model;
     model.setStringValue("<b>1</b>");
