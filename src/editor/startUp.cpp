@@ -16,7 +16,7 @@ mainController::mainController(EditorState& state, MainWindow& window, toolkit::
     : state_(state), window_(window), desktop_(desktop), devices_(devices), firmware_(firmware) {
     state_.selection.selTag2 = noControl;
     config::buildImageAndStores(state_.sysData, state_.stores);
-    window_.locker.setState(trailer(state_.sysData, 0, config::lockOffset) != 0 ? 1 : 0);
+    showLock(0);
     state_.selection.msg_Typ = kindNote;
     state_.selection.keyEvnt = 0;
     state_.selection.keyEvnt_bak = 0;

@@ -39,6 +39,16 @@ TEST(StartUp, ConstructionSelectsControlZeroAndForgetsEverythingElse) {
     EXPECT_EQ(state.bChange, 0);
 }
 
+TEST(StartUp, ConstructionShowsTheLockOfTheImageItBuilds) {
+    TestEditor other;
+    EditorState state;
+    MainWindow window;
+    ASSERT_EQ(window.locker.state(), 0);
+    const mainController controller(state, window, other.desktop, other.devices, other.firmware);
+    EXPECT_EQ(state.sysData.at(250), 1);
+    EXPECT_EQ(window.locker.state(), 1);
+}
+
 TEST(StartUp, ConstructionBuildsTheImageAndBothStores) {
     TestEditor other;
     EditorState state;
