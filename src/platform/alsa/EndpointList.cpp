@@ -19,11 +19,16 @@ const PortDescription* find(const std::vector<PortDescription>& ports, const Add
     return found == ports.end() ? nullptr : &*found;
 }
 
+/// A name as it is given out; that of the bus has its mark.
+std::string marked(const PortDescription& port, const std::string& name) {
+    return port.isBus ? std::string(busMark) + name : name;
+}
+
 }  // namespace
 
 std::string ListedEndpoint::name() const {
-    return occurrence == 0 ? port.portName
-                           : port.portName + " (" + std::to_string(occurrence + 1) + ")";
+    const std::string name = marked(port, port.portName);
+    return occurrence == 0 ? name : name + " (" + std::to_string(occurrence + 1) + ")";
 }
 
 bool EndpointList::follow(const std::vector<PortDescription>& present,
@@ -69,7 +74,7 @@ bool EndpointList::followNames(const std::vector<PortDescription>& present) {
             giveUniqueID(endpoint);
         }
         if (const auto device = devices_.find(now->address.client); device != devices_.end()) {
-            device->second.name = now->clientName;
+            device->second.name = marked(*now, now->clientName);
         }
         changed = true;
     }
@@ -120,7 +125,7 @@ MIDIEntityRef EndpointList::entityOf(const PortDescription& port) {
     if (isNew) {
         device->second.handle = ++nextHandle_;
         device->second.entity = ++nextHandle_;
-        device->second.name = port.clientName;
+        device->second.name = marked(port, port.clientName);
         device->second.isBus = port.isBus;
     }
     return device->second.entity;

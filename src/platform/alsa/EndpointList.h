@@ -8,12 +8,18 @@
 #include <map>
 #include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/MidiService.h"
 #include "platform/alsa/enumeration.h"
 
 namespace platform::alsa {
+
+/// Two arrows before the names of the bus between programs: on most computers it is always there
+/// and no device, so it must not look like one. Lists by name have it after what begins with a
+/// letter or a digit, and so a device comes first.
+inline constexpr std::string_view busMark = "\u21C4 ";
 
 struct ListedEndpoint {
     MIDIEndpointRef handle = 0;
@@ -23,9 +29,9 @@ struct ListedEndpoint {
     bool isOffline = false;       ///< it is there, but takes no data
     PortDescription port;
 
-    /// The port's name; of the second and further ones with the same names with a number, "Tormelk
-    /// MIDI 1 (2)". Two devices of one model can so be told apart, by a person and when one of them
-    /// has gone.
+    /// The port's name, with a mark where it is the bus; of the second and further ones with the
+    /// same names with a number, "Tormelk MIDI 1 (2)". Two devices of one model can so be told
+    /// apart, by a person and when one of them has gone.
     [[nodiscard]] std::string name() const;
 };
 

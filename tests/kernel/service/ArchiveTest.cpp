@@ -92,7 +92,7 @@ TEST(Archive, OfAPublishedEndpointWhoseIdIsTakenMakesOneOfTheSameNameWithAnother
     EXPECT_NE(second->uniqueID(), 0);
     EXPECT_EQ(owner.uniqueID(), id);
     // Nor can one that a device has be taken.
-    const midi::ZQMIDIRealSource* const through = layer.source("Midi Through Port-0");
+    const midi::ZQMIDIRealSource* const through = layer.source("\u21C4 Midi Through Port-0");
     ASSERT_NE(through, nullptr);
     EXPECT_FALSE(owner.setUniqueID(through->uniqueID()));
 }

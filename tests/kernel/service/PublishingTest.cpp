@@ -159,10 +159,10 @@ TEST_F(Publishing, GoesWithItsObject) {
 }
 
 TEST_F(Publishing, NamesOfOthersCannotBeChanged) {
-    midi::ZQMIDIRealDestination& through = *layer.destination("Midi Through Port-0");
+    midi::ZQMIDIRealDestination& through = *layer.destination("\u21C4 Midi Through Port-0");
     EXPECT_FALSE(through.setName("mine"));
     EXPECT_FALSE(through.setUniqueID(4711));
-    EXPECT_EQ(through.displayName(), "Midi Through Port-0");
+    EXPECT_EQ(through.displayName(), "\u21C4 Midi Through Port-0");
 }
 
 }  // namespace

@@ -1,14 +1,21 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "devices/seldev.h"
 #include "kernel/Program.h"
 #include "kernel/UsbMidiGadget.h"
 #include "kernel/UserSpaceMidiDevice.h"
+#include "kernel/sequencerClients.h"
 #include "kernel/service/EndpointLayer.h"
 #include "kernel/service/OtherProgram.h"
+#include "kernel/waitUntil.h"
 #include "support/ScriptedDesktop.h"
 
 // What is listed, under which names, in which order.
@@ -23,6 +30,46 @@ using testing::IsEmpty;
 using testing::Not;
 using testing::SizeIs;
 
+/// The bus between programs, which the sequencer always has, under the name it is listed by.
+const std::string throughPort = "\u21C4 Midi Through Port-0";
+
+/// Runs one of the system's tools, which must succeed.
+void runTool(const std::vector<std::string>& command) {
+    const ProgramResult result = run(command, 30s);
+    EXPECT_EQ(result.status, 0) << command.back() << ": " << result.output;
+}
+
+/// Without the sequencer's modules for as long as it lives, or until they are loaded.
+class UnloadedSequencer {
+public:
+    UnloadedSequencer() {
+        runTool({"/sbin/modprobe", "-r", "snd-seq-midi", "snd-seq-dummy", "snd-virmidi",
+                 "snd-seq-midi-event", "snd-seq"});
+    }
+    UnloadedSequencer(const UnloadedSequencer&) = delete;
+    UnloadedSequencer& operator=(const UnloadedSequencer&) = delete;
+    ~UnloadedSequencer() { load(); }
+
+    void load() {
+        if (!std::exchange(loaded_, true)) {
+            runTool({"/sbin/modprobe", "-a", "snd-seq", "snd-seq-midi", "snd-seq-dummy"});
+            runTool({"/sbin/modprobe", "snd-virmidi", "midi_devs=1"});
+        }
+    }
+
+private:
+    bool loaded_ = false;
+};
+
+/// Somebody who is no member of any group, for as long as it lives.
+class AsNobody {
+public:
+    AsNobody() { EXPECT_EQ(seteuid(65534), 0); }
+    AsNobody(const AsNobody&) = delete;
+    AsNobody& operator=(const AsNobody&) = delete;
+    ~AsNobody() { EXPECT_EQ(seteuid(0), 0); }
+};
+
 TEST(Setup, ListsWhatIsThereByDisplayName) {
     UsbMidiGadget zwolk({.product = "Zwolk", .ports = 2});
     UsbMidiGadget tormelk({.product = "tormelk"});
@@ -32,8 +79,8 @@ TEST(Setup, ListsWhatIsThereByDisplayName) {
     named.plug();
     EndpointLayer layer;
     const auto expected =
-        ElementsAre("Aube Live Port", "Midi Through Port-0", "tormelk MIDI 1",
-                    "Virtual Raw MIDI 0-0 VirMIDI 0-0", "Zwolk MIDI 1", "Zwolk MIDI 2");
+        ElementsAre("Aube Live Port", "tormelk MIDI 1", "Virtual Raw MIDI 0-0 VirMIDI 0-0",
+                    "Zwolk MIDI 1", "Zwolk MIDI 2", throughPort);
     EXPECT_THAT(layer.sourceNames(), expected);
     EXPECT_THAT(layer.destinationNames(), expected);
 }
@@ -59,7 +106,7 @@ TEST(Setup, FollowsADeviceThatIsPluggedInAndOut) {
 TEST(Setup, OnlyTheBusBetweenProgramsCountsAsOne) {
     EndpointLayer layer;
     for (const auto& destination : layer.manager().realDestinations()) {
-        EXPECT_EQ(destination->isIACBus(), destination->displayName() == "Midi Through Port-0")
+        EXPECT_EQ(destination->isIACBus(), destination->displayName() == throughPort)
             << destination->displayName();
     }
 }
@@ -80,7 +127,7 @@ TEST(Setup, ListsWhatOtherProgramsOfferUnderTheNameOfThePort) {
 TEST(Setup, ListsNothingThatIsHiddenOrCannotBeSubscribedToOrIsTheSystemsOwn) {
     const OtherProgram other("Other", {"hidden=hidden", "half=half"});
     EndpointLayer layer;
-    const auto expected = ElementsAre("Midi Through Port-0", "Virtual Raw MIDI 0-0 VirMIDI 0-0");
+    const auto expected = ElementsAre("Virtual Raw MIDI 0-0 VirMIDI 0-0", throughPort);
     EXPECT_THAT(layer.sourceNames(), expected);
     EXPECT_THAT(layer.destinationNames(), expected);
 }
@@ -94,10 +141,9 @@ TEST(Setup, TellsTheProcessThatOwnsAPortAndThatADeviceHasNone) {
                                                          "ZQMIDIOwnerPID", &owner),
               platform::noErr);
     EXPECT_EQ(owner, other.process());
-    EXPECT_EQ(
-        layer.service.MIDIObjectGetIntegerProperty(
-            layer.destination("Midi Through Port-0")->midiEndpointRef(), "ZQMIDIOwnerPID", &owner),
-        platform::kMIDIUnknownProperty);
+    EXPECT_EQ(layer.service.MIDIObjectGetIntegerProperty(
+                  layer.destination(throughPort)->midiEndpointRef(), "ZQMIDIOwnerPID", &owner),
+              platform::kMIDIUnknownProperty);
 }
 
 TEST(Setup, ABurstOfHundredsOfPortsIsOneChange) {
@@ -131,18 +177,18 @@ TEST(Setup, MoreAnnouncementsThanTheKernelKeepsLoseNoPort) {
 
 TEST(Setup, WhatThisProcessDoesIsNoChange) {
     EndpointLayer layer;
-    midi::ZQMIDIRealDestination& through = *layer.destination("Midi Through Port-0");
+    midi::ZQMIDIRealDestination& through = *layer.destination(throughPort);
     const int user = 0;
     for (int time = 0; time < 10; ++time) {
         send(through, {0x90, 1, 2});
-        layer.source("Midi Through Port-0")->addSender(&user);
-        layer.source("Midi Through Port-0")->removeSender(&user);
+        layer.source(throughPort)->addSender(&user);
+        layer.source(throughPort)->removeSender(&user);
     }
     layer.run(300ms);
     EXPECT_EQ(layer.setupChanges, 0);
 }
 
-TEST(Setup, WithoutTheSequencerTheListsAreEmptyAndItIsFoundWhenItIsBack) {
+TEST(Setup, WithoutTheSequencerTheListsAreEmptyAndItIsFoundByItselfWhenItIsBack) {
     const fs::path device = "/dev/snd/seq";
     const fs::path aside = "/dev/snd/seq.aside";
     fs::rename(device, aside);
@@ -152,14 +198,71 @@ TEST(Setup, WithoutTheSequencerTheListsAreEmptyAndItIsFoundWhenItIsBack) {
     layer.service.rescan();
     EXPECT_THAT(layer.destinationNames(), IsEmpty());
     fs::rename(aside, device);
-    layer.run(200ms);
-    EXPECT_THAT(layer.destinationNames(), IsEmpty());
-    layer.service.rescan();
-    EXPECT_THAT(layer.destinationNames(), Not(IsEmpty()));
+    EXPECT_TRUE(layer.runUntil([&] { return !layer.destinationNames().empty(); }));
     EXPECT_EQ(layer.setupChanges, 1);
     // From now on it is followed.
     const OtherProgram other("Other", {"in=write"});
     EXPECT_TRUE(layer.runUntil([&] { return layer.destination("in") != nullptr; }));
+}
+
+TEST(Setup, TheDeviceDialogTellsOfASequencerThatIsNotLoadedAndShowsItOnceItIs) {
+    UnloadedSequencer unloaded;
+    EndpointLayer layer;
+    support::ScriptedDesktop desktop;
+    devices::seldevChoice choice(layer.process);
+    desktop.onModal<devices::seldev>([&](devices::seldev& dialog) {
+        EXPECT_EQ(dialog.hint.stringValue(),
+                  "The computer's MIDI sequencer is not loaded. To load it, run this in a "
+                  "terminal; it is noticed here by itself:\nsudo modprobe snd-seq");
+        EXPECT_EQ(dialog.combo_out.numberOfItems(), 0);
+        unloaded.load();
+        EXPECT_TRUE(layer.runUntil([&] { return dialog.combo_out.numberOfItems() == 2; }));
+        EXPECT_EQ(dialog.hint.stringValue(), "");
+        dialog.cancel();
+    });
+    devices::seldev dialog(choice, desktop);
+    (void)desktop.runModalForWindow(dialog);
+}
+
+TEST(Setup, TheDeviceDialogTellsOfASequencerThatIsNotAllowedAndShowsItOnceItIs) {
+    const fs::path device = "/dev/snd/seq";
+    const fs::perms before = fs::status(device).permissions();
+    fs::permissions(device, fs::perms::owner_read | fs::perms::owner_write);
+    auto nobody = std::make_optional<AsNobody>();
+    EndpointLayer layer;
+    support::ScriptedDesktop desktop;
+    devices::seldevChoice choice(layer.process);
+    desktop.onModal<devices::seldev>([&](devices::seldev& dialog) {
+        EXPECT_EQ(dialog.hint.stringValue(),
+                  "This program is not allowed to use the computer's MIDI. Members of the group "
+                  "\"audio\" are allowed to. To become one, run this in a terminal, then log out "
+                  "and log in again:\nsudo usermod -aG audio $USER");
+        nobody.reset();
+        fs::permissions(device, fs::perms::all);
+        nobody.emplace();
+        EXPECT_TRUE(layer.runUntil([&] { return dialog.combo_out.numberOfItems() == 2; }));
+        EXPECT_EQ(dialog.hint.stringValue(), "");
+        dialog.cancel();
+    });
+    devices::seldev dialog(choice, desktop);
+    (void)desktop.runModalForWindow(dialog);
+    nobody.reset();
+    fs::permissions(device, before);
+}
+
+TEST(Setup, WhatWasUnpluggedBeforeTheManagerWasMadeIsNotListedAtAll) {
+    UsbMidiGadget tormelk({});
+    tormelk.plug();
+    platform::alsa::AlsaMidiService service("Tormelk Wyro");
+    EXPECT_TRUE(service.state().hasDestination);  // a plain look
+    tormelk.unplug();
+    const auto isGone = [] { return sequencerClientsNamed("Tormelk").empty(); };
+    EXPECT_TRUE(waitUntil(isGone, 5s));
+    platform::NotificationCentre centre;
+    midi::ZQMIDIProcess process(service, centre);
+    for (const auto& destination : process.sharedInstance().realDestinations()) {
+        EXPECT_EQ(destination->displayName().find("Tormelk"), std::string::npos);
+    }
 }
 
 TEST(Setup, TheDeviceDialogShowsASequencerThatHasComeSince) {
@@ -188,13 +291,13 @@ TEST(Setup, ADeviceThatIsPulledOutDuringTheDeviceDialogIsShownAsOfflineThere) {
     devices::seldevChoice choice(layer.process);
     desktop.onModal<devices::seldev>([&](devices::seldev& dialog) {
         const auto shows = [&](const std::string& name) {
-            return dialog.combo_out.itemObjectValueAtIndex(1) == name;
+            return dialog.combo_out.itemObjectValueAtIndex(0) == name;
         };
         EXPECT_TRUE(shows("Tormelk MIDI 1"));
-        dialog.combo_out.choose(1);
+        dialog.combo_out.choose(0);
         tormelk.unplug();
         EXPECT_TRUE(layer.runUntil([&] { return shows("Tormelk MIDI 1 (offline)"); }));
-        EXPECT_EQ(dialog.combo_out.indexOfSelectedItem(), 1);
+        EXPECT_EQ(dialog.combo_out.indexOfSelectedItem(), 0);
         dialog.ok();
     });
     devices::seldev dialog(choice, desktop);

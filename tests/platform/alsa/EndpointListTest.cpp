@@ -131,6 +131,20 @@ TEST_F(EndpointListTest, ANewNameIsAChangeWithTheSameHandleAndAnotherId) {
     EXPECT_NE(at(20).uniqueID, before.uniqueID);
 }
 
+TEST_F(EndpointListTest, TheBusHasItsMarkBeforeBothOfItsNamesAndOnlyTheBus) {
+    PortDescription through = port(14, 0, "Midi Through", "Midi Through Port-0");
+    through.isBus = true;
+    list.follow({through, tormelk(20)}, {});
+    const MIDIEntityRef bus = at(14).entity;
+    EXPECT_EQ(at(14).name(), "\u21C4 Midi Through Port-0");
+    EXPECT_EQ(list.findDevice(bus)->name, "\u21C4 Midi Through");
+    EXPECT_EQ(at(20).name(), "Tormelk MIDI 1");
+    EXPECT_EQ(list.findDevice(at(20).entity)->name, "Tormelk");
+    through.clientName = "Through";
+    list.follow({through, tormelk(20)}, {});
+    EXPECT_EQ(list.findDevice(bus)->name, "\u21C4 Through");
+}
+
 TEST_F(EndpointListTest, PortsOfOneDeviceShareItsEntityAndDevice) {
     list.follow({port(20, 0, "Zwolk", "Zwolk MIDI 1"), port(20, 1, "Zwolk", "Zwolk MIDI 2")}, {});
     const MIDIEntityRef entity = list.endpoints()[0].entity;
