@@ -192,19 +192,33 @@ TEST_F(ReceiverThreads, APublishedDestinationCanComeAndGoWhileOthersSendToIt) {
     std::atomic<MIDIEndpointRef> target = 0;
     manager();
     const auto list = platform::makeOnePacketList(noteOn);
-    const Flood flood(2, [&] { service.sendTo(target, *list); });
-    for (int i = 0; i < 100; ++i) {
-        Guarded receiver;
-        ZQMIDIVirtualDestination destination(manager(), "Editor");
-        target = destination.midiEndpointRef();
-        destination.addReceiver(&receiver);
-        if (i % 10 == 0) {
-            while (receiver.calls == 0) {
-                std::this_thread::yield();
+    int heard = 0;
+    {
+        const Flood flood(2, [&] { service.sendTo(target, *list); });
+        for (int i = 0; i < 100; ++i) {
+            Guarded receiver;
+            auto destination = std::make_unique<ZQMIDIVirtualDestination>(manager(), "Editor");
+            target = destination->midiEndpointRef();
+            destination->addReceiver(&receiver);
+            if (i % 10 == 0) {
+                while (receiver.calls == 0) {
+                    std::this_thread::yield();
+                }
+                ++heard;
             }
+            if (i % 2 == 0) {
+                destination->removeReceiver(&receiver);
+            } else {
+                destination.reset();  // with its receiver
+            }
+            receiver.gone = true;
+            std::this_thread::yield();
+            EXPECT_EQ(receiver.callsTooLate, 0);
+            destination.reset();
+            EXPECT_EQ(service.publishedEndpoints(), 0U);
         }
-        destination.removeReceiver(&receiver);
     }
+    EXPECT_EQ(heard, 10);
 }
 
 TEST_F(ReceiverThreads, TheProcessCanEndWhileInputArrives) {

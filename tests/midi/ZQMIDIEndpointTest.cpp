@@ -3,6 +3,7 @@
 #include <compare>
 
 #include "midi/MidiTest.h"
+#include "platform/AbsentMidiService.h"
 
 namespace midi {
 namespace {
@@ -114,6 +115,37 @@ TEST_F(Endpoint, IsNamedAfterTheDeviceConnectedToIt) {
     in.setConnectedUniqueIDs(std::vector{keyboard.uniqueID()});
     EXPECT_EQ(endpointOn(in).displayName(), "Keyboard");
     EXPECT_EQ(endpointOn(in).name(), "Interface Port 1");
+}
+
+/// Finds what is plugged into a port, and says in the same answer that it does not.
+class ContradictingService final : public platform::AbsentMidiService {
+public:
+    platform::OSStatus MIDIObjectGetDataProperty(platform::MIDIObjectRef, std::string_view,
+                                                 std::vector<std::uint8_t>* value) override {
+        *value = {0, 0, 0, 7};
+        return noErr;
+    }
+    platform::OSStatus MIDIObjectFindByUniqueID(std::int32_t, platform::MIDIObjectRef* object,
+                                                platform::MIDIObjectType* type) override {
+        *object = keyboard;
+        *type = platform::kMIDIObjectType_ExternalDevice;
+        return platform::kMIDIObjectNotFound;
+    }
+    platform::OSStatus MIDIObjectGetStringProperty(platform::MIDIObjectRef object, std::string_view,
+                                                   std::string* value) override {
+        *value = object == keyboard ? "Keyboard" : "Port 1";
+        return noErr;
+    }
+
+private:
+    static constexpr platform::MIDIObjectRef keyboard = 9;
+};
+
+TEST(EndpointOfAContradictingService, IsNamedAfterWhatTheLookUpFindsWhateverCodeItAnswers) {
+    ContradictingService service;
+    platform::NotificationCentre centre;
+    ZQMIDIProcess process(service, centre);
+    EXPECT_EQ(ZQMIDIEndpoint(process.sharedInstance(), 1).displayName(), "Keyboard");
 }
 
 TEST_F(Endpoint, IsNamedAfterAllConnectedDevicesInTheOrderOfTheData) {

@@ -11,6 +11,17 @@ using ::testing::IsEmpty;
 
 class Manager : public MidiTest {
 protected:
+    /// From now on, `asked` takes every operation that lists endpoints.
+    void recordListing() {
+        service.onCall([this](const Call& call) {
+            if (call.operation.starts_with("MIDIGet")) {
+                asked.emplace_back(call.operation);
+            }
+            return noErr;
+        });
+    }
+    std::vector<std::string> asked;
+
     /// Counts what is posted, from the manager's first moment on.
     platform::NotificationCentre::Registration counter =
         centre.addObserver(ZQMIDISetupChanged, [this](const void* object) {
@@ -61,15 +72,27 @@ TEST_F(Manager, NeverFillsTheDeviceLists) {
 }
 
 TEST_F(Manager, RefreshesSourcesBeforeDestinations) {
-    std::vector<std::string> order;
-    service.onCall([&](const Call& call) {
-        if (call.operation.starts_with("MIDIGetNumber")) {
-            order.emplace_back(call.operation);
-        }
-        return noErr;
-    });
+    recordListing();
     manager();
-    EXPECT_THAT(order, ElementsAre("MIDIGetNumberOfSources", "MIDIGetNumberOfDestinations"));
+    EXPECT_THAT(asked, ElementsAre("MIDIGetNumberOfSources", "MIDIGetNumberOfDestinations"));
+}
+
+TEST_F(Manager, RefreshesSourcesBeforeDestinationsWhenTheSetupChanges) {
+    manager();
+    recordListing();
+    service.deliverNotification(1);
+    EXPECT_THAT(asked, ElementsAre("MIDIGetNumberOfSources", "MIDIGetNumberOfDestinations"));
+}
+
+TEST_F(Manager, AsksForAsManyEndpointsAsTheServiceCounts) {
+    service.addSource("in");
+    service.addDestination("out 1");
+    service.addDestination("out 2");
+    recordListing();
+    manager();
+    EXPECT_THAT(
+        asked, ElementsAre("MIDIGetNumberOfSources", "MIDIGetSource", "MIDIGetNumberOfDestinations",
+                           "MIDIGetDestination", "MIDIGetDestination"));
 }
 
 TEST_F(Manager, WithoutAClientHasEmptyListsAndOpensNoPorts) {

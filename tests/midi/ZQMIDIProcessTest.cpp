@@ -30,6 +30,14 @@ TEST_F(ProcessOfTheMidiLayer, EndsWithoutAManagerLeavingNothing) {
     EXPECT_THAT(service.misuses(), IsEmpty());
 }
 
+TEST_F(ProcessOfTheMidiLayer, HasNoClientToGiveBackWhereNoneCouldBeMade) {
+    service.fail("MIDIClientCreate", platform::kMIDIServerStartErr);
+    EXPECT_EQ(manager().midiClientRef(), 0U);
+    recordCalls();
+    process.reset();
+    EXPECT_THAT(calls, IsEmpty());
+}
+
 TEST_F(ProcessOfTheMidiLayer, ClosesOpenPortsWhenItEnds) {
     const Source& in = service.addSource("in");
     const Destination& out = service.addDestination("out");

@@ -1,6 +1,7 @@
 #include "midi/ZQMIDIRealDestination.h"
 
 #include "midi/MidiTest.h"
+#include "platform/AbsentMidiService.h"
 
 namespace midi {
 namespace {
@@ -79,6 +80,46 @@ TEST_F(RealDestination, TakesTheLastOfSeveralSendersToClose) {
     EXPECT_TRUE(destination.ioIsRunning());
     destination.removeSender(&other);
     EXPECT_FALSE(destination.ioIsRunning());
+}
+
+TEST_F(RealDestination, StaysOnItsHandleWhileThatLivesWhateverItsIDAndName) {
+    Destination& out = service.addDestination("out");
+    ZQMIDIRealDestination& destination = real(out);
+    const std::int32_t idBefore = out.uniqueID();
+    out.setUniqueID(99);
+    out.setName("renamed");
+    service.addDestination("out").setUniqueID(idBefore);  // has both now
+    destination.syncWithMIDIEndpoint();
+    EXPECT_EQ(destination.midiEndpointRef(), out.handle());
+    EXPECT_EQ(destination.name(), "renamed");
+}
+
+TEST_F(RealDestination, IsFoundAgainByUniqueIDBeforeName) {
+    ZQMIDIRealDestination& destination = manager().realDestinationWithDescriptor({"Tormelk", 7});
+    service.addDestination("Tormelk");
+    Destination& byID = service.addDestination("Other");
+    byID.setUniqueID(7);
+    destination.syncWithMIDIEndpoint();
+    EXPECT_EQ(destination.midiEndpointRef(), byID.handle());
+    EXPECT_EQ(destination.name(), "Other");
+}
+
+TEST_F(RealDestination, LosesAHandleThatIsNoLongerThere) {
+    Destination& out = service.addDestination("out");
+    ZQMIDIRealDestination& destination = real(out);
+    out.unplug();
+    destination.syncWithMIDIEndpoint();
+    EXPECT_EQ(destination.midiEndpointRef(), 0U);
+}
+
+TEST(RealDestinationWithoutAMidiService, OpensNoPort) {
+    platform::AbsentMidiService service;
+    platform::NotificationCentre centre;
+    ZQMIDIProcess process(service, centre);
+    ZQMIDIRealDestination destination(process.sharedInstance(), MIDIEndpointRef{1});
+    destination.addSender(&service);
+    EXPECT_FALSE(destination.ioIsRunning());
+    destination.removeSender(&service);
 }
 
 }  // namespace

@@ -124,15 +124,6 @@ TEST_F(RealEndpoint, KeepsItsPortWhileItsHandleLives) {
     real(out).removeSender(this);
 }
 
-TEST_F(RealEndpoint, PrefersTheUniqueIDToTheName) {
-    ZQMIDIRealSource& source = manager().realSourceWithDescriptor({"Tormelk", 7});
-    service.addSource("Tormelk");
-    Source& byID = service.addSource("Other");
-    byID.setUniqueID(7);
-    source.syncWithMIDIEndpoint();
-    EXPECT_EQ(source.midiEndpointRef(), byID.handle());
-}
-
 TEST_F(RealEndpoint, ComparesNamesExactly) {
     ZQMIDIRealSource& source = manager().realSourceWithDescriptor({"tormelk", 7});
     ZQMIDIRealSource& nameless = manager().realSourceWithDescriptor({std::nullopt, 8});

@@ -4,6 +4,7 @@
 #include <thread>
 
 #include "midi/MidiTest.h"
+#include "platform/AbsentMidiService.h"
 
 namespace midi {
 namespace {
@@ -141,6 +142,36 @@ TEST_F(RealSource, CallsAReceiverAddedDuringADeliveryFromTheNextListOn) {
     source.removeReceiver(&late);
 }
 
+TEST_F(RealSource, StaysOnItsHandleWhileThatLivesWhateverItsIDAndName) {
+    Source& in = service.addSource("in");
+    ZQMIDIRealSource& source = real(in);
+    const std::int32_t idBefore = in.uniqueID();
+    in.setUniqueID(99);
+    in.setName("renamed");
+    service.addSource("in").setUniqueID(idBefore);  // has both now
+    source.syncWithMIDIEndpoint();
+    EXPECT_EQ(source.midiEndpointRef(), in.handle());
+    EXPECT_EQ(source.name(), "renamed");
+}
+
+TEST_F(RealSource, IsFoundAgainByUniqueIDBeforeName) {
+    ZQMIDIRealSource& source = manager().realSourceWithDescriptor({"Tormelk", 7});
+    service.addSource("Tormelk");
+    Source& byID = service.addSource("Other");
+    byID.setUniqueID(7);
+    source.syncWithMIDIEndpoint();
+    EXPECT_EQ(source.midiEndpointRef(), byID.handle());
+    EXPECT_EQ(source.name(), "Other");
+}
+
+TEST_F(RealSource, LosesAHandleThatIsNoLongerThere) {
+    Source& in = service.addSource("in");
+    ZQMIDIRealSource& source = real(in);
+    in.unplug();
+    source.syncWithMIDIEndpoint();
+    EXPECT_EQ(source.midiEndpointRef(), 0U);
+}
+
 TEST_F(RealSource, MayBeUnpluggedWhileItDelivers) {
     Source& in = service.addSource("in");
     ZQMIDIRealSource& source = real(in);
@@ -155,6 +186,16 @@ TEST_F(RealSource, MayBeUnpluggedWhileItDelivers) {
     EXPECT_TRUE(source.isOffline());
     EXPECT_FALSE(source.ioIsRunning());
     source.removeReceiver(&receiver);
+}
+
+TEST(RealSourceWithoutAMidiService, OpensNoPort) {
+    platform::AbsentMidiService service;
+    platform::NotificationCentre centre;
+    ZQMIDIProcess process(service, centre);
+    ZQMIDIRealSource source(process.sharedInstance(), MIDIEndpointRef{1});
+    source.addSender(&service);
+    EXPECT_FALSE(source.ioIsRunning());
+    source.removeSender(&service);
 }
 
 }  // namespace

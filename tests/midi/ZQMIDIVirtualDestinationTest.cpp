@@ -1,6 +1,7 @@
 #include "midi/ZQMIDIVirtualDestination.h"
 
 #include "midi/MidiTest.h"
+#include "platform/AbsentMidiService.h"
 
 namespace midi {
 namespace {
@@ -55,6 +56,15 @@ TEST_F(VirtualDestination, IsADestinationAndNoSource) {
     const ZQMIDIVirtualDestination destination(manager(), "Editor");
     EXPECT_EQ(service.MIDIGetNumberOfSources(), 0U);
     EXPECT_EQ(service.MIDIGetNumberOfDestinations(), 1U);
+}
+
+TEST(VirtualDestinationWithoutAMidiService, HasNoHandleAndIsOffline) {
+    platform::AbsentMidiService service;
+    platform::NotificationCentre centre;
+    ZQMIDIProcess process(service, centre);
+    const ZQMIDIVirtualDestination destination(process.sharedInstance(), "Editor");
+    EXPECT_EQ(destination.midiEndpointRef(), 0U);
+    EXPECT_TRUE(destination.isOffline());
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "midi/ZQMIDIVirtualSource.h"
 
 #include "midi/MidiTest.h"
+#include "platform/AbsentMidiService.h"
 
 namespace midi {
 namespace {
@@ -27,6 +28,15 @@ TEST_F(VirtualSource, IsASourceAndNoDestination) {
     const ZQMIDIVirtualSource source(manager(), "Editor");
     EXPECT_EQ(service.MIDIGetNumberOfSources(), 1U);
     EXPECT_EQ(service.MIDIGetNumberOfDestinations(), 0U);
+}
+
+TEST(VirtualSourceWithoutAMidiService, HasNoHandleAndIsOffline) {
+    platform::AbsentMidiService service;
+    platform::NotificationCentre centre;
+    ZQMIDIProcess process(service, centre);
+    const ZQMIDIVirtualSource source(process.sharedInstance(), "Editor");
+    EXPECT_EQ(source.midiEndpointRef(), 0U);
+    EXPECT_TRUE(source.isOffline());
 }
 
 }  // namespace

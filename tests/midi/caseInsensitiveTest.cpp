@@ -37,6 +37,25 @@ TEST(IgnoringCase, TakesBytesThatAreNoTextAsTheyAre) {
     EXPECT_TRUE(std::is_eq(compareIgnoringCase("\xF4\x90\x80\x80", "\xF4\x90\x80\x80")));
 }
 
+TEST(IgnoringCase, TakesTheBytesOfACharacterTogether) {
+    // The first and the last character of each length: their first byte alone is no part of them.
+    for (const char* character : {"\xC2\x80", "\xDF\xBF", "\xE0\xA0\x80", "\xEF\xBF\xBF",
+                                  "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}) {
+        const std::string first(character, 1);
+        EXPECT_FALSE(startsWithIgnoringCase(character, first)) << character;
+        EXPECT_TRUE(std::is_lt(compareIgnoringCase(character, first))) << character;
+    }
+}
+
+TEST(IgnoringCase, TakesBytesThatNoCharacterBeginsWithOneByOne) {
+    for (const char* bytes : {"\x80\x80", "\xBF\x80", "\xC0\x80", "\xC1\xBF", "\xF5\x80\x80\x80",
+                              "\xF8\x88\x80\x80", "\xFF\xBF\xBF\xBF"}) {
+        const std::string first(bytes, 1);
+        EXPECT_TRUE(startsWithIgnoringCase(bytes, first)) << first;
+        EXPECT_TRUE(std::is_gt(compareIgnoringCase(bytes, first))) << first;
+    }
+}
+
 TEST(IgnoringCase, ComparesOnlyAsManyCharactersAsThePrefixHas) {
     EXPECT_TRUE(startsWithIgnoringCase("tormelk midi", "Tormelk"));
     EXPECT_TRUE(startsWithIgnoringCase("Tormelk", "Tormelk"));

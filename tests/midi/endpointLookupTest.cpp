@@ -102,6 +102,18 @@ TEST_F(EndpointLookup, IgnoresEndpointsWhoseUniqueIDCannotBeRead) {
     EXPECT_EQ(ZQMIDIGetDestinationByUniqueID(service, 0), 0U);
 }
 
+TEST_F(EndpointLookup, AsksForAsManyEndpointsAsTheServiceCounts) {
+    service.addSource("1");
+    service.addSource("2");
+    int asked = 0;
+    service.onCall([&](const Call& call) {
+        asked += call.operation == "MIDIGetSource" ? 1 : 0;
+        return noErr;
+    });
+    EXPECT_EQ(ZQMIDIGetSourceByUniqueID(service, 4711), 0U);
+    EXPECT_EQ(asked, 2);
+}
+
 TEST_F(EndpointLookup, FindsByTheExactComposedName) {
     const Source& in = service.addDevice("Tormelk").addSource("Port 1");
     const Destination& out = service.addDevice("Tormelk").addDestination("Port 1");

@@ -164,6 +164,23 @@ TEST_F(KeyedArchive, GivesAPublishedSourceBackAsAFreshOne) {
     EXPECT_EQ(service.publishedEndpoints(), 0U);
 }
 
+TEST_F(KeyedArchive, GivesAPublishedDestinationBackWithItsOldUniqueID) {
+    Bytes bytes;
+    {
+        const ZQMIDIVirtualDestination destination(manager(), "Editor");
+        bytes = archived(destination);
+    }
+    now += 1000;
+    const auto back = unarchivedAs<ZQMIDIVirtualDestination>(bytes);
+    ASSERT_NE(back, nullptr);
+    EXPECT_EQ(service.MIDIGetNumberOfDestinations(), 1U);
+    EXPECT_EQ(back->name(), "Editor");
+    EXPECT_EQ(back->uniqueID(), 1'700'000'000);
+    std::int32_t known = 0;
+    service.MIDIObjectGetIntegerProperty(back->midiEndpointRef(), "uniqueID", &known);
+    EXPECT_EQ(known, 1'700'000'000) << "to the service";
+}
+
 TEST_F(KeyedArchive, LeavesAUniqueIDThatIsTakenWithItsOwner) {
     const ZQMIDIVirtualDestination owner(manager(), "Editor");
     const auto back = unarchivedAs<ZQMIDIVirtualDestination>(archived(owner));

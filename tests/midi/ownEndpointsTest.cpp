@@ -32,6 +32,13 @@ TEST_F(OwnEndpoints, FindUniqueIDsOfSourcesAndDestinationsInUse) {
     EXPECT_FALSE(ZQMIDIIsUniqueIDInUse(service, 7));
 }
 
+TEST_F(OwnEndpoints, AnIDThatCannotBeReadCountsAsTheOneReadBefore) {
+    service.addSource("in").setUniqueID(5);
+    service.addSource("mute").removeProperty(platform::kMIDIPropertyUniqueID);
+    service.addDestination("mute").removeProperty(platform::kMIDIPropertyUniqueID);
+    EXPECT_FALSE(ZQMIDIIsUniqueIDInUse(service, 0)) << "and not as none";
+}
+
 TEST_F(OwnEndpoints, GetIDsOfTheClockPlusACounter) {
     EXPECT_EQ(ZQMIDIAllocateUniqueID(*process), 1'700'000'000);
     EXPECT_EQ(ZQMIDIAllocateUniqueID(*process), 1'700'000'001);

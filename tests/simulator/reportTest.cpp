@@ -8,6 +8,7 @@
 
 #include "config/startUp.h"
 #include "config/transfer.h"
+#include "tables/data.h"
 
 namespace simulator {
 namespace {
@@ -48,6 +49,31 @@ TEST(Report, ALayerIsToldInWordsAndInAllItsBytes) {
         }
     }
     EXPECT_EQ(pairs, 254U);
+}
+
+TEST(Report, NamesTheDawModesThatThereAreAndNumbersOthers) {
+    const auto modeOf = [](std::uint8_t mode) {
+        SimulatedController::Layers layers;
+        layers[0].emplace()[config::dawModeOffset] = mode;
+        const std::string text = linesOf(layers);
+        const std::size_t begin = text.find("DAW mode ") + 9;
+        return text.substr(begin, text.find(", not locked") - begin);
+    };
+    const std::size_t modes = tables::data::Machin_Mod().size();
+    for (std::size_t mode = 0; mode < modes; ++mode) {
+        EXPECT_EQ(modeOf(static_cast<std::uint8_t>(mode)), tables::data::Machin_Mod()[mode]);
+    }
+    EXPECT_EQ(modeOf(static_cast<std::uint8_t>(modes)), std::to_string(modes));
+    EXPECT_EQ(modeOf(127), "127");
+}
+
+TEST(Report, TellsACurveFromAConstantVelocity) {
+    SimulatedController::Layers layers;
+    LayerMessage& layer = layers[0].emplace();
+    layer[config::curveOffset] = 4;
+    EXPECT_THAT(linesOf(layers), HasSubstr(", not locked, pads: Curve4, 0 ms\n"));
+    layer[config::curveOffset] = 5;
+    EXPECT_THAT(linesOf(layers), HasSubstr(", not locked, pads: Const 5, 0 ms\n"));
 }
 
 }  // namespace

@@ -137,6 +137,22 @@ TEST_F(Callbacks, HaveEndedWhenTheDisposalOfTheirPublishedDestinationReturns) {
     input.join();
 }
 
+/// A callback that counts, and knows when it runs though its port is gone.
+struct Guarded {
+    std::atomic<bool> gone = false;
+    std::atomic<int> calls = 0;
+    std::atomic<int> callsTooLate = 0;
+
+    static void read(const MIDIPacketList*, void* readProcRefCon, void*) {
+        auto* const guarded = static_cast<Guarded*>(readProcRefCon);
+        ++guarded->calls;
+        std::this_thread::yield();
+        if (guarded->gone) {
+            ++guarded->callsTooLate;
+        }
+    }
+};
+
 TEST_F(Callbacks, NeverTouchAPortThatIsGoneWhilePortsComeAndGo) {
     Source& in = service.addSource("in");
     std::atomic<bool> stop = false;
@@ -149,26 +165,28 @@ TEST_F(Callbacks, NeverTouchAPortThatIsGoneWhilePortsComeAndGo) {
             }
         });
     }
+    std::vector<std::unique_ptr<Guarded>> ports;  // kept to the end, to see late callbacks
     for (int i = 0; i < 300; ++i) {
-        // On the heap, so that a sanitizer sees a callback that comes too late.
-        auto count = std::make_unique<std::atomic<int>>(0);
-        MIDIPortRef port = 0;
-        service.MIDIInputPortCreate(
-            client, "in",
-            [](const MIDIPacketList*, void* refCon, void*) {
-                ++*static_cast<std::atomic<int>*>(refCon);
-            },
-            count.get(), &port);
+        Guarded& guarded = *ports.emplace_back(std::make_unique<Guarded>());
+        const MIDIPortRef port = inputPort(Guarded::read, &guarded);
         service.MIDIPortConnectSource(port, in.handle(), nullptr);
+        while (i % 10 == 0 && guarded.calls == 0) {
+            std::this_thread::yield();
+        }
         if (i % 3 == 0) {
             service.MIDIPortDisconnectSource(port, in.handle());
         }
         service.MIDIPortDispose(port);
+        guarded.gone = true;
     }
     stop = true;
     for (std::thread& input : inputs) {
         input.join();
     }
+    for (const auto& port : ports) {
+        EXPECT_EQ(port->callsTooLate, 0);
+    }
+    EXPECT_EQ(service.openInputPorts(), 0U);
 }
 
 }  // namespace

@@ -135,6 +135,21 @@ TEST_F(Devices, ThatAreUnpluggedTakeNewPortsButShowThemOnlyWhenPlugged) {
     EXPECT_THAT(sources(), ElementsAre(in.handle()));
 }
 
+TEST_F(Devices, ThatAreUnpluggedTakeNewEntitiesButShowThemOnlyWhenPlugged) {
+    Device& device = service.addDevice("Tormelk");
+    device.unplug();
+    const Entity& entity = device.addEntity();
+    MIDIObjectRef found = 0;
+    MIDIObjectType type = 0;
+    EXPECT_FALSE(entity.isPlugged());
+    EXPECT_EQ(service.MIDIObjectFindByUniqueID(entity.uniqueID(), &found, &type),
+              kMIDIObjectNotFound);
+    device.plug();
+    EXPECT_TRUE(entity.isPlugged());
+    EXPECT_EQ(service.MIDIObjectFindByUniqueID(entity.uniqueID(), &found, &type), noErr);
+    EXPECT_EQ(found, entity.handle());
+}
+
 TEST_F(Devices, CanLoseASinglePort) {
     Device& device = service.addDevice("Tormelk");
     Source& in = device.addSource("Port 1");
