@@ -26,6 +26,10 @@
         libgtest-dev libgmock-dev
         gcovr python3
     )
+    packages_to_mutate=(
+        libgtest-dev libgmock-dev
+        python3
+    )
 }
 
 # install_missing PACKAGE...: installs those of the packages that are not installed yet, and says
