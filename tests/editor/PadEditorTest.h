@@ -21,7 +21,7 @@ protected:
         const std::array<toolkit::Button*, 4> buttons = {&padEditor.m_paLa0, &padEditor.m_paLa1,
                                                          &padEditor.m_paLa2, &padEditor.m_paLa3};
         for (std::size_t i = 0; i < buttons.size(); ++i) {
-            if (buttons.at(i)->state() != 0) {
+            if (isLit(*buttons.at(i))) {
                 lit.insert(static_cast<int>(i));
             }
         }

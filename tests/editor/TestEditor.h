@@ -70,13 +70,19 @@ constexpr int tagOf(int control) {
     return control;
 }
 
+/// A button is lit or not; there is no third state.
+inline bool isLit(const toolkit::Button& button) {
+    EXPECT_TRUE(button.state() == 0 || button.state() == 1) << button.state();
+    return button.state() != 0;
+}
+
 /// Positions of the lit buttons.
 template <typename Buttons>
 std::set<int> litOf(const Buttons& buttons) {
     std::set<int> lit;
     int index = 0;
     for (const toolkit::Button& button : buttons) {
-        if (button.state() != 0) {
+        if (isLit(button)) {
             lit.insert(index);
         }
         ++index;

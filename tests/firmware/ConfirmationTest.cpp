@@ -93,6 +93,15 @@ TEST_F(ConfirmationTest, TellsWhichFileIsWrittenInPlaceOfARefusedOne) {
     EXPECT_EQ(fact(content, "Size"), "800 bytes");
 }
 
+TEST_F(ConfirmationTest, NamesTheFileReadBeforeHoweverShortUnlessItIsEmpty) {
+    openImage(someImage(1), "tormelk_1.bin");
+    refuse(someImage(400), "other.bin");
+    EXPECT_EQ(fact(shown(), "File"), "tormelk_1.bin");
+    openImage("", "tormelk_empty.bin");
+    refuse(someImage(400), "other.bin");
+    EXPECT_EQ(fact(shown(), "File"), "none");
+}
+
 TEST_F(ConfirmationTest, WarnsOfAFileRefusedForItsSize) {
     refuse(someImage(60000), "tormelk_large.bin");
     const shell::Confirmation content = shown();

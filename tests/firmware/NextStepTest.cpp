@@ -112,6 +112,7 @@ TEST_F(NextStep, IsToldWhenItChanges) {
 TEST_F(NextStep, TheLinesOfTheStepsTellWhatTheyStandAt) {
     EXPECT_EQ(dialog().step1.stringValue(), "No output chosen.");
     EXPECT_EQ(dialog().step2.stringValue(), "");
+    EXPECT_EQ(dialog().step3.stringValue(), "No output chosen.");
     plugController();
     (void)process.sharedInstance();
     service.dispatch();
@@ -119,6 +120,8 @@ TEST_F(NextStep, TheLinesOfTheStepsTellWhatTheyStandAt) {
     EXPECT_EQ(dialog().step1.stringValue(), "Output: Tormelk");
     EXPECT_EQ(dialog().step3.stringValue(), "Output: Tormelk");
     pressUpdate();
+    EXPECT_EQ(dialog().step3.stringValue(), "To be chosen again.");
+    check();
     EXPECT_EQ(dialog().step3.stringValue(), "To be chosen again.");
     device->unplug();
     service.dispatch();
