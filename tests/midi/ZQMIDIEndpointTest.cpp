@@ -3,7 +3,7 @@
 #include <compare>
 
 #include "midi/MidiTest.h"
-#include "platform/AbsentMidiService.h"
+#include "support/AbsentMidiService.h"
 
 namespace midi {
 namespace {
@@ -118,7 +118,7 @@ TEST_F(Endpoint, IsNamedAfterTheDeviceConnectedToIt) {
 }
 
 /// Finds what is plugged into a port, and says in the same answer that it does not.
-class ContradictingService final : public platform::AbsentMidiService {
+class ContradictingService final : public support::AbsentMidiService {
 public:
     platform::OSStatus MIDIObjectGetDataProperty(platform::MIDIObjectRef, std::string_view,
                                                  std::vector<std::uint8_t>* value) override {

@@ -1,7 +1,7 @@
 #include "midi/ZQMIDIRealDestination.h"
 
 #include "midi/MidiTest.h"
-#include "platform/AbsentMidiService.h"
+#include "support/AbsentMidiService.h"
 
 namespace midi {
 namespace {
@@ -113,7 +113,7 @@ TEST_F(RealDestination, LosesAHandleThatIsNoLongerThere) {
 }
 
 TEST(RealDestinationWithoutAMidiService, OpensNoPort) {
-    platform::AbsentMidiService service;
+    support::AbsentMidiService service;
     platform::NotificationCentre centre;
     ZQMIDIProcess process(service, centre);
     ZQMIDIRealDestination destination(process.sharedInstance(), MIDIEndpointRef{1});

@@ -4,7 +4,7 @@
 #include <thread>
 
 #include "midi/MidiTest.h"
-#include "platform/AbsentMidiService.h"
+#include "support/AbsentMidiService.h"
 
 namespace midi {
 namespace {
@@ -189,7 +189,7 @@ TEST_F(RealSource, MayBeUnpluggedWhileItDelivers) {
 }
 
 TEST(RealSourceWithoutAMidiService, OpensNoPort) {
-    platform::AbsentMidiService service;
+    support::AbsentMidiService service;
     platform::NotificationCentre centre;
     ZQMIDIProcess process(service, centre);
     ZQMIDIRealSource source(process.sharedInstance(), MIDIEndpointRef{1});

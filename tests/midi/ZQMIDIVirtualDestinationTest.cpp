@@ -1,7 +1,7 @@
 #include "midi/ZQMIDIVirtualDestination.h"
 
 #include "midi/MidiTest.h"
-#include "platform/AbsentMidiService.h"
+#include "support/AbsentMidiService.h"
 
 namespace midi {
 namespace {
@@ -59,7 +59,7 @@ TEST_F(VirtualDestination, IsADestinationAndNoSource) {
 }
 
 TEST(VirtualDestinationWithoutAMidiService, HasNoHandleAndIsOffline) {
-    platform::AbsentMidiService service;
+    support::AbsentMidiService service;
     platform::NotificationCentre centre;
     ZQMIDIProcess process(service, centre);
     const ZQMIDIVirtualDestination destination(process.sharedInstance(), "Editor");

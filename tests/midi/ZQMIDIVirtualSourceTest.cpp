@@ -1,7 +1,7 @@
 #include "midi/ZQMIDIVirtualSource.h"
 
 #include "midi/MidiTest.h"
-#include "platform/AbsentMidiService.h"
+#include "support/AbsentMidiService.h"
 
 namespace midi {
 namespace {
@@ -31,7 +31,7 @@ TEST_F(VirtualSource, IsASourceAndNoDestination) {
 }
 
 TEST(VirtualSourceWithoutAMidiService, HasNoHandleAndIsOffline) {
-    platform::AbsentMidiService service;
+    support::AbsentMidiService service;
     platform::NotificationCentre centre;
     ZQMIDIProcess process(service, centre);
     const ZQMIDIVirtualSource source(process.sharedInstance(), "Editor");

@@ -90,10 +90,14 @@ std::vector<RecordedPacketList> SoftwareMidiService::publishedBy(MIDIEndpointRef
 
 OSStatus SoftwareMidiService::MIDISend(MIDIPortRef port, MIDIEndpointRef destination,
                                        const MIDIPacketList* list) {
-    if (const OSStatus failed = begin({"MIDISend", destination}); failed != noErr) {
+    const OSStatus failed = begin({"MIDISend", destination});
+    Lock lock(mutex_);
+    if (failed != noErr) {
+        if (list != nullptr) {
+            lose(lock, destination, *list, failed);
+        }
         return failed;
     }
-    Lock lock(mutex_);
     if (list == nullptr) {
         misuse("MIDISend", "no packet list for", destination);
         return kMIDIObjectNotFound;
@@ -103,14 +107,14 @@ OSStatus SoftwareMidiService::MIDISend(MIDIPortRef port, MIDIEndpointRef destina
     }
     const Object* const object = find(lock, "MIDISend", destination);
     if (object == nullptr) {
+        lose(lock, destination, *list, kMIDIUnknownEndpoint);
         return kMIDIUnknownEndpoint;
     }
     if (object->type_ != kMIDIObjectType_Destination) {
         misuse("MIDISend", "not a destination:", destination);
         return kMIDIWrongEndpointType;
     }
-    deliverTo(lock, destination, *list);
-    return noErr;
+    return accept(lock, static_cast<const Destination&>(*object), *list);
 }
 
 std::vector<std::string> SoftwareMidiService::connectedPrograms(MIDIEndpointRef endpoint) {
@@ -153,6 +157,10 @@ void SoftwareMidiService::reportChange(const Lock&) {
         client.changeDue = true;
     }
     stateChangeDue_ = true;
+    wakeUp();
+}
+
+void SoftwareMidiService::wakeUp() {
     const std::uint64_t one = 1;
     // The counter cannot overflow in a program's life, so nothing can be refused here.
     [[maybe_unused]] const ssize_t written = write(eventFd_, &one, sizeof one);
@@ -161,6 +169,7 @@ void SoftwareMidiService::reportChange(const Lock&) {
 void SoftwareMidiService::dispatch() {
     std::vector<Client> due;
     bool stateChangeDue = false;
+    std::vector<std::function<void()>> settled;
     {
         const Lock lock(mutex_);
         if (std::this_thread::get_id() != mainThread_) {
@@ -175,6 +184,7 @@ void SoftwareMidiService::dispatch() {
             }
         }
         stateChangeDue = std::exchange(stateChangeDue_, false);
+        settled = dueWatches(lock);
     }
     const MIDINotification message{kMIDIMsgSetupChanged, sizeof(MIDINotification)};
     for (const Client& client : due) {
@@ -182,6 +192,9 @@ void SoftwareMidiService::dispatch() {
     }
     if (stateChangeDue) {
         stateChanges().postNotification(MIDIServiceStateChanged, this);
+    }
+    for (const std::function<void()>& watch : settled) {
+        watch();
     }
 }
 

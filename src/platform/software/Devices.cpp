@@ -290,7 +290,11 @@ void SoftwareMidiService::vanish(const Lock& lock, Object& object) {
     }
 }
 
-void SoftwareMidiService::withdraw(const Lock&, Object& object) {
+void SoftwareMidiService::withdraw(const Lock& lock, Object& object) {
+    const auto account = accounts_.find(object.handle_);
+    if (account != accounts_.end() && !account->second.delivery.isSettled) {
+        fail(lock, account->second, Delivery::Trouble::WentAway);
+    }
     present_.erase(object.handle_);
     std::erase(sources_, object.handle_);
     std::erase(destinations_, object.handle_);

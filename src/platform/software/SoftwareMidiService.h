@@ -17,6 +17,8 @@
 
 #include <condition_variable>
 #include <cstddef>
+#include <cstdint>
+#include <deque>
 #include <functional>
 #include <list>
 #include <map>
@@ -136,6 +138,11 @@ public:
     OSStatus MIDISend(MIDIPortRef port, MIDIEndpointRef destination,
                       const MIDIPacketList* list) override;
     [[nodiscard]] std::vector<std::string> connectedPrograms(MIDIEndpointRef endpoint) override;
+    void beginDelivery(MIDIEndpointRef destination) override;
+    [[nodiscard]] platform::Delivery delivery(MIDIEndpointRef destination) override;
+    void watchDelivery(MIDIEndpointRef destination,
+                       std::function<void(const platform::Delivery&)> whenSettled) override;
+    void abandonDelivery(MIDIEndpointRef destination) override;
     OSStatus MIDISourceCreate(MIDIClientRef client, std::string_view name,
                               MIDIEndpointRef* source) override;
     OSStatus MIDIDestinationCreate(MIDIClientRef client, std::string_view name, MIDIReadProc read,
@@ -173,6 +180,12 @@ private:
         MIDIReadProc read = nullptr;  // none for a source
         void* readProcRefCon = nullptr;
     };
+    /// What became of what was sent to a destination, and what of it still waits.
+    struct Account {
+        platform::Delivery delivery;
+        std::deque<MIDIPacketListPtr> waiting;
+        std::function<void(const platform::Delivery&)> whenSettled;
+    };
     struct RunningCallback {
         MIDIObjectRef object = 0;  // the port or the published destination
         std::thread::id thread;
@@ -202,6 +215,16 @@ private:
     void runCallback(Lock& lock, MIDIObjectRef object, const std::function<void()>& callback);
     void waitForCallbacks(Lock& lock, MIDIObjectRef object);
 
+    // Accounts.cpp: what became of what was sent.
+    [[nodiscard]] OSStatus accept(Lock& lock, const Destination& device,
+                                  const MIDIPacketList& list);
+    void lose(const Lock&, MIDIEndpointRef destination, const MIDIPacketList& list, OSStatus code);
+    void fail(const Lock&, Account& account, platform::Delivery::Trouble trouble);
+    [[nodiscard]] Account* waitingAt(const Lock&, const Destination& device);
+    void takeWaiting(Lock& lock, Destination& device);
+    void settle(const Lock&, const Destination& device);
+    [[nodiscard]] std::vector<std::function<void()>> dueWatches(const Lock&);
+
     // Devices.cpp: the device side.
     template <typename Kind>
     Kind& own(const Lock&, std::unique_ptr<Kind> object);
@@ -212,6 +235,7 @@ private:
     void vanish(const Lock&, Object& object);
     void withdraw(const Lock&, Object& object);  // unreported
     void reportChange(const Lock&);
+    void wakeUp();
 
     const std::thread::id mainThread_ = std::this_thread::get_id();
     const int eventFd_;
@@ -236,6 +260,7 @@ private:
     std::vector<MIDIEndpointRef> destinations_;
     std::map<MIDIEndpointRef, Published> published_;
     std::map<MIDIEndpointRef, std::vector<RecordedPacketList>> publishedLists_;
+    std::map<MIDIEndpointRef, Account> accounts_;
     std::list<RunningCallback> callbacks_;
     ServiceState obstacle_;  // with no obstacle, or the one that stands in the way
     bool hasRecoveredInSilence_ = false;
