@@ -45,6 +45,24 @@ TEST(Transfer, ThePauseAfterABlockIsTwoMilliseconds) {
     EXPECT_EQ(pauseAfterBlock.count(), 0.002);
 }
 
+TEST(Transfer, ABlockIsOneMessageAsLongAsItsFrameAndItsDataAreThoseOfOne) {
+    Image sysData{};
+    Stores stores;
+    buildImageAndStores(sysData, stores);
+    for (int layer = 0; layer < 4; ++layer) {
+        EXPECT_TRUE(isOneMessage(sysData, layer));
+        for (std::size_t offset = 0; offset < blockSize; ++offset) {
+            Image changed = sysData;
+            changed[at(layer, offset)] = 0x80;
+            EXPECT_FALSE(isOneMessage(changed, layer)) << offset;
+            const bool isFrame = offset < channelOffset || offset == endOffset;
+            changed[at(layer, offset)] = 0x7F;
+            EXPECT_EQ(isOneMessage(changed, layer), !isFrame) << offset;
+            EXPECT_TRUE(isOneMessage(changed, (layer + 1) % 4)) << "which is not touched";
+        }
+    }
+}
+
 TEST(Transfer, TheSecondFormOfMessageHasExactlyTheseBytes) {
     EXPECT_THAT(secondMessageForm,
                 testing::ElementsAre(0xF0, 0x1D, 0x03, 0x00, 0x65, 0x4E, 0x67, 0x67, 0x67, 0x67,
