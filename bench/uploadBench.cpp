@@ -15,8 +15,8 @@
 #include "app/Editor.h"
 #include "app/Robot.h"
 #include "app/identity.h"
-#include "firmware/pace.h"
 #include "platform/software/SoftwareMidiService.h"
+#include "sending/pace.h"
 #include "simulator/SimulatedController.h"
 
 namespace {
@@ -102,15 +102,15 @@ int main(int count, char** arguments) {
     app::Editor editor(midiService, desktop);
     editor.show();
     (void)QTest::qWaitForWindowExposed(&editor.view);
-    tormelk.receive(firmware::update);
+    tormelk.receive(sending::update);
     prepare(editor);
 
-    const double pauses = firmware::timeOfUpload(firmware::blocksFor(imageSize)).count();
+    const double pauses = sending::timeOfUpload(sending::blocksFor(imageSize)).count();
     std::printf("Uploading a firmware of %zu bytes: its pauses alone are %.3f s\n", imageSize,
                 pauses);
     std::fflush(stdout);
     const Cost cost = upload(editor);
-    if (tormelk.firmware().blocks() != firmware::blocksFor(imageSize)) {
+    if (tormelk.firmware().blocks() != sending::blocksFor(imageSize)) {
         std::printf("  It did NOT ARRIVE whole.\n");
         return EXIT_FAILURE;
     }

@@ -1,7 +1,7 @@
 #include "firmware/confirmation.h"
 
-#include "firmware/pace.h"
 #include "firmware/readImage.h"
+#include "sending/pace.h"
 
 namespace firmware {
 namespace {
@@ -9,7 +9,7 @@ namespace {
 using Verdict = ChosenFile::Verdict;
 
 std::string bytesInWords(std::uint64_t bytes) {
-    return inWords(bytes) + (bytes == 1 ? " byte" : " bytes");
+    return sending::inWords(bytes) + (bytes == 1 ? " byte" : " bytes");
 }
 
 std::string quoted(const std::string& name) {
@@ -21,7 +21,7 @@ std::string refusal(const ChosenFile& file) {
                                    ? "the name of a firmware file begins with \"tormelk\""
                                    : "it has " + bytesInWords(file.size) +
                                          ", a firmware file has fewer than " +
-                                         inWords(imageFileLimit);
+                                         sending::inWords(imageFileLimit);
     return "The file you chose last, " + quoted(file.name) + ", was REFUSED: " + reason +
            ". Not one of its bytes will be written.";
 }
@@ -87,15 +87,15 @@ std::string fileToWrite(const FirmwareState& state) {
 }  // namespace
 
 shell::Confirmation confirmationOf(const FirmwareState& state, const UploadOutput& output) {
-    const std::uint64_t blocks = blocksFor(state.len);
+    const std::uint64_t blocks = sending::blocksFor(state.len);
     shell::Confirmation content;
     content.warnings = warningsOf(state, output);
     content.facts = {
         {"File", fileToWrite(state)},
         {"Size", bytesInWords(state.len)},
-        {"Blocks", inWords(blocks) + " of 512 bytes"},
+        {"Blocks", sending::inWords(blocks) + " of 512 bytes"},
         {"Output", output.name.empty() ? "none" : output.name},
-        {"Time", "about " + inWords(timeOfUpload(blocks))},
+        {"Time", "about " + sending::inWords(sending::timeOfUpload(blocks))},
     };
     if (!output.otherPrograms.empty()) {
         content.facts.push_back(

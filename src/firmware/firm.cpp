@@ -1,22 +1,24 @@
 #include "firmware/firm.h"
 
+#include <utility>
+
 #include "devices/seldev2.h"
 #include "firmware/readImage.h"
+#include "firmware/uploadWords.h"
+#include "sending/frames.h"
+#include "sending/pace.h"
+#include "sending/send.h"
 
 namespace firmware {
-namespace {
-
-constexpr int updateModeStep = 1;
-constexpr int checkStep = 2;
-constexpr int selectStep = 3;
-constexpr int openStep = 4;
-constexpr int lastStep = 5;
-
-}  // namespace
-
 firm::firm(FirmwareState& state, devices::seldevChoice& devices, toolkit::Desktop& desktop)
     : state_(state), devices_(devices), desktop_(desktop) {
     connectActions();
+}
+
+firm::~firm() {
+    if (state_.upload) {
+        state_.upload->whenSettled(nullptr);
+    }
 }
 
 void firm::connectActions() {
@@ -36,6 +38,9 @@ void firm::awakeFromNib() {
     set_Title();
     progress.setDoubleValue(static_cast<double>(state_.file_len_count));
     progress.setHidden(false);
+    if (state_.upload) {
+        followUpload();
+    }
     showSteps();
     setupChanges_ = devices_.process().notificationCentre().addObserver(
         midi::ZQMIDISetupChanged, [this](const void*) { showSteps(); });
@@ -53,26 +58,34 @@ void firm::windowWillClose() {
     desktop_.stopModal();
 }
 
-void firm::alert(const char* title, const char* message) {
-    desktop_.runAlertPanel({title, message});
+void firm::alert(std::string title, std::string message) {
+    desktop_.runAlertPanel({std::move(title), std::move(message)});
+}
+
+sending::Way firm::way() {
+    return {devices_.process().service(), [this] { return devices_.OutDevice(); },
+            [this](sending::Seconds pause) { desktop_.sleepForTimeInterval(pause); }};
 }
 
 void firm::upDate() {
-    midi::ZQMIDIRealDestination* output = devices_.OutDevice();
-    if (output == nullptr || !output->isOnline()) {
+    const sending::Consignment message =
+        sending::sendMessage(sending::update, sending::afterUpdateMessage, way());
+    const sending::Receipt& receipt = message.receipt();
+    const bool hasLeft = receipt.hasLeft();
+    if (receipt.trouble == sending::Trouble::NoOutput ||
+        receipt.trouble == sending::Trouble::Offline) {
         alert("Tormelk Wyro", "Please select MIDI device first");
-        devices_.midi_device_open = 0;
-        showSteps();
-        return;
+    } else {
+        alert("Tormelk Wyro", hasLeft ? "Send Done"
+                                      : "Send Done\n\nThe message has not left this computer: " +
+                                            reasonOf(receipt) + ".");
     }
-    output->addSender(this);
-    const platform::MIDIPacketListPtr list = platform::makeOnePacketList(update);
-    output->processMIDIPacketList(*list, this);
-    desktop_.sleepForTimeInterval(afterUpdateMessage);
-    output->removeSender(this);
-    alert("Tormelk Wyro", "Send Done");
     devices_.midi_device_open = 0;
-    stepDone(updateModeStep);
+    if (hasLeft) {
+        stepDone(updateModeStep);
+    } else {
+        showSteps();
+    }
 }
 
 void firm::midiCheck() {
@@ -148,6 +161,9 @@ void firm::stepDone(int step) {
 }
 
 int firm::nextStep() const {
+    if (state_.upload && !state_.upload->receipt().isSettled) {
+        return lastStep;  // it still goes on
+    }
     const int next = state_.lastStepDone + 1;
     if (next > lastStep) {
         return 0;
@@ -186,7 +202,7 @@ std::string firm::chosenFileInWords() const {
     if (file.isRefused()) {
         return "Refused: " + file.name;
     }
-    return file.name + ", " + inWords(file.size) + (file.size == 1 ? " byte" : " bytes");
+    return file.name + ", " + sending::inWords(file.size) + (file.size == 1 ? " byte" : " bytes");
 }
 
 UploadOutput firm::uploadOutput() const {

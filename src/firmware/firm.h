@@ -2,18 +2,18 @@
 
 // The firmware window: five numbered steps that lead a controller from its normal mode to a new
 // firmware. Every step is an action of a button; they run on the main thread and return when they
-// are done, an upload after minutes. upload.cpp is what goes over the wire, firm.cpp the rest.
+// are done, an upload after minutes. upload.cpp is the upload, firm.cpp the rest.
 
 #include <cstdint>
 #include <functional>
-#include <span>
 #include <string>
 
 #include "devices/seldev.h"
 #include "firmware/FirmwareState.h"
 #include "firmware/confirmation.h"
-#include "firmware/pace.h"
 #include "platform/NotificationCentre.h"
+#include "sending/Consignment.h"
+#include "sending/Way.h"
 #include "toolkit/Button.h"
 #include "toolkit/Desktop.h"
 #include "toolkit/ProgressIndicator.h"
@@ -26,6 +26,9 @@ class firm final : public toolkit::WindowController {
 public:
     /// Everything handed in must outlive the window.
     firm(FirmwareState& state, devices::seldevChoice& devices, toolkit::Desktop& desktop);
+    firm(const firm&) = delete;
+    firm& operator=(const firm&) = delete;
+    ~firm() override;
 
     // What the window holds. No button is ever disabled: one that is pressed too early says what it
     // misses.
@@ -69,9 +72,15 @@ protected:
     void awakeFromNib() override;
 
 private:
+    static constexpr int updateModeStep = 1;
+    static constexpr int checkStep = 2;
+    static constexpr int selectStep = 3;
+    static constexpr int openStep = 4;
+    static constexpr int lastStep = 5;
+
     // firm.cpp
     void connectActions();
-    void alert(const char* title, const char* message);
+    void alert(std::string title, std::string message);
     void runDeviceDialog();
     void stepDone(int step);
     void showSteps();
@@ -79,17 +88,16 @@ private:
     [[nodiscard]] std::string chosenOutputInWords() const;
     [[nodiscard]] std::string chosenFileInWords() const;
 
+    [[nodiscard]] sending::Way way();
+
     // upload.cpp
     [[nodiscard]] bool mayUpload();
     void transferImage();
-    void sendConnect();
-    void sendErase();
-    void sendNextBlock();
-    void sendReset();
-    void sendFrame(Frame& frame, Seconds pause);
-    void sendBytes(std::span<const std::uint8_t> bytes, Seconds pause);
-    void sendByte(std::uint8_t byte, Seconds pause);
-    void showBlocksSent();
+    void beginProgress();
+    void showProgress(const sending::Receipt& receipt);
+    void stopProgress(const sending::Receipt& receipt);
+    void followUpload();
+    void showOutcome();
 
     FirmwareState& state_;
     devices::seldevChoice& devices_;

@@ -1,11 +1,11 @@
-// The upload: connect, erase, write block by block, reset. Nothing is read back; a controller that
-// goes offline meanwhile misses the rest, and nobody notices.
+// Step 5: the upload. What is sent, and what became of it, is sending/Uploader's; here it is shown.
 
 #include "firmware/firm.h"
+#include "firmware/uploadWords.h"
+#include "sending/Uploader.h"
 #include "shell/message.h"
 
 namespace firmware {
-
 void firm::upLoad() {
     if (!mayUpload()) {
         return;
@@ -15,15 +15,20 @@ void firm::upLoad() {
     if (state_.a == 0) {
         return;
     }
+    state_.upload.reset();
     if (devices_.midi_device_open != 0 && state_.m_bin_file != 0) {
         transferImage();
     }
     devices_.midi_device_open = 0;
     state_.m_bin_file = 0;
-    alert("Upload", "Upload completed.");
-    progress.setDoubleValue(0);
-    step5.setStringValue("");
-    stepDone(5);
+    state_.lastStepDone = state_.upload ? openStep : checkStep;
+    followUpload();
+    const std::string outcome = step5.stringValue();
+    alert("Upload", "Upload completed." + (outcome.empty() ? "" : "\n\n" + outcome));
+    if (!state_.upload || !state_.upload->receipt().isCut()) {
+        progress.setDoubleValue(0);
+    }
+    showSteps();
 }
 
 bool firm::mayUpload() {
@@ -40,94 +45,70 @@ bool firm::mayUpload() {
 }
 
 void firm::transferImage() {
-    state_.eraser_bit = 0;
-    state_.program_bit = 0;
-    state_.rest_bit = 0;
-    state_.connet_bit = 0;
-    state_.file_len_count = 0;
-    sendConnect();
-    sendErase();
+    progress.setDoubleValue(0);  // the last upload's
+    step5.setStringValue("Connecting and erasing");
+    using Event = sending::Uploader::Event;
+    sending::Uploader uploader(state_, way(), [this](Event event, const sending::Receipt& receipt) {
+        if (event == Event::BlocksBegin) {
+            beginProgress();
+        } else if (event == Event::BlockDone) {
+            progress.incrementBy(1);
+        }
+        showProgress(receipt);
+    });
+    state_.upload = uploader.upload();
+}
+
+void firm::beginProgress() {
     progress.setDoubleValue(0);
     progress.setMinValue(0);
-    const std::size_t mostBlocks = state_.len / imageBytesInABlock + 1;
+    const std::size_t mostBlocks = state_.len / sending::imageBytesInABlock + 1;
     progress.setMaxValue(static_cast<double>(mostBlocks));
-    showBlocksSent();
-    while (state_.file_len_count < state_.len) {
-        sendNextBlock();
+}
+
+void firm::showProgress(const sending::Receipt& receipt) {
+    step5.setStringValue(progressOf(receipt));
+    if (receipt.isCut()) {
+        stopProgress(receipt);
     }
-    sendReset();
-}
-
-void firm::sendConnect() {
-    sendFrame(state_.midi_connet, connectPause);
-    state_.connet_bit = 0;
-}
-
-void firm::sendErase() {
-    sendFrame(state_.midi_eraser, erasePause);
-    state_.eraser_bit = 0;
-    state_.file_len_count = 0;
-    state_.midi_write[blockCounterOffset] = 0;
-}
-
-void firm::sendNextBlock() {
-    WriteBlock& block = state_.midi_program_hex_layer;
-    block = writeBlock(state_.midi_write, state_.midi_program_hex, state_.file_len_count);
-    ++state_.midi_write[blockCounterOffset];
-    state_.file_len_count += imageBytesInABlock;
-    sendBytes(block, writePause);
-    block[blockChecksumOffset] = 0;
-    desktop_.sleepForTimeInterval(afterBlock);
-    state_.program_bit = 0;
-    progress.incrementBy(1);
-    showBlocksSent();
-}
-
-void firm::sendReset() {
-    sendFrame(state_.midi_rest, noPause);
-    desktop_.sleepForTimeInterval(afterReset);
-    state_.rest_bit = 0;
-}
-
-void firm::sendFrame(Frame& frame, Seconds pause) {
-    frame[frameChecksumOffset] = checksum(std::span(frame).first(frameChecksumOffset));
-    sendBytes(frame, pause);
-    frame[frameChecksumOffset] = 0;
-    desktop_.sleepForTimeInterval(afterFrame);
-}
-
-void firm::sendBytes(std::span<const std::uint8_t> bytes, Seconds pause) {
-    for (const std::uint8_t byte : bytes) {
-        sendByte(byte, pause);
-    }
-}
-
-void firm::sendByte(std::uint8_t byte, Seconds pause) {
-    midi::ZQMIDIRealDestination* output = devices_.OutDevice();
-    if (output == nullptr || !output->isOnline()) {
-        return;
-    }
-    state_.midi_temp = nibbleMessage(byte);
-    output->addSender(this);
-    {
-        const platform::MIDIPacketListPtr list = platform::makeOnePacketList(state_.midi_temp);
-        output->processMIDIPacketList(*list, this);
-        if (pause > noPause) {
-            desktop_.sleepForTimeInterval(pause);
-        }
-    }
-    output->removeSender(this);
-}
-
-void firm::showBlocksSent() {
-    const std::uint64_t blocks = blocksFor(state_.len);
-    const std::uint64_t sent = state_.file_len_count / imageBytesInABlock;
-    const std::uint64_t percent = blocks == 0 ? 100 : sent * 100 / blocks;
-    const Seconds left = timeOfUpload(blocks - sent) - timeOfUpload(0);
-    step5.setStringValue(std::to_string(percent) + " %, block " + inWords(sent) + " of " +
-                         inWords(blocks) + ", " + inWords(left) + " left");
     progress.setHidden(false);
     progress.display();
+}
+
+/// The bar stands where the upload was cut.
+void firm::stopProgress(const sending::Receipt& receipt) {
+    const sending::UploadBlocks blocks = sending::blocksOf(receipt);
+    progress.setMinValue(0);
+    progress.setMaxValue(static_cast<double>(blocks.all) + 1);
+    progress.setDoubleValue(static_cast<double>(blocks.left));
+}
+
+/// Shows what became of the last upload, now and when more is known.
+void firm::followUpload() {
+    if (!state_.upload) {
+        step5.setStringValue("Nothing was sent: the device or the file was not chosen any more.");
+        return;
+    }
+    state_.upload->look();
+    showOutcome();
+    state_.upload->whenSettled([this] {
+        showOutcome();
+        showSteps();
+    });
+}
+
+void firm::showOutcome() {
+    const sending::Receipt& receipt = state_.upload->receipt();
+    step5.setStringValue(outcomeOf(receipt));
+    if (receipt.isCut()) {
+        stopProgress(receipt);
+    }
+    // The person may have begun anew before this one was settled.
+    const bool hasGoneOn = state_.lastStepDone != openStep || state_.m_bin_file != 0;
+    if (receipt.isSettled && !hasGoneOn) {
+        const bool isDone = receipt.hasLeft() && sending::blocksOf(receipt).all > 0;
+        state_.lastStepDone = isDone ? lastStep : checkStep;
+    }
 }
 
 }  // namespace firmware

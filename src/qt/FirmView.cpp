@@ -7,10 +7,13 @@
 #include "qt/TextFieldView.h"
 #include "qt/asText.h"
 #include "qt/widgets.h"
+#include "sending/pace.h"
 
 namespace qt {
 
 namespace {
+
+constexpr int linesOfOutcome = 3;
 
 TextFieldView* stateLine(toolkit::TextField& model, const char* outlet,
                          const QString& whenEmpty = {}) {
@@ -61,7 +64,7 @@ FirmView::FirmView(firmware::firm& controller)
         {QStringLiteral("Upload"),
          QStringLiteral("You are asked once more; then the controller is erased and written."),
          QStringLiteral("That takes up to %1. Until it has ended, the window takes no clicks.")
-             .arg(asText(firmware::inWords(firmware::timeOfUpload(112))))},
+             .arg(asText(sending::inWords(sending::timeOfUpload(112))))},
         controller.uploadButton, QStringLiteral("upload"), QStringLiteral("U&pload..."));
 
     auto* choose = new ButtonView(controller.outputButton, ButtonView::Kind::Command,
@@ -88,11 +91,15 @@ FirmView::FirmView(firmware::firm& controller)
     nameWidget(*progress, QStringLiteral("progress"), QStringLiteral("How far the upload is"));
     auto* text = new TextFieldView(controller.step5, QStringLiteral("Nothing is being sent."));
     text->setObjectName(QStringLiteral("step5"));
+    text->setWordWrap(true);  // what became of an upload that was cut takes some words
+    text->setFixedHeight(linesOfOutcome * text->fontMetrics().lineSpacing());
+    text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    text->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     close_->setObjectName(QStringLiteral("close"));
     auto* bottom = new QHBoxLayout;
     bottom->setContentsMargins(0, 4, 0, 0);
     bottom->addWidget(text, 1);
-    bottom->addWidget(close_);
+    bottom->addWidget(close_, 0, Qt::AlignTop);
     layout->addSpacing(6);
     layout->addWidget(progress);
     layout->addLayout(bottom);

@@ -5,12 +5,12 @@
 #include <utility>
 
 #include "qt/InputShield.h"
+#include "sending/ExactSleeper.h"
 
 namespace qt {
 
-/// Sleeps that are never shorter than asked, and hardly longer. A job on the main thread that
-/// consists of many of them keeps the window painting and answering the window manager; it takes no
-/// input meanwhile, and hears nothing of devices that come and go. What a person types, clicks or
+/// Exact sleeps of the main thread. A job that consists of many of them keeps the window painting
+/// and answering the window manager; it takes no input meanwhile, and hears nothing of devices that come and go. What a person types, clicks or
 /// asks to be closed during a job that is long enough to breathe is thrown away.
 class Sleeper {
 public:
@@ -25,18 +25,16 @@ public:
     void endJob();
 
 private:
-    using Clock = std::chrono::steady_clock;
+    using Clock = sending::ExactSleeper::Clock;
 
     void lookUp() const;
     void breathe(Clock::time_point now);
-    void waitUntil(Clock::time_point end);
 
     std::function<void()> lookUp_;
     Clock::time_point lastSleepEnd_{};
     Clock::time_point lastBreath_{};
     bool breathed_ = false;  // in the job that is going on
-    /// How late the kernel wakes this thread, three times out of four; it is told to do so earlier.
-    Clock::duration lateness_{};
+    sending::ExactSleeper exactly_;
     InputShield shield_;
 };
 

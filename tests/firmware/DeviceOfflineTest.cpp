@@ -29,14 +29,22 @@ protected:
         }
         return count;
     }
-    void expectCompleted() {
-        EXPECT_THAT(alerts(), ElementsAre(alertLine("Upload", "Upload completed.")));
+    /// The fixed words, and below them the truth.
+    void expectCompleted(const std::string& truth) {
+        EXPECT_THAT(alerts(),
+                    ElementsAre(alertLine("Upload", ("Upload completed.\n\n" + truth).c_str())));
+        EXPECT_EQ(dialog().step5.stringValue(), truth) << "and it stays in the window";
+        EXPECT_EQ(dialog().nextStep(), 3);
         EXPECT_EQ(pauses(0.1), 2U + 4 + 2) << "the pauses after frames and blocks go on";
         EXPECT_EQ(service.openOutputPorts(), 0U);
     }
 
     std::size_t received = 0;
 };
+
+const std::string onlyOne =
+    "Only 1 of 4 blocks left this computer: the controller went away. Its firmware is incomplete. "
+    "Connect it and begin again at step 3.";
 
 TEST_F(DeviceOffline, SkipsTheRestWithItsPausesFromTheMomentTheDeviceIsOffline) {
     afterMessages(34 + 530 + 100,
@@ -45,17 +53,17 @@ TEST_F(DeviceOffline, SkipsTheRestWithItsPausesFromTheMomentTheDeviceIsOffline) 
     EXPECT_EQ(received, 664U);
     EXPECT_EQ(pauses(0.002), 17U + 630) << "the last byte's own pause is kept";
     EXPECT_EQ(pauses(0.001), 17U);
-    expectCompleted();
+    expectCompleted(onlyOne);
 }
 
-TEST_F(DeviceOffline, GoesOnSilentlyWhenTheDeviceIsPulledOut) {
+TEST_F(DeviceOffline, SaysWhatHasLeftWhenTheDeviceIsPulledOut) {
     afterMessages(700, [this] {
         device->unplug();
         service.dispatch();
     });
     upload();
     EXPECT_EQ(received, 700U);
-    expectCompleted();
+    expectCompleted(onlyOne);
 }
 
 TEST_F(DeviceOffline, SendsNothingToADeviceThatWasOfflineFromTheStart) {
@@ -64,10 +72,12 @@ TEST_F(DeviceOffline, SendsNothingToADeviceThatWasOfflineFromTheStart) {
     upload();
     EXPECT_EQ(received, 0U);
     EXPECT_EQ(events.size(), 8U);
-    expectCompleted();
+    expectCompleted(
+        "Nothing left this computer: the output was offline. Connect the controller and begin "
+        "again at step 3.");
 }
 
-TEST_F(DeviceOffline, SendsTheRestToADeviceThatComesBack) {
+TEST_F(DeviceOffline, SendsNothingMoreToADeviceThatComesBack) {
     afterMessages(200, [this] { output->setIntegerProperty(platform::kMIDIPropertyOffline, 1); });
     std::size_t tenths = 0;
     desktop.onSleep = [&](Seconds pause) {
@@ -77,32 +87,226 @@ TEST_F(DeviceOffline, SendsTheRestToADeviceThatComesBack) {
         events.push_back({{}, pause.count()});
     };
     upload();
-    EXPECT_EQ(received, 200U + 2 * 530 + 17);
-    expectCompleted();
+    EXPECT_EQ(received, 200U);
+    expectCompleted(
+        "Not one block left this computer: the controller went away. Its firmware may be erased. "
+        "Connect it and begin again at step 3.");
 }
 
-TEST_F(DeviceOffline, CountsTheBlocksItSkips) {
-    device->unplug();
-    service.dispatch();
-    double last = 0;
-    dialog().progress.onDisplay = [&] { last = dialog().progress.doubleValue(); };
+TEST_F(DeviceOffline, SendsNothingMoreToADeviceThatIsPluggedInAgain) {
+    afterMessages(700, [this] {
+        device->unplug();
+        service.dispatch();
+        device->plug();
+        service.dispatch();
+    });
     upload();
-    EXPECT_EQ(last, 4);
-    EXPECT_EQ(state.file_len_count, 2048U);
+    EXPECT_EQ(received, 700U);
+    expectCompleted(onlyOne);
 }
 
-TEST_F(DeviceOffline, GoesOnWhenTheServiceRefusesToSend) {
+TEST_F(DeviceOffline, StopsTheBarWhereItStoppedThoughTheLoopGoesOn) {
+    std::vector<double> shown;
+    std::vector<std::string> texts;
+    dialog().progress.onDisplay = [&] {
+        shown.push_back(dialog().progress.doubleValue());
+        texts.push_back(dialog().step5.stringValue());
+    };
+    afterMessages(700, [this] { device->unplug(); });
+    upload();
+    EXPECT_THAT(shown, ElementsAre(0, 1, 1));
+    EXPECT_EQ(texts.back(), onlyOne) << "said at once";
+    EXPECT_EQ(dialog().progress.doubleValue(), 1) << "also when the alert was read";
+    EXPECT_EQ(dialog().progress.maxValue(), 5);
+    EXPECT_EQ(state.file_len_count, 2048U);
+    service.dispatch();
+}
+
+TEST_F(DeviceOffline, IsRememberedWhenTheWindowIsOpenedAgain) {
+    afterMessages(700, [this] { device->unplug(); });
+    upload();
+    reopenDialog();
+    EXPECT_EQ(dialog().step5.stringValue(), onlyOne);
+    EXPECT_EQ(dialog().progress.doubleValue(), 1);
+    EXPECT_EQ(dialog().progress.maxValue(), 5);
+    EXPECT_EQ(dialog().nextStep(), 3);
+    service.dispatch();
+}
+
+TEST_F(DeviceOffline, IsMendedByAnotherUploadWithAFreshBar) {
+    afterMessages(700, [this] {
+        device->unplug();
+        service.dispatch();
+        device->plug();
+        service.dispatch();
+    });
+    upload();
+    chooseDevice();
+    openImage(someImage(1000));  // two blocks
+    EXPECT_EQ(dialog().step5.stringValue(), onlyOne) << "until the next upload begins";
+    record();
+    std::vector<double> shown;
+    std::vector<double> maxima;
+    bool cleared = false;
+    desktop.onSleep = [&](Seconds) {
+        cleared = cleared || shown.empty();
+        if (shown.empty()) {
+            EXPECT_EQ(dialog().progress.doubleValue(), 0);
+            EXPECT_EQ(dialog().step5.stringValue(), "Connecting and erasing");
+        }
+    };
+    dialog().progress.setHidden(true);
+    dialog().progress.onDisplay = [&] {
+        EXPECT_FALSE(dialog().progress.isHidden());
+        shown.push_back(dialog().progress.doubleValue());
+        maxima.push_back(dialog().progress.maxValue());
+    };
+    upload();
+    EXPECT_TRUE(cleared);
+    EXPECT_THAT(shown, ElementsAre(0, 1, 2));
+    EXPECT_THAT(maxima, testing::Each(2));
+    EXPECT_EQ(alerts().back(), alertLine("Upload", "Upload completed."));
+    EXPECT_EQ(dialog().step5.stringValue(), "");
+    EXPECT_EQ(dialog().progress.doubleValue(), 0);
+    EXPECT_EQ(dialog().nextStep(), 0);
+}
+
+TEST_F(DeviceOffline, SaysSoWhenTheServiceRefusesToSend) {
     service.fail("MIDISend", platform::kMIDIUnknownEndpoint);
     upload();
     EXPECT_EQ(received, 0U);
-    expectCompleted();
+    expectCompleted(
+        "Nothing left this computer: the controller went away. Connect it and begin again at step "
+        "3.");
 }
 
-TEST_F(DeviceOffline, GoesOnWhenNoPortCanBeOpened) {
+TEST_F(DeviceOffline, SaysSoWhenNoPortCanBeOpened) {
     service.fail("MIDIOutputPortCreate", platform::kMIDIInvalidClient);
     upload();
     EXPECT_EQ(received, 0U);
-    expectCompleted();
+    expectCompleted(
+        "Nothing left this computer: the system did not take it. Begin again at step 3.");
+}
+
+TEST_F(DeviceOffline, SaysSoWhenNoOutputIsChosenAnyMore) {
+    devices.chosen.g_outDevice = nullptr;
+    upload();
+    expectCompleted("Nothing left this computer: no output is chosen. Begin again at step 3.");
+}
+
+TEST_F(DeviceOffline, NamesTheProgramThatKeepsTheOutputToItself) {
+    output->keepInUse("aseqdump");
+    upload();
+    expectCompleted(
+        "Nothing left this computer: the output is in use by aseqdump. Close that program and "
+        "begin again at step 3.");
+}
+
+TEST_F(DeviceOffline, SaysWhileItHappensThatADeviceTakesNothing) {
+    std::vector<std::string> texts;
+    dialog().progress.onDisplay = [&] { texts.push_back(dialog().step5.stringValue()); };
+    afterMessages(34 + 530 + 100, [this] { output->holdBack(); });
+    std::size_t waiting = 0;
+    desktop.onSleep = [&](Seconds pause) {
+        events.push_back({{}, pause.count()});
+        if (received == 664) {
+            ++waiting;
+            if (waiting == 10) {
+                output->holdBack(std::chrono::milliseconds(5300));
+            } else if (waiting == 20) {
+                output->giveUp();
+            }
+        }
+    };
+    upload();
+    const std::string truth =
+        "Only 1 of 4 blocks left this computer: the controller takes nothing. Its firmware is "
+        "incomplete. Disconnect it, connect it again and begin again at step 3.";
+    EXPECT_THAT(texts, ElementsAre("0 %, block 0 of 4, 5 s left", "25 %, block 1 of 4, 4 s left",
+                                   "The controller takes nothing since 5 s, block 1 of 4", truth));
+    EXPECT_EQ(received, 664U);
+    expectCompleted(truth);
+}
+
+/// The last bytes of an upload are known to have arrived only after its end.
+class SettledLater : public DeviceOffline {
+protected:
+    SettledLater() { output->settleLater(); }
+
+    const std::string waiting_ =
+        "All 4 blocks were handed over. Waiting until the controller has taken everything.";
+};
+
+TEST_F(SettledLater, ClaimsNoMoreThanIsKnownAndSaysItWhenItIs) {
+    upload();
+    EXPECT_THAT(alerts(),
+                ElementsAre(alertLine("Upload", ("Upload completed.\n\n" + waiting_).c_str())));
+    EXPECT_EQ(dialog().step5.stringValue(), waiting_);
+    EXPECT_EQ(dialog().nextStep(), 5) << "it still goes on";
+    EXPECT_EQ(dialog().progress.doubleValue(), 0);
+    output->settle();
+    service.dispatch();
+    EXPECT_EQ(dialog().step5.stringValue(), "");
+    EXPECT_EQ(dialog().nextStep(), 0);
+}
+
+TEST_F(SettledLater, IsShownBehindTheAlertAlready) {
+    answerConfirmation(true);
+    desktop.onAlert([this](const toolkit::Alert&) {
+        int told = 0;
+        dialog().onNextStep = [&told] { ++told; };
+        output->settle();
+        service.dispatch();
+        EXPECT_EQ(told, 1);
+        EXPECT_EQ(dialog().step5.stringValue(), "");
+        dialog().onNextStep = nullptr;
+        return toolkit::AlertAnswer::Default;
+    });
+    dialog().uploadButton.click();
+    EXPECT_EQ(dialog().nextStep(), 0);
+}
+
+TEST_F(SettledLater, TakesAControllerThatGoesAwayAtTheEndForOneThatStartsAnew) {
+    upload();
+    device->unplug();
+    service.dispatch();
+    EXPECT_EQ(dialog().step5.stringValue(),
+              "All 4 blocks left this computer, then the controller went away. It does so when it "
+              "starts anew. If it does not come back, begin again at step 3.");
+    EXPECT_EQ(dialog().nextStep(), 0);
+}
+
+TEST_F(SettledLater, IsCutByTroubleAfterItsLastByte) {
+    afterMessages(34 + 3 * 530, [this] { output->holdBack(); });
+    upload();
+    EXPECT_EQ(dialog().step5.stringValue(), waiting_);
+    output->giveUp();
+    service.dispatch();
+    const std::string truth =
+        "Only 3 of 4 blocks left this computer: the controller takes nothing. Its firmware is "
+        "incomplete. Disconnect it, connect it again and begin again at step 3.";
+    EXPECT_EQ(dialog().step5.stringValue(), truth);
+    EXPECT_EQ(dialog().progress.doubleValue(), 3);
+    EXPECT_EQ(dialog().nextStep(), 3);
+}
+
+TEST_F(SettledLater, IsKnownToAWindowThatWasClosedMeanwhile) {
+    upload();
+    reopenDialog();
+    EXPECT_EQ(dialog().step5.stringValue(), waiting_);
+    reopenDialog();
+    output->settle();
+    service.dispatch();
+    EXPECT_EQ(dialog().step5.stringValue(), "");
+    EXPECT_EQ(dialog().nextStep(), 0);
+}
+
+TEST_F(SettledLater, LeavesAPersonWhoHasBegunAnewWhereTheyAre) {
+    upload();
+    chooseDevice();
+    output->settle();
+    service.dispatch();
+    EXPECT_EQ(dialog().nextStep(), 4);
 }
 
 }  // namespace

@@ -26,6 +26,7 @@
 namespace firmware {
 
 namespace journal = support::journal;
+using sending::Seconds;
 using Bytes = std::vector<std::uint8_t>;
 
 /// Bytes in which no two blocks are alike.

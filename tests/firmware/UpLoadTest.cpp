@@ -118,9 +118,9 @@ TEST_F(UpLoad, ClearsEachFlagAgainAfterItsOwnStep) {
 TEST_F(UpLoad, LeavesTheFramesAsTheyWere) {
     makeReady();
     upload();
-    EXPECT_EQ(state.midi_connet, connectFrame);
-    EXPECT_EQ(state.midi_eraser, eraseFrame);
-    EXPECT_EQ(state.midi_rest, resetFrame);
+    EXPECT_EQ(state.midi_connet, sending::connectFrame);
+    EXPECT_EQ(state.midi_eraser, sending::eraseFrame);
+    EXPECT_EQ(state.midi_rest, sending::resetFrame);
     EXPECT_EQ(state.midi_write[16], 0);
     EXPECT_EQ(state.midi_write[15], 2) << "the counter of the block that would come next";
     EXPECT_EQ(state.midi_program_hex_layer[529], 0);
@@ -197,19 +197,62 @@ TEST_F(UpLoad, OfNothingTellsSo) {
     dialog().progress.onDisplay = [&] { texts.push_back(dialog().step5.stringValue()); };
     upload();
     EXPECT_THAT(texts, ElementsAre("100 %, block 0 of 0, 0 s left"));
+    const std::string truth =
+        "The file was empty: the controller was told to erase its firmware, and nothing was put in "
+        "its place. Begin again at step 3.";
+    EXPECT_EQ(alerts().back(), alertLine("Upload", ("Upload completed.\n\n" + truth).c_str()));
+    EXPECT_EQ(dialog().step5.stringValue(), truth);
+    EXPECT_EQ(dialog().nextStep(), 3);
 }
 
-TEST_F(UpLoad, SendsNothingWhereTheFlagsWentWhileTheConfirmationWasOpen) {
-    makeReady();
-    desktop.onModal<shell::message>([this](shell::message& shown) {
-        devices.midi_device_open = 0;
-        shown.okButton.click();
-    });
-    desktop.answerAlert();
-    dialog().uploadButton.click();
-    EXPECT_THAT(events, IsEmpty());
-    EXPECT_EQ(alerts().back(), alertLine("Upload", "Upload completed."));
-    EXPECT_EQ(state.m_bin_file, 0);
+/// The person agrees, and meanwhile something has taken the device or the file back.
+class FlagGone : public UpLoad {
+protected:
+    void uploadLosing(std::uint8_t& flag) {
+        makeReady();
+        desktop.onModal<shell::message>([&flag](shell::message& shown) {
+            flag = 0;
+            shown.okButton.click();
+        });
+        desktop.answerAlert();
+        dialog().uploadButton.click();
+        EXPECT_THAT(events, IsEmpty());
+        const std::string truth =
+            "Nothing was sent: the device or the file was not chosen any more.";
+        EXPECT_EQ(alerts().back(), alertLine("Upload", ("Upload completed.\n\n" + truth).c_str()));
+        EXPECT_EQ(dialog().step5.stringValue(), truth);
+        EXPECT_EQ(dialog().progress.doubleValue(), 0);
+        EXPECT_EQ(dialog().nextStep(), 3);
+        EXPECT_EQ(devices.midi_device_open, 0);
+        EXPECT_EQ(state.m_bin_file, 0);
+    }
+};
+
+TEST_F(FlagGone, OfTheDeviceSendsNothing) {
+    uploadLosing(devices.midi_device_open);
+}
+
+TEST_F(FlagGone, OfTheFileSendsNothing) {
+    uploadLosing(state.m_bin_file);
+}
+
+TEST_F(UpLoad, CountsFromNothingAtItsStartAndAgainAfterTheErase) {
+    makeReady(600);
+    state.file_len_count = 4096;
+    std::vector<std::uint64_t> counts;
+    desktop.onSleep = [&](Seconds pause) {
+        if (pause.count() > 0.05 && counts.size() < 2) {
+            counts.push_back(state.file_len_count);
+            state.file_len_count = 4096;  // what a frame leaves is not counted
+        } else if (counts.empty()) {
+            EXPECT_EQ(state.file_len_count, 0U);
+        }
+    };
+    upload();
+    EXPECT_THAT(counts, ElementsAre(0U, 4096U));
+    EXPECT_EQ(output->received().size(), 3U * 17 + 2 * 530)
+        << "both blocks, from the first byte on";
+    EXPECT_EQ(state.file_len_count, 1024U);
 }
 
 TEST_F(UpLoad, StartsAlsoWithAFileThatWasRefused) {

@@ -147,7 +147,7 @@ TEST_F(UploadSequence, Of40000BytesTakesTheTimeItSays) {
         pauses += event.pause;
     }
     EXPECT_NEAR(pauses, 92.091, 1e-6);
-    EXPECT_NEAR(timeOfUpload(79).count(), pauses, 1e-6);
+    EXPECT_NEAR(sending::timeOfUpload(79).count(), pauses, 1e-6);
 }
 
 TEST_F(UploadSequence, OfTheLargestFileHas112Blocks) {

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QFile>
+#include <QLabel>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -13,6 +14,7 @@
 #include "firmware/firm.h"
 #include "firmware/readImage.h"
 #include "qt/mouse.h"
+#include "sending/Uploader.h"
 
 namespace tests {
 
@@ -160,6 +162,37 @@ void showUpload(app::Demo& demo, const Visit& visit) {
     demo.desktop.runModalForWindow(controller);
 }
 
+/// An upload of which the controller takes all but the last blocks, and the alert after it.
+void showCutUpload(app::Demo& demo, const Visit& visit) {
+    demo.editor.devices.midi_device_open = 1;
+    sending::UploadData& data = demo.editor.firmware;
+    std::size_t pauses = 0;
+    sending::Uploader uploader(
+        data, {demo.midiService, [&demo] { return demo.editor.devices.OutDevice(); },
+               [&](sending::Seconds) {
+                   if (++pauses == 36 + 31 * 531 + 100) {
+                       demo.destination.holdBack();
+                   } else if (pauses == 36 + 31 * 531 + 200) {
+                       demo.destination.giveUp();
+                   }
+               }});
+    demo.editor.firmware.upload = uploader.upload();
+    demo.editor.firmware.lastStepDone = 2;
+    demo.editor.devices.midi_device_open = 0;
+    demo.editor.firmware.m_bin_file = 0;
+    openFirmware(demo, [&](QDialog& dialog) {
+        show(dialog, "firmware-cut", visit);
+        const std::string truth = find<QLabel>(dialog, "step5").text().toStdString();
+        whenDialogOpens(QStringLiteral("Upload"), [&visit](QDialog& alert) {
+            show(alert, "alert-cut", visit);
+            press(alert, Qt::Key_Escape);
+        });
+        demo.desktop.runAlertPanel({"Upload", "Upload completed.\n\n" + truth});
+        press(dialog, Qt::Key_Escape);
+    });
+    demo.editor.firmware.upload.reset();
+}
+
 /// A firmware file of this size; what is in it does not matter here.
 void chooseFile(app::Demo& demo, const QTemporaryDir& folder, const char* name, qsizetype size) {
     QFile file(folder.filePath(QString::fromLatin1(name)));
@@ -176,7 +209,7 @@ void showFirmware(app::Demo& demo, const Visit& visit) {
         show(dialog, "firmware", visit);
         press(dialog, Qt::Key_Escape);
     });
-    demo.tormelk.receive(firmware::update);
+    demo.tormelk.receive(sending::update);
     demo.editor.devices.midi_device_open = 1;
     demo.editor.firmware.lastStepDone = 4;
     chooseFile(demo, folder, "tormelk_2.bin", 40000);
@@ -191,6 +224,7 @@ void showFirmware(app::Demo& demo, const Visit& visit) {
     });
     chooseFile(demo, folder, "tormelk_2.bin", 40000);
     showUpload(demo, visit);
+    showCutUpload(demo, visit);
     show(demo.simulatorView, "simulator-update", visit);
     demo.editor.firmware.lastStepDone = 5;
     openFirmware(demo, [&](QDialog& dialog) {

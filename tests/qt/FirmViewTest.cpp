@@ -21,6 +21,7 @@
 #include "qt/ProgressView.h"
 #include "qt/QtDesktop.h"
 #include "qt/views.h"
+#include "sending/frames.h"
 #include "simulator/SimulatedController.h"
 
 namespace qt {
@@ -111,12 +112,14 @@ protected:
         });
         click(find(window, "open"));
     }
-    /// Confirms, and reads that it is completed.
-    static void upload(QDialog& window, const std::function<void(QDialog&)>& confirm) {
+    /// Confirms, and reads that it is completed, and what is said below that.
+    static void upload(QDialog& window, const std::function<void(QDialog&)>& confirm,
+                       const QString& truth = {}) {
         whenDialogOpens(QStringLiteral("Firmware Update"), [&](QDialog& dialog) {
-            whenDialogOpens(QStringLiteral("Upload"), [](QDialog& alert) {
+            whenDialogOpens(QStringLiteral("Upload"), [&truth](QDialog& alert) {
                 EXPECT_EQ(dynamic_cast<QMessageBox&>(alert).text(),
-                          QStringLiteral("Upload completed."));
+                          QStringLiteral("Upload completed.") +
+                              (truth.isEmpty() ? QString() : QStringLiteral("\n\n") + truth));
                 press(alert, Qt::Key_Enter);
             });
             confirm(dialog);
@@ -227,7 +230,7 @@ TEST_F(FirmViewTest, ShowsProgressAndPaintsItAtOnce) {
     open([&](QDialog& window) {
         pressInDialog(window, "select", "MIDI Devices", "ok");
         openFile(window, (folder / "tormelk.bin").string());
-        tormelk.receive(firmware::update);
+        tormelk.receive(sending::update);
         class Watch final : public QObject {
         public:
             explicit Watch(QLabel& label) : label_(label) {}
@@ -306,21 +309,113 @@ TEST_F(FirmViewTest, ExitsFromTheNoticeOfTheCheckOnly) {
     });
 }
 
-TEST_F(FirmViewTest, TheControllerGoesOfflineInTheMiddleAndTheUploadIsCompletedAllTheSame) {
+const QString twoOfTen = QStringLiteral(
+    "Only 2 of 10 blocks left this computer: the controller went away. Its firmware is incomplete. "
+    "Connect it and begin again at step 3.");
+
+/// A part of a bar's whole length.
+int partOf(const QProgressBar& bar, double part) {
+    return qRound(bar.maximum() * part);
+}
+
+TEST_F(FirmViewTest, SaysWhatHasLeftWhenTheControllerGoesAwayInTheMiddle) {
     files::write(folder / "tormelk.bin", std::string(5000, 'x'));
-    tormelk.receive(firmware::update);
+    tormelk.receive(sending::update);
     tormelk.goOfflineAfter(34 + 2 * 530 + 77);
     tormelk.onOffline = [this] { device.unplug(); };
     open([&](QDialog& window) {
         pressInDialog(window, "select", "MIDI Devices", "ok");
         openFile(window, (folder / "tormelk.bin").string());
-        upload(window, [](QDialog& confirmation) { click(find(confirmation, "ok")); });
+        upload(
+            window, [](QDialog& confirmation) { click(find(confirmation, "ok")); }, twoOfTen);
+        EXPECT_EQ(line(window, "step5"), twoOfTen);
+        const auto& bar = find<QProgressBar>(window, "progress");
+        EXPECT_EQ(bar.value(), partOf(bar, 2.0 / 11)) << "it stands where it stopped";
+        EXPECT_THAT(emphasised(window), ElementsAre(3));
         press(window, Qt::Key_Escape);
     });
     EXPECT_EQ(tormelk.firmware().blocks(), 2U);
     EXPECT_EQ(service.openOutputPorts(), 0U);
     tormelk.goOnline();
     EXPECT_TRUE(tormelk.isInUpdateMode()) << "it waits, to be started again";
+}
+
+TEST_F(FirmViewTest, AWholeUploadAfterOneThatWasCutHasAFreshBar) {
+    files::write(folder / "tormelk.bin", std::string(5000, 'x'));
+    tormelk.receive(sending::update);
+    tormelk.goOfflineAfter(34 + 2 * 530 + 77);
+    tormelk.onOffline = [this] {
+        device.unplug();
+        service.dispatch();
+    };
+    const auto agree = [](QDialog& confirmation) { click(find(confirmation, "ok")); };
+    open([&](QDialog& window) {
+        const auto prepare = [&] {
+            pressInDialog(window, "select", "MIDI Devices", "ok");
+            openFile(window, (folder / "tormelk.bin").string());
+        };
+        prepare();
+        upload(window, agree, twoOfTen);
+        tormelk.goOnline();
+        device.plug();
+        service.dispatch();
+        prepare();
+        auto& bar = find<QProgressBar>(window, "progress");
+        std::vector<int> values;
+        desktop.onSleep = [&] {
+            if (values.empty() || values.back() != bar.value()) {
+                values.push_back(bar.value());
+            }
+        };
+        upload(window, agree);
+        desktop.onSleep = nullptr;
+        ASSERT_EQ(values.size(), 11U);
+        for (std::size_t block = 0; block <= 10; ++block) {
+            EXPECT_EQ(values[block], partOf(bar, static_cast<double>(block) / 11));
+        }
+        EXPECT_EQ(line(window, "step5"), QStringLiteral("Nothing is being sent."));
+        EXPECT_THAT(emphasised(window), ElementsAre());
+        press(window, Qt::Key_Escape);
+    });
+    EXPECT_EQ(tormelk.firmware().blocks(), 10U);
+}
+
+TEST_F(FirmViewTest, FollowsTheEndOfAnUploadFromTheEventLoop) {
+    files::write(folder / "tormelk.bin", std::string(1000, 'x'));
+    destination.settleLater();
+    open([&](QDialog& window) {
+        pressInDialog(window, "select", "MIDI Devices", "ok");
+        openFile(window, (folder / "tormelk.bin").string());
+        const QString waiting = QStringLiteral(
+            "All 2 blocks were handed over. Waiting until the controller has taken everything.");
+        upload(
+            window, [](QDialog& confirmation) { click(find(confirmation, "ok")); }, waiting);
+        EXPECT_EQ(line(window, "step5"), waiting);
+        EXPECT_THAT(emphasised(window), ElementsAre(5));
+        destination.settle();
+        EXPECT_TRUE(QTest::qWaitFor([&window] {
+            return line(window, "step5") == QStringLiteral("Nothing is being sent.");
+        }));
+        EXPECT_THAT(emphasised(window), ElementsAre());
+        press(window, Qt::Key_Escape);
+    });
+}
+
+TEST_F(FirmViewTest, HasRoomForEveryWordOfAnUploadThatWasCut) {
+    firmware::firm controller(state, devices, desktop);
+    whenDialogOpens(QStringLiteral("Firmware Upgrade"), [&controller](QDialog& window) {
+        const QSize size = window.size();
+        controller.step5.setStringValue(
+            "All 112 blocks left this computer, but not the reset at the end: the controller takes "
+            "nothing. Its firmware may be incomplete. Disconnect it, connect it again and begin "
+            "again at step 3.");
+        QTest::qWait(10);
+        auto& text = find<QLabel>(window, "step5");
+        EXPECT_LE(text.heightForWidth(text.width()), text.height());
+        EXPECT_EQ(window.size(), size);
+        press(window, Qt::Key_Escape);
+    });
+    desktop.runModalForWindow(controller);
 }
 
 TEST_F(FirmViewTest, ALongNameIsCutNotTheWindow) {

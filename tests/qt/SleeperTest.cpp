@@ -1,7 +1,6 @@
 #include "qt/Sleeper.h"
 
 #include <gtest/gtest.h>
-#include <sys/prctl.h>
 
 #include <QApplication>
 #include <QTest>
@@ -85,21 +84,6 @@ TEST(Sleeper, DoesNotRunTheEventLoopDuringAShortJob) {
     EXPECT_FALSE(fired);
     QApplication::processEvents();
     EXPECT_TRUE(fired);
-}
-
-TEST(Sleeper, AsksTheKernelForExactTimersWhileItSleeps) {
-    int during = 0;
-    QTimer::singleShot(0, qApp, [&during] { during = ::prctl(PR_GET_TIMERSLACK); });
-    Sleeper sleeper;
-    sleeper.sleep(250ms);  // long enough for a turn of the event loop in between
-    EXPECT_EQ(during, 1) << "nanosecond; the usual slack would make short pauses longer";
-}
-
-TEST(Sleeper, LeavesTheThreadsTimersAsTheyWere) {
-    const int before = ::prctl(PR_GET_TIMERSLACK);
-    Sleeper sleeper;
-    sleeper.sleep(3ms);
-    EXPECT_EQ(::prctl(PR_GET_TIMERSLACK), before);
 }
 
 /// Posts a click and a key as a display does: to be processed with the event loop's next turn.

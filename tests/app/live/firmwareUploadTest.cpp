@@ -23,8 +23,8 @@
 #include "app/Robot.h"
 #include "app/live/Person.h"
 #include "app/live/Pings.h"
-#include "firmware/pace.h"
 #include "platform/software/SoftwareMidiService.h"
+#include "sending/pace.h"
 #include "simulator/SimulatedController.h"
 
 namespace live {
@@ -223,7 +223,7 @@ TEST_F(FirmwareUpload, IsDeafAndAliveToItsEndAndArrivesIdentical) {
         ASSERT_TRUE(completed);
 
         const std::chrono::duration<double> taken = end - start;
-        const double pauses = firmware::timeOfUpload(79).count();
+        const double pauses = sending::timeOfUpload(79).count();
         const auto seconds = [](const rusage& usage) {
             return static_cast<double>(usage.ru_utime.tv_sec + usage.ru_stime.tv_sec) +
                    static_cast<double>(usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e6;

@@ -15,7 +15,7 @@
 #include <cstdint>
 #include <span>
 
-namespace firmware {
+namespace sending {
 
 inline constexpr std::size_t frameSize = 17;
 inline constexpr std::size_t commandOffset = 14;
@@ -68,4 +68,4 @@ inline constexpr Frame resetFrame = commandFrame(0x02, 0x00);
 [[nodiscard]] WriteBlock writeBlock(const Frame& write, const ImageBuffer& image,
                                     std::uint64_t first);
 
-}  // namespace firmware
+}  // namespace sending

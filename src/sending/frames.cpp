@@ -1,8 +1,8 @@
-#include "firmware/frames.h"
+#include "sending/frames.h"
 
 #include <algorithm>
 
-namespace firmware {
+namespace sending {
 
 std::uint8_t checksum(std::span<const std::uint8_t> bytes) {
     unsigned sum = 0;
@@ -26,4 +26,4 @@ WriteBlock writeBlock(const Frame& write, const ImageBuffer& image, std::uint64_
     return block;
 }
 
-}  // namespace firmware
+}  // namespace sending

@@ -1,4 +1,4 @@
-#include "firmware/frames.h"
+#include "sending/frames.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -7,7 +7,7 @@
 #include <random>
 #include <vector>
 
-namespace firmware {
+namespace sending {
 namespace {
 
 using testing::Each;
@@ -123,4 +123,4 @@ TEST(WriteBlock, HoldsTheBufferOrZerosWhereverItBegins) {
 }
 
 }  // namespace
-}  // namespace firmware
+}  // namespace sending

@@ -1,8 +1,8 @@
-#include "firmware/pace.h"
+#include "sending/pace.h"
 
 #include <gtest/gtest.h>
 
-namespace firmware {
+namespace sending {
 namespace {
 
 TEST(Pace, AnImageTakesWholeBlocks) {
@@ -50,4 +50,4 @@ TEST(Pace, NumbersHaveCommas) {
 }
 
 }  // namespace
-}  // namespace firmware
+}  // namespace sending

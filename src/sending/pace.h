@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string>
 
-namespace firmware {
+namespace sending {
 
 using Seconds = std::chrono::duration<double>;
 
@@ -36,4 +36,4 @@ inline constexpr Seconds afterReset{0.1};  ///< on top of the one after every fr
 /// A number with a comma between each three digits: "40,000".
 [[nodiscard]] std::string inWords(std::uint64_t number);
 
-}  // namespace firmware
+}  // namespace sending

@@ -1,10 +1,10 @@
-#include "firmware/pace.h"
+#include "sending/pace.h"
 
 #include <cmath>
 
-#include "firmware/frames.h"
+#include "sending/frames.h"
 
-namespace firmware {
+namespace sending {
 
 std::uint64_t blocksFor(std::uint64_t bytes) {
     return bytes / imageBytesInABlock + (bytes % imageBytesInABlock == 0 ? 0 : 1);
@@ -48,4 +48,4 @@ std::string inWords(std::uint64_t number) {
     return digits;
 }
 
-}  // namespace firmware
+}  // namespace sending
