@@ -34,6 +34,7 @@
 #include "firmware/FirmwareState.h"
 #include "platform/NotificationCentre.h"
 #include "platform/PacketList.h"
+#include "sending/Consignment.h"
 #include "shell/about.h"
 #include "tables/List.h"
 #include "toolkit/Desktop.h"
@@ -225,6 +226,7 @@ private:
 
     std::unique_ptr<shell::about> ab_;  // made on first use, then kept
     config::PresetBytes onFile_{};
+    std::optional<sending::Consignment> sent_;  // the last one
     platform::NotificationCentre::Registration setupChanges_;
     platform::NotificationCentre::Registration stateChanges_;
     std::string hint_;  // the one given last

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "editor/mainController.h"
+#include "editor/reports.h"
 #include "files/readFile.h"
 #include "files/replaceFile.h"
 
@@ -55,7 +56,7 @@ void mainController::loadFile() {
         config::keepWholeUserDefined(state_.sysData, state_.stores);
     }
     takePreset(*preset, mode);
-    window_.status.setStringValue("Loaded " + path->filename().string());
+    window_.status.setStringValue(reportLoad(path->filename().string(), state_.sysData));
     actionEnded();
 }
 

@@ -6,7 +6,9 @@
 #include <string>
 #include <vector>
 
+#include "config/layout.h"
 #include "editor/assignment.h"
+#include "sending/Consignment.h"
 
 namespace editor {
 
@@ -35,5 +37,11 @@ namespace editor {
 
 /// "Pad layers 2 and 4 changed"; "Pad layers 2 to 4 are as they were" where `changed` is empty.
 [[nodiscard]] std::string reportPadLayers(const std::vector<int>& changed);
+
+/// What is known of a Send: "Sent 4 layers to Tormelk MIDI 1" only when all is known to have left.
+[[nodiscard]] std::string reportSend(const sending::Receipt& receipt);
+
+/// "Loaded Stage.Tormelk", and what a controller may not take of it.
+[[nodiscard]] std::string reportLoad(const std::string& fileName, const config::Image& sysData);
 
 }  // namespace editor

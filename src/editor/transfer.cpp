@@ -1,33 +1,28 @@
-// Send: the whole image to the controller, a message for each layer.
+// Send: the whole image to the controller, and what is known of it in words.
 
 #include "config/transfer.h"
 
-#include <string>
-
 #include "editor/mainController.h"
+#include "editor/reports.h"
+#include "sending/send.h"
 
 namespace editor {
 
 void mainController::sendData() {
-    midi::ZQMIDIRealDestination* output = devices_.OutDevice();
-    if (output == nullptr || !output->isOnline()) {
+    sent_ = sending::send(
+        state_.sysData, {devices_.process().service(), [this] { return devices_.OutDevice(); },
+                         [this](sending::Seconds pause) { desktop_.sleepForTimeInterval(pause); }});
+    const sending::Receipt& receipt = sent_->receipt();
+    const std::string said = reportSend(receipt);
+    report(said);
+    if (receipt.trouble == sending::Trouble::NoOutput ||
+        receipt.trouble == sending::Trouble::Offline) {
         desktop_.runAlertPanel({"Tormelk Wyro", "Please select MIDI device first"});
         return;
     }
-    const std::string name = output->displayName();  // it is online: the name alone
-    output->addSender(this);
-    for (int layer = 0; layer < config::layerCount; ++layer) {
-        const platform::MIDIPacketListPtr list =
-            platform::makeOnePacketList(config::layerBlock(state_.sysData, layer));
-        if (midi::ZQMIDIRealDestination* current = devices_.OutDevice()) {
-            current->processMIDIPacketList(*list, this);
-        }
-        desktop_.sleepForTimeInterval(config::pauseAfterBlock);
-    }
-    output->removeSender(this);
-    window_.status.setStringValue(output->isOnline() ? "Sent 4 layers to " + name
-                                                     : name + " went away during the Send");
-    desktop_.runAlertPanel({"Tormelk Wyro", "Send Done"});
+    sent_->whenSettled([this] { report(reportSend(sent_->receipt())); });
+    const bool hasTrouble = receipt.trouble != sending::Trouble::None;
+    desktop_.runAlertPanel({"Tormelk Wyro", hasTrouble ? "Send Done\n\n" + said : "Send Done"});
 }
 
 platform::MIDIPacketListPtr mainController::getMidiPacketList() {

@@ -60,6 +60,11 @@ protected:
         return messages;
     }
 
+    /// The alert where more is to be said than its fixed text.
+    static std::string doneBut(const std::string& truth) {
+        return journal::alert(toolkit::Alert{"Tormelk Wyro", "Send Done\n\n" + truth, "OK", ""});
+    }
+
     const std::string pause_ = journal::sleep(0.002);
     const std::string done_ = "alert \"Tormelk Wyro\" \"Send Done\" [OK]";
     const std::string noDevice_ = "alert \"Tormelk Wyro\" \"Please select MIDI device first\" [OK]";
@@ -142,15 +147,17 @@ TEST_F(Transfer, AnOutputThatVanishesBetweenTwoBlocksGetsNoMoreAndTheSendEndsAsU
     };
     const std::string first = block(0);
     const std::string second = block(1);
+    const std::string truth =
+        "Tormelk Port 1 went away during the Send: at most 2 of 4 layers reached it";
     desktop.answerAlert();
     controller.sendData();
     std::vector<std::string> lines = desktop.journal();
     std::erase(lines, "port closed");  // it closes as soon as the port is known to be gone
-    EXPECT_THAT(lines,
-                ElementsAre("port opened", first, pause_, second, pause_, pause_, pause_, done_));
+    EXPECT_THAT(lines, ElementsAre("port opened", first, pause_, second, pause_, pause_, pause_,
+                                   doneBut(truth)));
     EXPECT_EQ(editor.midiService.openOutputPorts(), 0U);
     EXPECT_FALSE(editor.devices.OutDevice()->isInUse());
-    EXPECT_EQ(window.status.stringValue(), "Tormelk Port 1 went away during the Send");
+    EXPECT_EQ(window.status.stringValue(), truth);
 }
 
 TEST_F(Transfer, AnOutputThatVanishesUnnoticedEndsTheSendAsUsual) {
@@ -159,8 +166,11 @@ TEST_F(Transfer, AnOutputThatVanishesUnnoticedEndsTheSendAsUsual) {
     desktop.answerAlert();
     controller.sendData();
     EXPECT_EQ(port_.received().size(), 1U);
-    EXPECT_EQ(desktop.journal().back(), done_);
+    EXPECT_EQ(
+        desktop.journal().back(),
+        doneBut("Tormelk Port 1 went away during the Send: at most 1 of 4 layers reached it"));
     EXPECT_EQ(desktop.sleeps().size(), 4U);
+    editor.midiService.dispatch();
 }
 
 TEST_F(Transfer, TheOutputIsAskedForAgainBeforeEachBlock) {
@@ -199,15 +209,6 @@ TEST_F(Transfer, APortThatAnotherSenderUsesStaysOpen) {
                                                block(3), pause_, done_));
     EXPECT_TRUE(output.isInUse());
     output.removeSender(&other);
-}
-
-TEST_F(Transfer, ErrorsOfTheServiceAreNotReported) {
-    chooseOutput();
-    editor.midiService.fail("MIDISend", -1);
-    desktop.answerAlert();
-    controller.sendData();
-    EXPECT_EQ(desktop.journal().back(), done_);
-    EXPECT_EQ(desktop.sleeps().size(), 4U);
 }
 
 TEST_F(Transfer, SendingTwiceSendsTheSame) {
@@ -290,12 +291,6 @@ TEST(SecondMessageForm, IsNewEachTime) {
     const platform::MIDIPacketListPtr first = mainController::getMidiPacketList();
     const platform::MIDIPacketListPtr second = mainController::getMidiPacketList();
     EXPECT_NE(first.get(), second.get());
-}
-
-TEST_F(Transfer, TheStatusNamesTheOutputThatTookTheLayers) {
-    chooseOutput();
-    send();
-    EXPECT_EQ(window.status.stringValue(), "Sent 4 layers to Tormelk Port 1");
 }
 
 }  // namespace
