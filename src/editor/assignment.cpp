@@ -4,7 +4,7 @@
 #include <array>
 
 #include "tables/data.h"
-#include "toolkit/asciiCase.h"
+#include "texts/asciiCase.h"
 
 namespace editor {
 
@@ -28,7 +28,7 @@ MessageKind kindOf(int modeByte) {
 }
 
 /// An item of a list; empty where there is none.
-std::string_view itemOf(tables::List list, int index) {
+std::string_view itemOf(texts::List list, int index) {
     return index >= 0 && index < static_cast<int>(list.size())
                ? list[static_cast<std::size_t>(index)]
                : std::string_view();
@@ -112,7 +112,7 @@ std::string sentenceOf(const Assignment& assignment) {
 /// "note 10 A#-1" within a sentence.
 std::string withinSentence(std::string text) {
     if (!text.empty()) {
-        text[0] = toolkit::lowerCase(text[0]);
+        text[0] = texts::lowerCase(text[0]);
     }
     return text;
 }

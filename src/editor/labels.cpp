@@ -8,7 +8,7 @@ namespace editor {
 
 namespace {
 
-void refill(toolkit::ComboBox& box, tables::List list) {
+void refill(toolkit::ComboBox& box, texts::List list) {
     box.removeAllItems();
     box.addItemsWithObjectValues(list);
 }
@@ -50,7 +50,7 @@ void mainController::labelUserDefined(int control) {
 }
 
 void mainController::labelFactoryMode(int mode, int control) {
-    const tables::List shortList = tables::shortListForMode(mode);
+    const texts::List shortList = tables::shortListForMode(mode);
     const bool isShort = tables::isShortListControl(control) && !shortList.empty();
     window_.combo_cc.setEnabled(isShort);
     window_.combo_chan.setEnabled(isShort);

@@ -34,7 +34,7 @@
 #include "platform/NotificationCentre.h"
 #include "platform/PacketList.h"
 #include "shell/about.h"
-#include "tables/List.h"
+#include "texts/List.h"
 #include "toolkit/Desktop.h"
 
 namespace editor {
@@ -175,14 +175,14 @@ private:
     [[nodiscard]] toolkit::Button& buttonOf(int control);
     void showBlank(toolkit::ComboBox& box);
     void showBlanksBesidePadEditor();
-    void showControl(tables::List listForUnknownKind);
+    void showControl(texts::List listForUnknownKind);
     void showBlankIfOwn(toolkit::ComboBox& box);
     void showTrigger();
     void showSelectionAfresh();
     void showChannelAfresh();
     void greyTrigger(int control);
     void judgeKind(int modeByte);
-    void refillValues(tables::List listForUnknownKind);
+    void refillValues(texts::List listForUnknownKind);
     void showAssignment(int layer, int control);
     [[nodiscard]] int triggerIndex(int layerOfFlag, int control, int modeByte) const;
 

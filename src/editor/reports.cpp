@@ -16,7 +16,7 @@ std::string numbered(std::string_view what, int index) {
 
 /// "Nuendo", where the list has "Nuendo mode(MCP)".
 std::string_view shortNameOfMode(int mode) {
-    const tables::List names = tables::data::Machin_Mod();
+    const texts::List names = tables::data::Machin_Mod();
     if (mode < 0 || mode >= static_cast<int>(names.size())) {
         return "unknown";
     }

@@ -91,7 +91,7 @@ void mainController::showSelectionAfresh() {
 
 /// Shows the assignment of the edited control in the edited layer. It changes nothing but the
 /// boxes and `msg_Typ`.
-void mainController::showControl(tables::List listForUnknownKind) {
+void mainController::showControl(texts::List listForUnknownKind) {
     const int control = state_.selection.keyEvnt;
     const int layer = state_.layers.layrData;
     greyTrigger(control);
@@ -121,7 +121,7 @@ void mainController::judgeKind(int modeByte) {
 
 /// Fills the value box for the kind in `msg_Typ`. HUI mode offers no values. The list for an
 /// unknown kind differs between an ordinary control (programs) and a pad (notes); both are meant.
-void mainController::refillValues(tables::List listForUnknownKind) {
+void mainController::refillValues(texts::List listForUnknownKind) {
     const bool hui = window_.combo_mode.indexOfSelectedItem() == huiMode;
     window_.combo_cc.removeAllItems();
     switch (state_.selection.msg_Typ) {

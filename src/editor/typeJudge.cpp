@@ -21,7 +21,7 @@ int judgedKind(int modeByte) {
     }
 }
 
-void refill(toolkit::ComboBox& box, tables::List list) {
+void refill(toolkit::ComboBox& box, texts::List list) {
     box.removeAllItems();
     box.addItemsWithObjectValues(list);
 }

@@ -5,12 +5,13 @@
 
 #include "simulator/hexadecimal.h"
 #include "tables/data.h"
+#include "texts/List.h"
 
 namespace simulator {
 namespace {
 
 std::string dawMode(std::uint8_t mode) {
-    const tables::List names = tables::data::Machin_Mod();
+    const texts::List names = tables::data::Machin_Mod();
     return mode < names.size() ? std::string(names[mode]) : std::to_string(mode);
 }
 

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <string_view>
 
-namespace toolkit {
+namespace texts {
 
 [[nodiscard]] constexpr char lowerCase(char letter) {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
@@ -20,4 +20,4 @@ namespace toolkit {
                       [](char a, char b) { return lowerCase(a) == lowerCase(b); });
 }
 
-}  // namespace toolkit
+}  // namespace texts

@@ -1,8 +1,8 @@
-#include "toolkit/asciiCase.h"
+#include "texts/asciiCase.h"
 
 #include <gtest/gtest.h>
 
-namespace toolkit {
+namespace texts {
 namespace {
 
 TEST(AsciiCase, LowersCapitalsAlone) {
@@ -22,4 +22,4 @@ TEST(AsciiCase, FindsTheBeginningOfATextInAnyCase) {
 }
 
 }  // namespace
-}  // namespace toolkit
+}  // namespace texts
