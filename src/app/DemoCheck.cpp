@@ -12,6 +12,7 @@
 #include <span>
 
 #include "app/Robot.h"
+#include "config/control.h"
 #include "config/transfer.h"
 
 namespace app {

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "config/control.h"
 #include "config/factoryTables.h"
+#include "config/modes.h"
 
 namespace config {
 namespace {
@@ -43,7 +45,7 @@ void writeAssignments(LayerBlock& block, int layer) {
 
 void writeTrailer(LayerBlock& block) {
     block.writeImage(curveOffset, 1);
-    block.writeImageAndFactory(dawModeOffset, 1);
+    block.writeImageAndFactory(dawModeOffset, nuendoMode);
     block.writeImageAndFactory(intervalOffset, 0x40);
     block.writeImage(lockOffset, 1);
     block.writeImage(lockOffset + 1, 0);
@@ -58,7 +60,7 @@ void makeUserFadersSendControlChange(Stores& stores) {
     for (std::size_t layer = 0; layer < layerCount; ++layer) {
         for (std::size_t fader = firstFader; fader <= lastFader; ++fader) {
             std::uint8_t& mode = stores.SysBuf_usrdef[layer * userBlockSize + modeOffset + fader];
-            mode = static_cast<std::uint8_t>((mode & 0xF0) | 0x0B);
+            mode = static_cast<std::uint8_t>(withKindKeepingBit4(mode, MessageKind::ControlChange));
         }
     }
 }

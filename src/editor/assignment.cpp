@@ -10,23 +10,6 @@ namespace editor {
 
 namespace {
 
-constexpr int toggleBit = 0x40;
-
-MessageKind kindOf(int modeByte) {
-    switch (modeByte & 0x0F) {
-        case 0x9:
-            return MessageKind::Note;
-        case 0xB:
-            return MessageKind::ControlChange;
-        case 0xC:
-            return MessageKind::ProgramChange;
-        case 0xE:
-            return MessageKind::PitchBend;
-        default:
-            return MessageKind::Unknown;
-    }
-}
-
 /// An item of a list; empty where there is none.
 std::string_view itemOf(texts::List list, int index) {
     return index >= 0 && index < static_cast<int>(list.size())
@@ -57,7 +40,7 @@ std::string_view functionOfNote(int mode, int note) {
 
 /// What turning an encoder or moving a fader does. The lists have functions for notes alone; these
 /// are worded after their "V_Select CH.1" and "Fader Touch CH.1".
-std::string_view functionOfMovement(MessageKind kind, int channel, int number) {
+std::string_view functionOfMovement(config::MessageKind kind, int channel, int number) {
     constexpr int firstEncoderController = 16;
     constexpr std::array<std::string_view, 8> encoders = {
         "V-Pot CH.1", "V-Pot CH.2", "V-Pot CH.3", "V-Pot CH.4",
@@ -67,21 +50,21 @@ std::string_view functionOfMovement(MessageKind kind, int channel, int number) {
         "Fader CH.1", "Fader CH.2", "Fader CH.3", "Fader CH.4",   "Fader CH.5",
         "Fader CH.6", "Fader CH.7", "Fader CH.8", "Fader Master",
     };
-    if (kind == MessageKind::PitchBend) {
+    if (kind == config::MessageKind::PitchBend) {
         return itemOf(faders, channel);
     }
-    return kind == MessageKind::ControlChange && channel == 0
+    return kind == config::MessageKind::ControlChange && channel == 0
                ? itemOf(encoders, number - firstEncoderController)
                : std::string_view();
 }
 
 /// The hosts take their functions from channel 1; a pad that plays drums on channel 10 is no
 /// function key.
-std::string_view functionOf(MessageKind kind, int channel, int number, int mode) {
+std::string_view functionOf(config::MessageKind kind, int channel, int number, int mode) {
     if (mode < nuendoMode || mode > logicMode) {
         return {};
     }
-    if (kind == MessageKind::Note) {
+    if (kind == config::MessageKind::Note) {
         return channel == 0 ? functionOfNote(mode, number) : std::string_view();
     }
     return functionOfMovement(kind, channel, number);
@@ -91,19 +74,19 @@ std::string sentenceOf(const Assignment& assignment) {
     std::string kind(nameOf(assignment.kind));
     const std::string number = std::to_string(assignment.number);
     switch (assignment.kind) {
-        case MessageKind::Note: {
+        case config::MessageKind::Note: {
             const bool isNote = assignment.number < static_cast<int>(tables::data::Note().size());
             return kind + " " + number + (isNote ? " " + noteText(assignment.number) : "");
         }
-        case MessageKind::ControlChange: {
+        case config::MessageKind::ControlChange: {
             const std::string_view item =
                 withoutBlanksBehind(itemOf(tables::data::CC(), assignment.number));
             return kind + " " + (item.empty() ? number : std::string(item));
         }
-        case MessageKind::ProgramChange:
+        case config::MessageKind::ProgramChange:
             return kind + " " + number;
-        case MessageKind::PitchBend:
-        case MessageKind::Unknown:
+        case config::MessageKind::PitchBend:
+        case config::MessageKind::Unknown:
             break;
     }
     return kind;
@@ -125,11 +108,11 @@ Assignment assignmentOf(const config::Image& image, int layer, int mode, int con
         return assignment;
     }
     const int modeByte = config::mode(image, layer, control);
-    assignment.kind = kindOf(modeByte);
+    assignment.kind = config::sentKind(modeByte);
     assignment.channel = config::channel(image, layer, control);
     assignment.number = config::number(image, layer, control);
     assignment.canToggle = control < config::firstEncoder;
-    assignment.toggles = assignment.canToggle && (modeByte & toggleBit) != 0;
+    assignment.toggles = assignment.canToggle && config::toggles(modeByte);
     assignment.hostFunction =
         functionOf(assignment.kind, assignment.channel, assignment.number, mode);
     return assignment;
@@ -150,17 +133,17 @@ std::string noteText(int note) {
     return text.append(octave);
 }
 
-std::string_view nameOf(MessageKind kind) {
+std::string_view nameOf(config::MessageKind kind) {
     switch (kind) {
-        case MessageKind::Note:
+        case config::MessageKind::Note:
             return "Note";
-        case MessageKind::ControlChange:
+        case config::MessageKind::ControlChange:
             return "Control change";
-        case MessageKind::ProgramChange:
+        case config::MessageKind::ProgramChange:
             return "Program change";
-        case MessageKind::PitchBend:
+        case config::MessageKind::PitchBend:
             return "Pitch bend";
-        case MessageKind::Unknown:
+        case config::MessageKind::Unknown:
             break;
     }
     return "Unknown message";
@@ -171,15 +154,15 @@ std::string Assignment::shortText() const {
         return std::string(hostFunction.substr(hostFunction.find(':') + 1));  // npos + 1 is 0
     }
     switch (kind) {
-        case MessageKind::Note:
+        case config::MessageKind::Note:
             return noteText(number);
-        case MessageKind::ControlChange:
+        case config::MessageKind::ControlChange:
             return "CC " + std::to_string(number);
-        case MessageKind::ProgramChange:
+        case config::MessageKind::ProgramChange:
             return "PC " + std::to_string(number);
-        case MessageKind::PitchBend:
+        case config::MessageKind::PitchBend:
             return "Pitch";
-        case MessageKind::Unknown:
+        case config::MessageKind::Unknown:
             break;
     }
     return "?";

@@ -10,17 +10,14 @@
 #include <string_view>
 #include <utility>
 
+#include "config/control.h"
 #include "config/layout.h"
 #include "editor/EditorState.h"
 
 namespace editor {
 
-/// What a control's message is. The property boxes fold pitch bend into control change; here the
-/// two are told apart, since the controller sends them apart.
-enum class MessageKind { Note, ControlChange, ProgramChange, PitchBend, Unknown };
-
 struct Assignment {
-    MessageKind kind = MessageKind::Unknown;
+    config::MessageKind kind = config::MessageKind::Unknown;
     int channel = 0;         ///< 0 to 15 for MIDI channels 1 to 16
     int number = 0;          ///< note, controller or program, 0 to 127
     bool canToggle = false;  ///< it is a key or a button: the trigger choice means something
@@ -62,6 +59,6 @@ struct Assignment {
 [[nodiscard]] std::string noteText(int note);
 
 /// "Note", "Control change", "Program change", "Pitch bend", "Unknown message".
-[[nodiscard]] std::string_view nameOf(MessageKind kind);
+[[nodiscard]] std::string_view nameOf(config::MessageKind kind);
 
 }  // namespace editor

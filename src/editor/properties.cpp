@@ -18,8 +18,10 @@ constexpr int blankChannel = tcmtv[1];
 constexpr int blankNumber = tcmtv[2];
 constexpr int blankTrigger = tcmtv[3];
 
-/// The message kind's bits of the mode byte, for each position of `combo_type`.
-constexpr std::array<int, 3> kindBits = {9, 11, 12};
+/// The message kinds in the order of `combo_type`.
+constexpr std::array<config::MessageKind, 3> kinds = {config::MessageKind::Note,
+                                                      config::MessageKind::ControlChange,
+                                                      config::MessageKind::ProgramChange};
 
 }  // namespace
 
@@ -97,15 +99,14 @@ void mainController::chooseKind(int index) {
     } else {
         state_.selection.select_type = index;
         config::setMode(state_.sysData, layer, control,
-                        (modeByte & 0xE0) + kindBits[static_cast<std::size_t>(index)]);
+                        config::withKind(modeByte, kinds[static_cast<std::size_t>(index)]));
         reportMessageOf(layer, control);
     }
     dataChgCore(control);
 }
 
 int mainController::TypOxOX_2Index(int modeByte) {
-    const int bits = (modeByte & 6) >> 1;
-    return bits % 3 + bits / 3;
+    return typePosition(config::kindBehindBlank(modeByte));
 }
 
 void mainController::chooseTrigger(int index) {
@@ -114,7 +115,7 @@ void mainController::chooseTrigger(int index) {
     const int modeByte = config::mode(state_.sysData, layer, control);
     if (index == 0 || index == 1) {
         state_.layers.bTrigAll.set(layer, false);
-        config::setMode(state_.sysData, layer, control, (modeByte & 0x1F) | (index * 0x40));
+        config::setMode(state_.sysData, layer, control, config::withTrigger(modeByte, index == 1));
         report(reportTrigger(controlName(control), index == 1));
     } else if (index == 2 || index == 3) {
         state_.layers.bTrigAll.set(layer, true);
@@ -135,7 +136,8 @@ void mainController::makeWholeLayerTrigger(int layer, bool toggles) {
     report(reportTriggerOfAll(layer, toggles, lastControl + 1));
     for (int control = 0; control <= lastControl; ++control) {
         const int modeByte = config::mode(state_.sysData, layer, control);
-        config::setMode(state_.sysData, layer, control, (modeByte & 0xBF) | (toggles ? 0x40 : 0));
+        config::setMode(state_.sysData, layer, control,
+                        config::withTriggerOfLayer(modeByte, toggles));
     }
 }
 

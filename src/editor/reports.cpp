@@ -31,8 +31,8 @@ std::string reportChannel(const std::string& what, int channel) {
 }
 
 std::string reportMessage(const std::string& what, const Assignment& assignment) {
-    const bool isNamed =
-        assignment.kind != MessageKind::PitchBend && assignment.kind != MessageKind::Unknown;
+    const bool isNamed = assignment.kind != config::MessageKind::PitchBend &&
+                         assignment.kind != config::MessageKind::Unknown;
     return what + ": " +
            (isNamed ? assignment.messageText() : "number " + std::to_string(assignment.number));
 }

@@ -15,21 +15,6 @@ bool hasButton(int control) {
     return control >= 0 && control < config::buttonCount;
 }
 
-/// The message kind of a mode byte, as `msg_Typ` has it. Pitch bend is shown as control change.
-int kindOf(int modeByte) {
-    switch (modeByte & 0x0F) {
-        case 9:
-            return kindNote;
-        case 11:
-        case 14:
-            return kindControlChange;
-        case 12:
-            return kindProgramChange;
-        default:
-            return kindUnknown;
-    }
-}
-
 bool hasBlankAt(const toolkit::ComboBox& box, int index) {
     const auto item = box.itemObjectValueAtIndex(index);
     return item && toolkit::isBlankEntry(*item);
@@ -116,7 +101,7 @@ void mainController::greyTrigger(int control) {
 
 void mainController::judgeKind(int modeByte) {
     const bool hui = window_.combo_mode.indexOfSelectedItem() == huiMode;
-    state_.selection.msg_Typ = hui ? kindControlChange : kindOf(modeByte);
+    state_.selection.msg_Typ = hui ? kindControlChange : typePosition(config::shownKind(modeByte));
 }
 
 /// Fills the value box for the kind in `msg_Typ`. HUI mode offers no values. The list for an
@@ -157,11 +142,10 @@ void mainController::showAssignment(int layer, int control) {
 /// Position in `combo_trig` for a mode byte: momentary or toggle, or in User Defined mode the
 /// "All" form of it while `layerOfFlag` has an "All" choice in force.
 int mainController::triggerIndex(int layerOfFlag, int control, int modeByte) const {
-    if (control < config::firstEncoder && state_.layers.bTrigAll.isSet(layerOfFlag) &&
-        state_.modes.machn_mod == userDefinedMode) {
-        return (modeByte >> 6) | 2;
-    }
-    return (modeByte & 0x40) != 0 ? 1 : 0;
+    const int choice = config::toggles(modeByte) ? 1 : 0;
+    const bool all = control < config::firstEncoder && state_.layers.bTrigAll.isSet(layerOfFlag) &&
+                     state_.modes.machn_mod == userDefinedMode;
+    return all ? choice + 2 : choice;
 }
 
 /// While the pad editor is open the boxes show no value. Whether type and channel box hold their

@@ -4,6 +4,7 @@
 
 #include <random>
 
+#include "config/control.h"
 #include "config/startUp.h"
 #include "config/stores.h"
 

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "config/control.h"
 #include "config/startUp.h"
 
 namespace config {

@@ -22,13 +22,13 @@ Assignment sent(int modeByte, int channel, int number, int control = 9,
 }
 
 TEST(Assignment, TellsTheFourKindsApartByTheLowFourBits) {
-    EXPECT_EQ(sent(0x09, 0, 0).kind, MessageKind::Note);
-    EXPECT_EQ(sent(0x19, 0, 0).kind, MessageKind::Note);
-    EXPECT_EQ(sent(0x4B, 0, 0).kind, MessageKind::ControlChange);
-    EXPECT_EQ(sent(0x0C, 0, 0).kind, MessageKind::ProgramChange);
-    EXPECT_EQ(sent(0x0E, 0, 0).kind, MessageKind::PitchBend);
+    EXPECT_EQ(sent(0x09, 0, 0).kind, config::MessageKind::Note);
+    EXPECT_EQ(sent(0x19, 0, 0).kind, config::MessageKind::Note);
+    EXPECT_EQ(sent(0x4B, 0, 0).kind, config::MessageKind::ControlChange);
+    EXPECT_EQ(sent(0x0C, 0, 0).kind, config::MessageKind::ProgramChange);
+    EXPECT_EQ(sent(0x0E, 0, 0).kind, config::MessageKind::PitchBend);
     for (const int other : {0x00, 0x08, 0x0A, 0x0D, 0x0F, 0xF0}) {
-        EXPECT_EQ(sent(other, 0, 0).kind, MessageKind::Unknown) << other;
+        EXPECT_EQ(sent(other, 0, 0).kind, config::MessageKind::Unknown) << other;
     }
 }
 
@@ -172,7 +172,7 @@ TEST_F(EditorTest, EveryControlOfEveryLayerAndModeHasTexts) {
             for (int control = 0; control < config::buttonCount; ++control) {
                 const Assignment shown = assignmentOf(state.sysData, layer, mode, control);
                 const std::string brief = shown.shortText();
-                EXPECT_NE(shown.kind, MessageKind::Unknown);
+                EXPECT_NE(shown.kind, config::MessageKind::Unknown);
                 EXPECT_FALSE(brief.empty() || brief.front() == ' ' || brief.back() == ' ');
                 EXPECT_LE(brief.size(), 24U) << brief;
                 EXPECT_EQ(brief.find_first_of("()"), std::string::npos) << brief;
