@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "config/factoryTables.h"
-#include "config/transfer.h"
+#include "config/sysex.h"
 #include "editor/mainController.h"
 #include "editor/pad.h"
 #include "editor/reports.h"

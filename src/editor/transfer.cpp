@@ -1,9 +1,9 @@
 // Send: the whole image to the controller, a message for each layer.
 
-#include "config/transfer.h"
-
 #include <string>
 
+#include "config/sendPause.h"
+#include "config/sysex.h"
 #include "editor/mainController.h"
 
 namespace editor {

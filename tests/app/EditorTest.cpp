@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "app/Robot.h"
-#include "config/transfer.h"
+#include "config/sysex.h"
 #include "platform/AbsentMidiService.h"
 #include "platform/software/SoftwareMidiService.h"
 

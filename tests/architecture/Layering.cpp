@@ -77,7 +77,7 @@ const std::vector<Room>& rooms() {
     static const std::vector<Room> table{
         {"texts", {}, {}},
         {"tables", {"texts"}, {}},
-        {"config", {}, {}},
+        {"config", {"texts"}, {}},
         {"files", {}, {systemHeader}},
         {"toolkit", {"texts"}, {}},
         {"platform", {}, {}},

@@ -4,8 +4,8 @@
 
 #include <random>
 
+#include "config/buildImageAndStores.h"
 #include "config/control.h"
-#include "config/startUp.h"
 #include "config/stores.h"
 
 namespace config {

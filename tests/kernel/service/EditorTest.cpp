@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "config/startUp.h"
-#include "config/transfer.h"
+#include "config/buildImageAndStores.h"
+#include "config/sysex.h"
 #include "kernel/Program.h"
 #include "kernel/UsbMidiGadget.h"
 #include "kernel/UserSpaceMidiDevice.h"

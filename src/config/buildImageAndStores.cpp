@@ -1,4 +1,4 @@
-#include "config/startUp.h"
+#include "config/buildImageAndStores.h"
 
 #include <algorithm>
 

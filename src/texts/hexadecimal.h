@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-namespace simulator {
+namespace texts {
 
 /// The two digits of a byte: "0F".
 [[nodiscard]] inline std::string digits(std::uint8_t byte) {
@@ -26,4 +26,4 @@ namespace simulator {
     return text;
 }
 
-}  // namespace simulator
+}  // namespace texts
