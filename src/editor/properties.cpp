@@ -3,10 +3,10 @@
 
 #include <algorithm>
 
-#include "editor/controlNames.h"
+#include "describe/controlNames.h"
+#include "describe/reports.h"
 #include "editor/mainController.h"
 #include "editor/padWriters.h"
-#include "editor/reports.h"
 
 namespace editor {
 
@@ -67,7 +67,7 @@ void mainController::chooseChannel(int index) {
         config::setChannel(state_.sysData, layer, control, index);
         state_.bChange = 1;
         showTrigger();
-        report(reportChannel(controlName(control), index));
+        report(describe::reportChannel(describe::controlName(control), index));
     }
 }
 
@@ -85,8 +85,9 @@ void mainController::chooseNumber(int index) {
 }
 
 void mainController::reportMessageOf(int layer, int control) {
-    report(reportMessage(controlName(control),
-                         assignmentOf(state_.sysData, layer, state_.modes.machn_mod, control)));
+    report(describe::reportMessage(
+        describe::controlName(control),
+        describe::assignmentOf(state_.sysData, layer, state_.modes.machn_mod, control)));
 }
 
 void mainController::chooseKind(int index) {
@@ -116,7 +117,7 @@ void mainController::chooseTrigger(int index) {
     if (index == 0 || index == 1) {
         state_.layers.bTrigAll.set(layer, false);
         config::setMode(state_.sysData, layer, control, config::withTrigger(modeByte, index == 1));
-        report(reportTrigger(controlName(control), index == 1));
+        report(describe::reportTrigger(describe::controlName(control), index == 1));
     } else if (index == 2 || index == 3) {
         state_.layers.bTrigAll.set(layer, true);
         makeWholeLayerTrigger(layer, index == 3);
@@ -133,7 +134,7 @@ void mainController::chooseTrigger(int index) {
 /// that is meant.
 void mainController::makeWholeLayerTrigger(int layer, bool toggles) {
     constexpr int lastControl = 46;
-    report(reportTriggerOfAll(layer, toggles, lastControl + 1));
+    report(describe::reportTriggerOfAll(layer, toggles, lastControl + 1));
     for (int control = 0; control <= lastControl; ++control) {
         const int modeByte = config::mode(state_.sysData, layer, control);
         config::setMode(state_.sysData, layer, control,

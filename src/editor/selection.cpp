@@ -1,6 +1,6 @@
 // Selecting a control and showing its assignment in the property boxes.
 
-#include "editor/controlNames.h"
+#include "describe/controlNames.h"
 #include "editor/mainController.h"
 #include "tables/data.h"
 
@@ -29,7 +29,7 @@ void selectLast(toolkit::ComboBox& box) {
 void mainController::typeSelect1(toolkit::Button& sender) {
     const int tag = sender.tag();
     if (isPad(tag)) {
-        dataChgCore_pad(controlOfTag(tag));
+        dataChgCore_pad(describe::controlOfTag(tag));
     } else {
         dataChg(tag);
     }
@@ -163,7 +163,7 @@ void mainController::showBlanksBesidePadEditor() {
 }
 
 toolkit::Button& mainController::buttonOf(int control) {
-    return window_.keysOrderedByTag[static_cast<std::size_t>(tagOfControl(control))];
+    return window_.keysOrderedByTag[static_cast<std::size_t>(describe::tagOfControl(control))];
 }
 
 void mainController::cleanBnSel() {

@@ -8,7 +8,7 @@
 #include <array>
 #include <cstddef>
 
-#include "editor/assignment.h"
+#include "describe/assignment.h"
 
 namespace qt {
 

@@ -6,7 +6,7 @@
 #include <QPainter>
 #include <QRectF>
 
-#include "editor/assignment.h"
+#include "describe/assignment.h"
 
 namespace qt {
 

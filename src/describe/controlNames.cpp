@@ -1,4 +1,4 @@
-#include "editor/controlNames.h"
+#include "describe/controlNames.h"
 
 #include <array>
 #include <string_view>
@@ -6,7 +6,7 @@
 #include "config/factoryTables.h"
 #include "config/layout.h"
 
-namespace editor {
+namespace describe {
 
 namespace {
 
@@ -94,4 +94,4 @@ int tagOfControl(int control) {
                : control;
 }
 
-}  // namespace editor
+}  // namespace describe

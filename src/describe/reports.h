@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "editor/assignment.h"
+#include "describe/assignment.h"
 
-namespace editor {
+namespace describe {
 
 /// "Strip 3, Solo: channel 4". `channel` is 0 to 15.
 [[nodiscard]] std::string reportChannel(const std::string& what, int channel);
@@ -36,4 +36,4 @@ namespace editor {
 /// "Pad layers 2 and 4 changed"; "Pad layers 2 to 4 are as they were" where `changed` is empty.
 [[nodiscard]] std::string reportPadLayers(const std::vector<int>& changed);
 
-}  // namespace editor
+}  // namespace describe

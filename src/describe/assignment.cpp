@@ -1,12 +1,13 @@
-#include "editor/assignment.h"
+#include "describe/assignment.h"
 
 #include <algorithm>
 #include <array>
 
+#include "config/modes.h"
 #include "tables/data.h"
 #include "texts/asciiCase.h"
 
-namespace editor {
+namespace describe {
 
 namespace {
 
@@ -61,7 +62,7 @@ std::string_view functionOfMovement(config::MessageKind kind, int channel, int n
 /// The hosts take their functions from channel 1; a pad that plays drums on channel 10 is no
 /// function key.
 std::string_view functionOf(config::MessageKind kind, int channel, int number, int mode) {
-    if (mode < nuendoMode || mode > logicMode) {
+    if (mode < config::nuendoMode || mode > config::logicMode) {
         return {};
     }
     if (kind == config::MessageKind::Note) {
@@ -104,7 +105,7 @@ std::string withinSentence(std::string text) {
 
 Assignment assignmentOf(const config::Image& image, int layer, int mode, int control) {
     Assignment assignment;
-    if (!isLayer(layer) || control < 0 || control >= config::buttonCount) {
+    if (!config::isLayer(layer) || control < 0 || control >= config::buttonCount) {
         return assignment;
     }
     const int modeByte = config::mode(image, layer, control);
@@ -116,10 +117,6 @@ Assignment assignmentOf(const config::Image& image, int layer, int mode, int con
     assignment.hostFunction =
         functionOf(assignment.kind, assignment.channel, assignment.number, mode);
     return assignment;
-}
-
-int shownLayer(const Layers& layers, int control) {
-    return config::isPad(control) ? layers.m_paLa : layers.layrData;
 }
 
 std::string noteText(int note) {
@@ -204,4 +201,4 @@ std::string Assignment::fullText() const {
     return text;
 }
 
-}  // namespace editor
+}  // namespace describe

@@ -1,12 +1,12 @@
-#include "editor/reports.h"
+#include "describe/reports.h"
 
 #include <cstddef>
 #include <string_view>
 
-#include "editor/controlNames.h"
+#include "describe/controlNames.h"
 #include "tables/data.h"
 
-namespace editor {
+namespace describe {
 
 namespace {
 
@@ -83,4 +83,4 @@ std::string reportPadLayers(const std::vector<int>& changed) {
     return text + " changed";
 }
 
-}  // namespace editor
+}  // namespace describe

@@ -12,9 +12,8 @@
 
 #include "config/control.h"
 #include "config/layout.h"
-#include "editor/EditorState.h"
 
-namespace editor {
+namespace describe {
 
 struct Assignment {
     config::MessageKind kind = config::MessageKind::Unknown;
@@ -49,11 +48,6 @@ struct Assignment {
 /// not exist sends an unknown message. Bytes of a damaged image are taken as they are.
 [[nodiscard]] Assignment assignmentOf(const config::Image& image, int layer, int mode, int control);
 
-/// The layer whose assignment a control's face shows: the block that a click on it would show and
-/// edit. For a pad that is the pad layer's, which a click makes the edited one; for all others the
-/// edited one, which is not the lit mode layer's for as long as a pad has taken its place.
-[[nodiscard]] int shownLayer(const Layers& layers, int control);
-
 /// "C#3": pitch and octave of a note as the lists of notes count and write them, so "C4" is note 60
 /// and octave 0 has no digit. "Note 200" for what is no note, 128 and above.
 [[nodiscard]] std::string noteText(int note);
@@ -61,4 +55,4 @@ struct Assignment {
 /// "Note", "Control change", "Program change", "Pitch bend", "Unknown message".
 [[nodiscard]] std::string_view nameOf(config::MessageKind kind);
 
-}  // namespace editor
+}  // namespace describe

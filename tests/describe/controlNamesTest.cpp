@@ -1,4 +1,4 @@
-#include "editor/controlNames.h"
+#include "describe/controlNames.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 
 #include "config/layout.h"
 
-namespace editor {
+namespace describe {
 namespace {
 
 TEST(ControlNames, SayWhereAControlIs) {
@@ -84,4 +84,4 @@ TEST(ControlNames, TheButtonsOfThePadsGoThroughTheirMap) {
 }
 
 }  // namespace
-}  // namespace editor
+}  // namespace describe

@@ -5,7 +5,7 @@
 
 #include <string>
 
-namespace editor {
+namespace describe {
 
 /// "Strip 3, Solo", "Encoder 2", "Encoder 2, push", "Fader 3", "Master fader", "Layer key 1:
 /// channel left", "Transport key 1: play", "Pad 5". A pad is called by its place on the controller,
@@ -23,4 +23,4 @@ namespace editor {
 /// The tag of a control's button; the inverse of `controlOfTag`.
 [[nodiscard]] int tagOfControl(int control);
 
-}  // namespace editor
+}  // namespace describe

@@ -1,4 +1,4 @@
-#include "editor/assignment.h"
+#include "describe/assignment.h"
 
 #include <gtest/gtest.h>
 
@@ -6,29 +6,43 @@
 #include <string>
 #include <utility>
 
-#include "editor/TestEditor.h"
+#include "config/buildImageAndStores.h"
+#include "config/modes.h"
 
-namespace editor {
+namespace describe {
 namespace {
+
+using namespace config;
+
+/// The image of a fresh start under a DAW mode.
+Image freshImage(int mode) {
+    Image image{};
+    Stores stores;
+    buildImageAndStores(image, stores);
+    if (mode == userDefinedMode) {
+        restoreUserDefined(image, stores);
+    }
+    return image;
+}
 
 /// An image in which one control of layer 0 sends something.
 Assignment sent(int modeByte, int channel, int number, int control = 9,
                 int mode = userDefinedMode) {
-    config::Image image{};
-    config::setMode(image, 0, control, modeByte);
-    config::setChannel(image, 0, control, channel);
-    config::setNumber(image, 0, control, number);
+    Image image{};
+    setMode(image, 0, control, modeByte);
+    setChannel(image, 0, control, channel);
+    setNumber(image, 0, control, number);
     return assignmentOf(image, 0, mode, control);
 }
 
 TEST(Assignment, TellsTheFourKindsApartByTheLowFourBits) {
-    EXPECT_EQ(sent(0x09, 0, 0).kind, config::MessageKind::Note);
-    EXPECT_EQ(sent(0x19, 0, 0).kind, config::MessageKind::Note);
-    EXPECT_EQ(sent(0x4B, 0, 0).kind, config::MessageKind::ControlChange);
-    EXPECT_EQ(sent(0x0C, 0, 0).kind, config::MessageKind::ProgramChange);
-    EXPECT_EQ(sent(0x0E, 0, 0).kind, config::MessageKind::PitchBend);
+    EXPECT_EQ(sent(0x09, 0, 0).kind, MessageKind::Note);
+    EXPECT_EQ(sent(0x19, 0, 0).kind, MessageKind::Note);
+    EXPECT_EQ(sent(0x4B, 0, 0).kind, MessageKind::ControlChange);
+    EXPECT_EQ(sent(0x0C, 0, 0).kind, MessageKind::ProgramChange);
+    EXPECT_EQ(sent(0x0E, 0, 0).kind, MessageKind::PitchBend);
     for (const int other : {0x00, 0x08, 0x0A, 0x0D, 0x0F, 0xF0}) {
-        EXPECT_EQ(sent(other, 0, 0).kind, config::MessageKind::Unknown) << other;
+        EXPECT_EQ(sent(other, 0, 0).kind, MessageKind::Unknown) << other;
     }
 }
 
@@ -74,7 +88,7 @@ TEST(Assignment, TakesTheBytesOfADamagedImageAsTheyAre) {
 }
 
 TEST(Assignment, TogglesOnlyWhereTheControlHasATrigger) {
-    for (int control = 0; control < config::buttonCount; ++control) {
+    for (int control = 0; control < buttonCount; ++control) {
         const bool has = control < 48;
         EXPECT_EQ(sent(0x49, 0, 0, control).canToggle, has) << control;
         EXPECT_EQ(sent(0x49, 0, 0, control).toggles, has) << control;
@@ -156,31 +170,31 @@ TEST(Assignment, FillsTheTwoLinesOfAFace) {
 }
 
 TEST(Assignment, SendsAnUnknownMessageWhereThereIsNoSuchControlOrLayer) {
-    const EditorState state;
+    const Image image = freshImage(nuendoMode);
     for (const int control : {-1, 74, 79, 127}) {
-        EXPECT_EQ(assignmentOf(state.sysData, 0, 0, control), Assignment()) << control;
+        EXPECT_EQ(assignmentOf(image, 0, 0, control), Assignment()) << control;
     }
-    for (const int layer : {-1, 4, noLayer}) {
-        EXPECT_EQ(assignmentOf(state.sysData, layer, 0, 0), Assignment()) << layer;
+    for (const int layer : {-1, 4, 255}) {
+        EXPECT_EQ(assignmentOf(image, layer, 0, 0), Assignment()) << layer;
     }
 }
 
-TEST_F(EditorTest, EveryControlOfEveryLayerAndModeHasTexts) {
+TEST(Assignment, EveryControlOfEveryLayerAndModeHasTexts) {
     for (int mode = 0; mode <= huiMode; ++mode) {
-        editor.chooseMode(mode);
-        for (int layer = 0; layer < config::layerCount; ++layer) {
-            for (int control = 0; control < config::buttonCount; ++control) {
-                const Assignment shown = assignmentOf(state.sysData, layer, mode, control);
+        const Image image = freshImage(mode);
+        for (int layer = 0; layer < layerCount; ++layer) {
+            for (int control = 0; control < buttonCount; ++control) {
+                const Assignment shown = assignmentOf(image, layer, mode, control);
                 const std::string brief = shown.shortText();
-                EXPECT_NE(shown.kind, config::MessageKind::Unknown);
+                EXPECT_NE(shown.kind, MessageKind::Unknown);
                 EXPECT_FALSE(brief.empty() || brief.front() == ' ' || brief.back() == ' ');
                 EXPECT_LE(brief.size(), 24U) << brief;
                 EXPECT_EQ(brief.find_first_of("()"), std::string::npos) << brief;
                 const std::string full = shown.fullText();
                 EXPECT_NE(full.find(", channel " + std::to_string(shown.channel + 1)),
                           std::string::npos);
-                const bool hasFunction = mode != userDefinedMode && mode != huiMode &&
-                                         (!config::isPad(control) || layer == 0);
+                const bool hasFunction =
+                    mode != userDefinedMode && mode != huiMode && (!isPad(control) || layer == 0);
                 EXPECT_EQ(!shown.hostFunction.empty(), hasFunction) << control << ' ' << full;
                 const bool toggles = control < 48 && layer >= 2;
                 EXPECT_EQ(shown.toggles, toggles) << control << ' ' << full;
@@ -189,9 +203,9 @@ TEST_F(EditorTest, EveryControlOfEveryLayerAndModeHasTexts) {
     }
 }
 
-TEST_F(EditorTest, TheFactoryFacesReadAsTheControllerIsLaidOut) {
-    const auto text = [this](int control) {
-        return assignmentOf(state.sysData, 0, nuendoMode, control).shortText();
+TEST(Assignment, TheFactoryFacesReadAsTheControllerIsLaidOut) {
+    const auto text = [image = freshImage(nuendoMode)](int control) {
+        return assignmentOf(image, 0, nuendoMode, control).shortText();
     };
     EXPECT_EQ(text(20), "SELECT CH.6");
     EXPECT_EQ(text(21), "SOLO CH.6");
@@ -208,36 +222,13 @@ TEST_F(EditorTest, TheFactoryFacesReadAsTheControllerIsLaidOut) {
     EXPECT_EQ(text(65), "CYCLE");
 }
 
-TEST_F(UserDefinedTest, ThePitchBendFadersBecomeControlChangesInUserDefinedMode) {
-    const Assignment fader = assignmentOf(state.sysData, 2, userDefinedMode, 59);
-    EXPECT_EQ(fader.fullText(), "Control change 59, channel 4");
-    editor.chooseMode(nuendoMode);
-    EXPECT_EQ(assignmentOf(state.sysData, 2, nuendoMode, 59).fullText(),
-              "Fader CH.4: pitch bend, channel 4");
-}
-
-// What a face shows is what the boxes show once the control is clicked.
-
-TEST_F(UserDefinedTest, AFaceShowsTheLayerThatAClickWouldEdit) {
-    for (const int modeLayer : {0, 1, 2, 3}) {
-        for (int control = 0; control < config::buttonCount; ++control) {
-            editor.clickModeLayer(modeLayer);
-            const int promised = shownLayer(state.layers, control);
-            editor.click(control);
-            EXPECT_EQ(state.layers.layrData, promised) << control;
-        }
-    }
-}
-
-TEST_F(UserDefinedTest, AfterAPadTheOtherFacesShowThePadLayersBlock) {
-    editor.clickModeLayer(2);
-    EXPECT_EQ(shownLayer(state.layers, 10), 2);
-    EXPECT_EQ(shownLayer(state.layers, 70), 0);
-    editor.click(70);
-    EXPECT_EQ(shownLayer(state.layers, 10), 0) << "a click on it would edit block 0 now";
-    editor.clickModeLayer(2);
-    EXPECT_EQ(shownLayer(state.layers, 10), 2);
+TEST(Assignment, ThePitchBendFadersBecomeControlChangesInUserDefinedMode) {
+    const auto fader = [](int mode) {
+        return assignmentOf(freshImage(mode), 2, mode, 59).fullText();
+    };
+    EXPECT_EQ(fader(userDefinedMode), "Control change 59, channel 4");
+    EXPECT_EQ(fader(nuendoMode), "Fader CH.4: pitch bend, channel 4");
 }
 
 }  // namespace
-}  // namespace editor
+}  // namespace describe
