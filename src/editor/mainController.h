@@ -12,7 +12,7 @@
 //   presetFiles.cpp Save and Load
 //   labels.cpp      host function labels for one control
 //   transfer.cpp    Send
-//   shell.cpp       the other windows, the end of the program
+//   otherWindows.cpp the other windows, the end of the program
 //
 // The pad editor is `pad`. Nothing here draws: the widgets are models.
 
@@ -30,10 +30,10 @@
 #include "devices/seldev.h"
 #include "editor/EditorState.h"
 #include "editor/MainWindow.h"
+#include "editor/about.h"
 #include "firmware/FirmwareState.h"
 #include "platform/NotificationCentre.h"
 #include "platform/PacketList.h"
-#include "shell/about.h"
 #include "texts/List.h"
 #include "toolkit/Desktop.h"
 
@@ -219,7 +219,7 @@ private:
     devices::seldevChoice& devices_;
     firmware::FirmwareState& firmware_;
 
-    std::unique_ptr<shell::about> ab_;  // made on first use, then kept
+    std::unique_ptr<editor::about> ab_;  // made on first use, then kept
     config::Image imageOnFile_{};
     platform::NotificationCentre::Registration setupChanges_;
     std::string programName_;

@@ -2,7 +2,7 @@
 // goes offline meanwhile misses the rest, and nobody notices.
 
 #include "firmware/firm.h"
-#include "shell/message.h"
+#include "firmware/message.h"
 
 namespace firmware {
 
@@ -10,7 +10,7 @@ void firm::upLoad() {
     if (!mayUpload()) {
         return;
     }
-    shell::message confirmation(desktop_, state_.a, confirmationOf(state_, uploadOutput()));
+    message confirmation(desktop_, state_.a, confirmationOf(state_, uploadOutput()));
     desktop_.runModalForWindow(confirmation);
     if (state_.a == 0) {
         return;

@@ -3,8 +3,8 @@
 
 #include "devices/seldev.h"
 #include "editor/TestEditor.h"
+#include "editor/about.h"
 #include "firmware/firm.h"
-#include "shell/about.h"
 
 namespace editor {
 namespace {
@@ -76,8 +76,8 @@ TEST_F(Shell, AboutIsMadeOnceAndShownAgain) {
     ASSERT_EQ(watching.shown.size(), 2U);
     EXPECT_EQ(watching.shown[0], watching.shown[1]);
     EXPECT_TRUE(about.isVisible());
-    EXPECT_THAT(watching.journal(), ElementsAre(journal::showWindow<shell::about>(),
-                                                journal::showWindow<shell::about>()));
+    EXPECT_THAT(watching.journal(), ElementsAre(journal::showWindow<editor::about>(),
+                                                journal::showWindow<editor::about>()));
 }
 
 TEST_F(Shell, TheDevicesAreChosenInAModalDialog) {

@@ -2,7 +2,7 @@
 
 #include "toolkit/WindowController.h"
 
-namespace shell {
+namespace editor {
 
 /// The about window. It is made once, and only hidden when it is closed.
 class about final : public toolkit::WindowController {
@@ -10,4 +10,4 @@ public:
     void windowWillClose() override {}
 };
 
-}  // namespace shell
+}  // namespace editor

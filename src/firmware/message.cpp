@@ -1,8 +1,8 @@
-#include "shell/message.h"
+#include "firmware/message.h"
 
 #include <utility>
 
-namespace shell {
+namespace firmware {
 
 message::message(toolkit::Desktop& desktop, std::uint8_t& answer, Confirmation content)
     : desktop_(desktop), a_(answer), content_(std::move(content)) {
@@ -24,4 +24,4 @@ void message::windowWillClose() {
     desktop_.stopModal();
 }
 
-}  // namespace shell
+}  // namespace firmware

@@ -24,7 +24,7 @@ bool mainController::applicationShouldTerminate() {
 
 void mainController::about() {
     if (!ab_) {
-        ab_ = std::make_unique<shell::about>();
+        ab_ = std::make_unique<editor::about>();
     }
     desktop_.showWindow(*ab_);
 }

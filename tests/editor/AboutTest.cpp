@@ -1,11 +1,11 @@
-#include "shell/about.h"
+#include "editor/about.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "support/ScriptedDesktop.h"
 
-namespace shell {
+namespace editor {
 namespace {
 
 namespace journal = support::journal;
@@ -43,4 +43,4 @@ TEST(About, ClosingItEndsNothing) {
 }
 
 }  // namespace
-}  // namespace shell
+}  // namespace editor

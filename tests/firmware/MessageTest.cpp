@@ -1,4 +1,4 @@
-#include "shell/message.h"
+#include "firmware/message.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -7,7 +7,7 @@
 
 #include "support/ScriptedDesktop.h"
 
-namespace shell {
+namespace firmware {
 namespace {
 
 namespace journal = support::journal;
@@ -99,4 +99,4 @@ TEST_F(MessageTest, TwoOfThemKeepTheirAnswersApart) {
 }
 
 }  // namespace
-}  // namespace shell
+}  // namespace firmware

@@ -7,7 +7,7 @@
 #include "toolkit/Button.h"
 #include "toolkit/Desktop.h"
 
-namespace shell {
+namespace firmware {
 
 /// What a person must know before agreeing.
 struct Confirmation {
@@ -45,4 +45,4 @@ private:
     Confirmation content_;
 };
 
-}  // namespace shell
+}  // namespace firmware
