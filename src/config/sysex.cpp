@@ -1,6 +1,7 @@
 #include "config/sysex.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "config/factoryTables.h"
 #include "texts/hexadecimal.h"

@@ -1,4 +1,4 @@
-// The program's other windows, and its end.
+// The program's other windows, and how the main window ends it.
 
 #include "editor/mainController.h"
 #include "firmware/firm.h"
@@ -16,10 +16,6 @@ void mainController::windowWillClose() {
 bool mainController::applicationShouldTerminateAfterLastWindowClosed() {
     window_.window.makeKeyAndOrderFront();
     return false;
-}
-
-bool mainController::applicationShouldTerminate() {
-    return true;
 }
 
 void mainController::about() {

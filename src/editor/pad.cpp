@@ -352,20 +352,6 @@ void pad::setPaCurv_domal(int layer, int value) {
     padWriters::setPaCurv_domal(state_.sysData, layer, value);
 }
 
-void pad::cleanPadSel() {
-    const auto tag = static_cast<std::size_t>(currentPad());
-    if (tag < m_pads.size()) {
-        m_pads[tag].setState(0);
-    }
-}
-
-void pad::keepPadSel(int tag) {
-    const auto at = static_cast<std::size_t>(tag);
-    if (at < m_pads.size()) {
-        m_pads[at].setState(1);
-    }
-}
-
 toolkit::Button& pad::ownButtonOf(int control) {
     return m_pads[position(config::aMapPad[position(control, firstPad)], firstPad)];
 }

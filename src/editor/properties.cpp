@@ -6,7 +6,6 @@
 #include "describe/controlNames.h"
 #include "describe/reports.h"
 #include "editor/mainController.h"
-#include "editor/padWriters.h"
 
 namespace editor {
 
@@ -155,19 +154,6 @@ void mainController::triggerEnable() {
 /// that byte may have changed.
 void mainController::showTrigger() {
     window_.trigger.setState(state_.sysData[triggerPosition] != 0 ? 1 : 0);
-}
-
-void mainController::setPaCc_domal(int layer, int control, int value) {
-    padWriters::setPaCc_domal(state_.sysData, layer, control, value);
-}
-void mainController::setPaChan_domal(int layer, int control, int value) {
-    padWriters::setPaChan_domal(state_.sysData, layer, control, value);
-}
-void mainController::setPaIntrvl_domal(int layer, int value) {
-    padWriters::setPaIntrvl_domal(state_.sysData, layer, value);
-}
-void mainController::setPaCurv_domal(int layer, int value) {
-    padWriters::setPaCurv_domal(state_.sysData, layer, value);
 }
 
 }  // namespace editor

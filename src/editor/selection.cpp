@@ -218,26 +218,4 @@ void mainController::rmMsgSel() {
     showBlank(window_.combo_cc);
 }
 
-// Both bytes are the channels of pads in layer 0 (controls 66 and 68). The overlap is meant.
-
-void mainController::toggle() {
-    state_.sysData[triggerPosition] ^= 5;
-    showTrigger();
-    showChannelAfresh();
-}
-
-void mainController::gradual() {
-    constexpr std::size_t position = 75;
-    state_.sysData[position] = state_.sysData[position] == 0 ? 1 : 0;
-    showChannelAfresh();
-}
-
-/// The byte may be the shown control's channel.
-void mainController::showChannelAfresh() {
-    if (state_.selection.keyEvnt != noControl) {
-        window_.combo_chan.selectItemAtIndex(
-            config::channel(state_.sysData, state_.layers.layrData, state_.selection.keyEvnt));
-    }
-}
-
 }  // namespace editor

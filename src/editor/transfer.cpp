@@ -30,8 +30,4 @@ void mainController::sendData() {
     desktop_.runAlertPanel({"Tormelk Wyro", "Send Done"});
 }
 
-platform::MIDIPacketListPtr mainController::getMidiPacketList() {
-    return platform::makeOnePacketList(config::secondMessageForm);
-}
-
 }  // namespace editor

@@ -13,14 +13,14 @@ namespace journal = support::journal;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-using Shell = EditorTest;
+using OtherWindows = EditorTest;
 
-TEST_F(Shell, ExitEndsTheProcessWithStatusZero) {
+TEST_F(OtherWindows, ExitEndsTheProcessWithStatusZero) {
     controller.exit();
     EXPECT_THAT(desktop.journal(), ElementsAre(journal::exit(0)));
 }
 
-TEST_F(Shell, ClosingTheMainWindowEndsTheProcessWithoutAQuestion) {
+TEST_F(OtherWindows, ClosingTheMainWindowEndsTheProcessWithoutAQuestion) {
     editor.chooseMode(0);
     window.combo_chan.choose(5);
     ASSERT_EQ(state.bChange, 1);
@@ -28,13 +28,13 @@ TEST_F(Shell, ClosingTheMainWindowEndsTheProcessWithoutAQuestion) {
     EXPECT_THAT(desktop.journal(), ElementsAre(journal::exit(0)));
 }
 
-TEST_F(Shell, HidingTheMainWindowEndsNothing) {
+TEST_F(OtherWindows, HidingTheMainWindowEndsNothing) {
     window.window.makeKeyAndOrderFront();
     window.window.orderOut();
     EXPECT_THAT(desktop.journal(), IsEmpty());
 }
 
-TEST_F(Shell, WhenTheLastWindowClosesTheMainWindowComesBack) {
+TEST_F(OtherWindows, WhenTheLastWindowClosesTheMainWindowComesBack) {
     int fronts = 0;
     window.window.onChange = [&](toolkit::Window::Change change) {
         fronts += change == toolkit::Window::Change::Front ? 1 : 0;
@@ -45,7 +45,7 @@ TEST_F(Shell, WhenTheLastWindowClosesTheMainWindowComesBack) {
     EXPECT_THAT(desktop.exits(), IsEmpty());
 }
 
-TEST_F(Shell, TheProgramMayBeQuitAtOnceEvenWithUnsavedChanges) {
+TEST_F(OtherWindows, TheProgramMayBeQuitAtOnceEvenWithUnsavedChanges) {
     state.bChange = 1;
     EXPECT_TRUE(mainController::applicationShouldTerminate());
     EXPECT_THAT(desktop.journal(), IsEmpty());
@@ -61,7 +61,7 @@ public:
     std::vector<toolkit::WindowController*> shown;
 };
 
-TEST_F(Shell, AboutIsMadeOnceAndShownAgain) {
+TEST_F(OtherWindows, AboutIsMadeOnceAndShownAgain) {
     WatchingDesktop watching;
     EditorState otherState;
     MainWindow otherWindow;
@@ -80,7 +80,7 @@ TEST_F(Shell, AboutIsMadeOnceAndShownAgain) {
                                                 journal::showWindow<editor::about>()));
 }
 
-TEST_F(Shell, TheDevicesAreChosenInAModalDialog) {
+TEST_F(OtherWindows, TheDevicesAreChosenInAModalDialog) {
     editor.midiService.addDestination("Port A");
     editor.midiService.addDestination("Port B");
     editor.midiService.dispatch();
@@ -97,7 +97,7 @@ TEST_F(Shell, TheDevicesAreChosenInAModalDialog) {
                             journal::modalEnds<devices::seldev>()));
 }
 
-TEST_F(Shell, TheFirmwareWindowIsModalAndKeepsItsStateBetweenItsOpenings) {
+TEST_F(OtherWindows, TheFirmwareWindowIsModalAndKeepsItsStateBetweenItsOpenings) {
     editor.midiService.addDestination("Port A");
     editor.midiService.dispatch();
     desktop.onModal<firmware::firm>([this](firmware::firm& shown) {
@@ -114,12 +114,6 @@ TEST_F(Shell, TheFirmwareWindowIsModalAndKeepsItsStateBetweenItsOpenings) {
     });
     controller.firmware();
     EXPECT_EQ(editor.devices.midi_device_open, 1);
-}
-
-TEST_F(Shell, TheVersionIsWhatItWasSetTo) {
-    EXPECT_EQ(controller.ver(), 0);
-    controller.setver(-7);
-    EXPECT_EQ(controller.ver(), -7);
 }
 
 }  // namespace
