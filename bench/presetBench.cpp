@@ -10,8 +10,8 @@
 #include <random>
 
 #include "Stopwatch.h"
+#include "config/buildImageAndStores.h"
 #include "config/presetText.h"
-#include "config/startUp.h"
 #include "editor/mainController.h"
 #include "files/readFile.h"
 #include "files/replaceFile.h"

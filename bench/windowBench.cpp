@@ -19,6 +19,7 @@
 #include "app/Editor.h"
 #include "app/Robot.h"
 #include "app/identity.h"
+#include "config/control.h"
 #include "config/presetText.h"
 #include "platform/software/SoftwareMidiService.h"
 

@@ -12,7 +12,9 @@
 #include <span>
 
 #include "app/Robot.h"
-#include "config/transfer.h"
+#include "config/control.h"
+#include "config/sysex.h"
+#include "texts/hexadecimal.h"
 
 namespace app {
 
@@ -23,16 +25,6 @@ void say(const std::string& line) {
     std::fflush(stdout);
 }
 
-std::string hexadecimal(std::span<const std::uint8_t> bytes) {
-    std::string all;
-    for (const std::uint8_t byte : bytes) {
-        std::array<char, 4> digits{};
-        std::snprintf(digits.data(), digits.size(), "%02X", static_cast<unsigned>(byte));
-        all += (all.empty() ? "" : " ") + std::string(digits.data());
-    }
-    return all;
-}
-
 /// Where two messages differ first, in words; empty if they do not.
 std::string difference(std::span<const std::uint8_t> arrived, std::span<const std::uint8_t> sent) {
     const auto [a, b] = std::ranges::mismatch(arrived, sent);
@@ -40,7 +32,8 @@ std::string difference(std::span<const std::uint8_t> arrived, std::span<const st
         return {};
     }
     return "byte " + std::to_string(std::distance(arrived.begin(), a)) + " arrived as " +
-           hexadecimal(std::span(a, 1)) + ", the editor holds " + hexadecimal(std::span(b, 1));
+           texts::hexadecimal(std::span(a, 1)) + ", the editor holds " +
+           texts::hexadecimal(std::span(b, 1));
 }
 
 constexpr int editedControl = 50;  // the third encoder
@@ -133,8 +126,8 @@ void DemoCheck::compareLayer(int layer) {
         difference(*arrived, config::layerBlock(demo_.editor.state.sysData, layer));
     constexpr std::size_t firstBytes = 16;
     say(name + std::to_string(arrived->size()) + " bytes, " +
-        hexadecimal(std::span(*arrived).first(firstBytes)) + " ... " +
-        hexadecimal(std::span(*arrived).last(1)) +
+        texts::hexadecimal(std::span(*arrived).first(firstBytes)) + " ... " +
+        texts::hexadecimal(std::span(*arrived).last(1)) +
         (differs.empty() ? ": equal to the editor's image" : ""));
     expect(differs.empty(), differs);
 }

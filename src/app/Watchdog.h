@@ -8,7 +8,7 @@
 namespace app {
 
 /// Ends the process with status 3, and says so, unless it is called off in time. It has a thread of
-/// its own, so that it barks at a blocked main thread, too.
+/// its own, so that it ends a run whose main thread is blocked, too.
 class Watchdog {
 public:
     explicit Watchdog(std::chrono::seconds limit);

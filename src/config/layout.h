@@ -48,6 +48,10 @@ inline constexpr int lastPad = 73;
 inline constexpr int padCount = 9;
 inline constexpr int noControl = 127;
 
+/// Whether there is such a layer: 0 to 3.
+[[nodiscard]] constexpr bool isLayer(int layer) {
+    return layer >= 0 && layer < layerCount;
+}
 [[nodiscard]] constexpr bool isLayerKey(int control) {
     return control >= firstLayerKey && control <= lastLayerKey;
 }
@@ -73,40 +77,6 @@ constexpr void writeByte(Image& image, std::size_t position, int value) {
     if (position < image.size()) {
         image[position] = static_cast<std::uint8_t>(value);
     }
-}
-
-// The three bytes of a control (0 to 79) in a layer (0 to 3). A control of 127, "none", reaches
-// the bytes 127 places behind the first, as the product's own accesses do: see `readByte`.
-[[nodiscard]] constexpr std::size_t channelAt(int layer, int control) {
-    return at(layer, channelOffset + static_cast<std::size_t>(control));
-}
-[[nodiscard]] constexpr std::size_t numberAt(int layer, int control) {
-    return at(layer, numberOffset + static_cast<std::size_t>(control));
-}
-[[nodiscard]] constexpr std::size_t modeAt(int layer, int control) {
-    return at(layer, modeOffset + static_cast<std::size_t>(control));
-}
-
-/// MIDI channel, 0 to 15 for channels 1 to 16.
-[[nodiscard]] constexpr std::uint8_t channel(const Image& image, int layer, int control) {
-    return readByte(image, channelAt(layer, control));
-}
-/// Note, controller or program number, 0 to 127.
-[[nodiscard]] constexpr std::uint8_t number(const Image& image, int layer, int control) {
-    return readByte(image, numberAt(layer, control));
-}
-/// Mode byte: message kind in the low bits, 0x40 for toggle.
-[[nodiscard]] constexpr std::uint8_t mode(const Image& image, int layer, int control) {
-    return readByte(image, modeAt(layer, control));
-}
-constexpr void setChannel(Image& image, int layer, int control, int value) {
-    writeByte(image, channelAt(layer, control), value);
-}
-constexpr void setNumber(Image& image, int layer, int control, int value) {
-    writeByte(image, numberAt(layer, control), value);
-}
-constexpr void setMode(Image& image, int layer, int control, int value) {
-    writeByte(image, modeAt(layer, control), value);
 }
 
 /// A byte of a block's trailer, by its offset in the block (247 to 250).

@@ -17,7 +17,7 @@ namespace config {
 inline constexpr std::string_view presetFileType = "Tormelk";
 
 /// The most that is ever read of a preset file, in bytes. Its 1016 numbers need 5080 at most;
-/// the rest is room for blanks. What comes later is not looked at.
+/// the rest is space for blanks. What comes later is not looked at.
 inline constexpr std::size_t presetTextLimit = std::size_t{1} << 20;
 
 /// The bytes of an image that are in use.

@@ -7,18 +7,23 @@
 #include <array>
 #include <cstdint>
 
+#include "config/control.h"
 #include "config/layout.h"
+#include "config/modes.h"
 #include "config/stores.h"
 
 namespace editor {
 
-inline constexpr int noControl = config::noControl;
-inline constexpr int noLayer = 255;
+using config::huiMode;
+using config::isLayer;
+using config::liveMode;
+using config::logicMode;
+using config::noControl;
+using config::nuendoMode;
+using config::samplitudeMode;
+using config::userDefinedMode;
 
-/// Whether there is such a layer: 0 to 3.
-[[nodiscard]] constexpr bool isLayer(int layer) {
-    return layer >= 0 && layer < config::layerCount;
-}
+inline constexpr int noLayer = 255;
 
 /// Message kinds as `combo_type` lists them.
 inline constexpr int kindNote = 0;
@@ -26,13 +31,21 @@ inline constexpr int kindControlChange = 1;
 inline constexpr int kindProgramChange = 2;
 inline constexpr int kindUnknown = 63;
 
-/// DAW modes as `combo_mode` lists them; 1 to 5 are the factory modes.
-inline constexpr int userDefinedMode = 0;
-inline constexpr int nuendoMode = 1;
-inline constexpr int samplitudeMode = 2;
-inline constexpr int liveMode = 3;
-inline constexpr int logicMode = 4;
-inline constexpr int huiMode = 5;
+/// The position of a kind in `combo_type`; pitch bend has none.
+[[nodiscard]] constexpr int typePosition(config::MessageKind kind) {
+    switch (kind) {
+        case config::MessageKind::Note:
+            return kindNote;
+        case config::MessageKind::ControlChange:
+            return kindControlChange;
+        case config::MessageKind::ProgramChange:
+            return kindProgramChange;
+        case config::MessageKind::PitchBend:
+        case config::MessageKind::Unknown:
+            break;
+    }
+    return kindUnknown;
+}
 
 /// Positions of the blank entry: the lengths of the lists it is appended to.
 inline constexpr std::array<int, 5> tcmtv = {

@@ -3,10 +3,10 @@
 #include <algorithm>
 
 #include "config/factoryTables.h"
-#include "config/transfer.h"
+#include "config/sysex.h"
+#include "describe/reports.h"
 #include "editor/mainController.h"
 #include "editor/pad.h"
-#include "editor/reports.h"
 #include "tables/data.h"
 
 namespace editor {
@@ -35,7 +35,7 @@ void setLight(Buttons& buttons, int layer, int state) {
 
 void mainController::onMoLa(toolkit::Button& sender) {
     moLa(sender.tag() - config::firstLayerKey);
-    report(modeLayerName(state_.layers.m_moLa));
+    report(describe::modeLayerName(state_.layers.m_moLa));
 }
 
 void mainController::moLa(int modeLayer) {
@@ -84,7 +84,7 @@ void mainController::onPaLa(toolkit::Button& sender) {
     const int padLayer = sender.tag() - config::firstTransportKey;
     if (padLayer == 0) {
         paLa(0);
-        report(padLayerName(0));
+        report(describe::padLayerName(0));
         return;
     }
     window_.paLaCtrls[0].setEnabled(false);
@@ -119,7 +119,7 @@ void mainController::paLa234(int padLayer) {
     copyToWorkingCopy();
     if (desktop_.runModalForWindow(padEditor) != 0) {
         takeBackPadEdits();
-        report(reportPadLayers(padLayersThatDifferFrom(before)));
+        report(describe::reportPadLayers(padLayersThatDifferFrom(before)));
     }
     showSelectionAfresh();
     window_.window.makeKeyAndOrderFront();  // the pad editor had hidden it
@@ -234,7 +234,7 @@ void mainController::onLok() {
     const int locked = config::trailer(state_.sysData, 0, config::lockOffset) == 0 ? 1 : 0;
     config::setTrailerOfEveryLayer(state_.sysData, config::lockOffset, locked);
     showLock(0);
-    report(reportLock(locked != 0));
+    report(describe::reportLock(locked != 0));
 }
 
 void mainController::lockCheck() {

@@ -3,16 +3,16 @@
 // The main window's controller: every action of the window, and what the actions are made of. The
 // actions are grouped by subject, a file each:
 //
-//   startUp.cpp     the image is built, the window wakes, the window follows the image
-//   selection.cpp   a control is selected and its assignment shown
-//   layers.cpp      mode layers, pad layers, the lock
-//   properties.cpp  a choice in a property box is written into the image
-//   modeSwitch.cpp  DAW modes and User Defined mode
-//   typeJudge.cpp   boxes brought in line with the image after a load
-//   presetFiles.cpp Save and Load
-//   labels.cpp      host function labels for one control
-//   transfer.cpp    Send
-//   shell.cpp       the other windows, the end of the program
+//   startUp.cpp       the image is built, the window wakes, the window follows the image
+//   selection.cpp     a control is selected and its assignment shown
+//   layers.cpp        mode layers, pad layers, the lock
+//   properties.cpp    a choice in a property box is written into the image
+//   modeSwitch.cpp    DAW modes and User Defined mode
+//   typeJudge.cpp     boxes brought in line with the image after a load
+//   presetFiles.cpp   Save and Load
+//   transfer.cpp      Send
+//   otherWindows.cpp  the other windows, the end of the program
+//   unconnected.cpp   what nothing asks for
 //
 // The pad editor is `pad`. Nothing here draws: the widgets are models.
 
@@ -31,12 +31,12 @@
 #include "devices/seldev.h"
 #include "editor/EditorState.h"
 #include "editor/MainWindow.h"
+#include "editor/about.h"
 #include "firmware/FirmwareState.h"
 #include "platform/NotificationCentre.h"
 #include "platform/PacketList.h"
 #include "sending/Consignment.h"
-#include "shell/about.h"
-#include "tables/List.h"
+#include "texts/List.h"
 #include "toolkit/Desktop.h"
 
 namespace editor {
@@ -68,18 +68,6 @@ public:
     void rmChanSel();
     void rmTrigSel();
     void rmMsgSel();
-    void toggle();
-    void gradual();
-
-    // Connection points without an effect
-    void typeSelect2() {}
-    void substain() {}
-    void drv_ver_func() {}
-    void next() {}
-    void back() {}
-    void subUpdate2() {}
-    void ik_Push() {}
-    void ik_Pop() {}
 
     // Mode layers, pad layers, lock
     void onMoLa(toolkit::Button& sender);
@@ -105,10 +93,6 @@ public:
     [[nodiscard]] static int TypOxOX_2Index(int modeByte);
     void toggleGray();
     void triggerEnable();
-    void setPaCc_domal(int layer, int control, int value);
-    void setPaChan_domal(int layer, int control, int value);
-    void setPaIntrvl_domal(int layer, int value);
-    void setPaCurv_domal(int layer, int value);
 
     // After a load
     void typeJudge();
@@ -117,7 +101,32 @@ public:
     // Preset files
     void saveFile();
     void loadFile();
-    // Byte copies; nothing calls them. Each copies as many bytes as both sides have room for.
+
+    // Send
+    void sendData();
+
+    // The program and its other windows
+    void exit();
+    void windowWillClose();
+    /// Brings the main window back; the answer is always no.
+    [[nodiscard]] bool applicationShouldTerminateAfterLastWindowClosed();
+    void about();
+    void midiSelect();
+    void firmware();
+
+    // Connected to nothing: no click, menu or event reaches these. See unconnected.cpp.
+    void toggle();
+    void gradual();
+    /// Sets type, value and channel box and the value's caption for one control under the current
+    /// mode: the value box offers the functions of the mode's host.
+    void lie_note(int control);
+    /// A second form of message; the caller owns the list.
+    [[nodiscard]] static platform::MIDIPacketListPtr getMidiPacketList();
+    void setPaCc_domal(int layer, int control, int value);
+    void setPaChan_domal(int layer, int control, int value);
+    void setPaIntrvl_domal(int layer, int value);
+    void setPaCurv_domal(int layer, int value);
+    // Byte copies. Each copies as many bytes as both sides hold.
     static void mamcpy(std::span<const std::uint8_t> source, std::size_t count,
                        std::span<std::uint8_t> destination);
     static void mamcpy2(std::span<const std::uint8_t> source, std::size_t sourceIndex,
@@ -128,29 +137,19 @@ public:
                              std::size_t destinationIndex,
                              std::span<std::uint8_t> secondDestination,
                              std::size_t secondDestinationIndex);
-
-    // Host function labels
-    /// Sets type, value and channel box and the value's caption for one control under the current
-    /// mode. No action calls it.
-    void lie_note(int control);
-
-    // Send
-    void sendData();
-    /// A second form of message, which no command sends; the caller owns the list.
-    [[nodiscard]] static platform::MIDIPacketListPtr getMidiPacketList();
-
-    // The program and its other windows
-    void exit();
-    void windowWillClose();
-    /// Brings the main window back; the answer is always no.
-    [[nodiscard]] bool applicationShouldTerminateAfterLastWindowClosed();
     /// The answer is always yes: there is no question about unsaved changes.
     [[nodiscard]] static bool applicationShouldTerminate();
-    void about();
-    void midiSelect();
-    void firmware();
     void setver(std::int32_t version) { version_ = version; }
     [[nodiscard]] std::int32_t ver() const { return version_; }
+    // Connection points; they stay without an effect.
+    void typeSelect2() {}
+    void substain() {}
+    void drv_ver_func() {}
+    void next() {}
+    void back() {}
+    void subUpdate2() {}
+    void ik_Push() {}
+    void ik_Pop() {}
 
     /// Whether the image differs from the bytes of the file that was saved or loaded last, or from
     /// the start's. A load may rewrite a byte of what it read, and then the image differs at once.
@@ -180,14 +179,14 @@ private:
     [[nodiscard]] toolkit::Button& buttonOf(int control);
     void showBlank(toolkit::ComboBox& box);
     void showBlanksBesidePadEditor();
-    void showControl(tables::List listForUnknownKind);
+    void showControl(texts::List listForUnknownKind);
     void showBlankIfOwn(toolkit::ComboBox& box);
     void showTrigger();
     void showSelectionAfresh();
     void showChannelAfresh();
     void greyTrigger(int control);
     void judgeKind(int modeByte);
-    void refillValues(tables::List listForUnknownKind);
+    void refillValues(texts::List listForUnknownKind);
     void showAssignment(int layer, int control);
     [[nodiscard]] int triggerIndex(int layerOfFlag, int control, int modeByte) const;
 
@@ -224,7 +223,7 @@ private:
     devices::seldevChoice& devices_;
     firmware::FirmwareState& firmware_;
 
-    std::unique_ptr<shell::about> ab_;  // made on first use, then kept
+    std::unique_ptr<editor::about> ab_;  // made on first use, then kept
     config::PresetBytes onFile_{};
     std::optional<sending::Consignment> sent_;  // the last one
     platform::NotificationCentre::Registration setupChanges_;

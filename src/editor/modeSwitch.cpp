@@ -1,7 +1,7 @@
 // The DAW mode switch: the user's assignments are parked while a factory mode is shown.
 
+#include "describe/reports.h"
 #include "editor/mainController.h"
-#include "editor/reports.h"
 
 namespace editor {
 
@@ -36,7 +36,7 @@ void mainController::switchMode(int newMode) {
     // The selection kept on leaving User Defined does not survive this step.
     dataChgCore(state_.selection.keyEvnt);
     showTrigger();
-    report(reportMode(newMode, wasUserDefined && !isUserDefined));
+    report(describe::reportMode(newMode, wasUserDefined && !isUserDefined));
 }
 
 void mainController::clearSelection() {

@@ -1,9 +1,9 @@
 #include "editor/pad.h"
 
 #include "config/factoryTables.h"
-#include "editor/controlNames.h"
+#include "describe/controlNames.h"
+#include "describe/reports.h"
 #include "editor/padWriters.h"
-#include "editor/reports.h"
 #include "tables/data.h"
 
 namespace editor {
@@ -94,11 +94,12 @@ void pad::report(std::string_view text) {
 }
 
 void pad::reportOfLayer(std::string_view text) {
-    report(padLayerName(currentLayer()) + ": " + std::string(text));
+    report(describe::padLayerName(currentLayer()) + ": " + std::string(text));
 }
 
-Assignment pad::assignmentOfPad(int control) const {
-    return assignmentOf(state_.pads.sysbuf_domal, currentLayer(), state_.modes.machn_mod, control);
+describe::Assignment pad::assignmentOfPad(int control) const {
+    return describe::assignmentOf(state_.pads.sysbuf_domal, currentLayer(), state_.modes.machn_mod,
+                                  control);
 }
 
 void pad::fillBoxes() {
@@ -173,7 +174,7 @@ void pad::enableBoxes() {
 
 void pad::OnzPaLa(toolkit::Button& sender) {
     zPaLa(sender.tag() - config::firstTransportKey);
-    report(padLayerName(currentLayer()));
+    report(describe::padLayerName(currentLayer()));
 }
 
 void pad::zPaLa(int padLayer) {
@@ -265,8 +266,9 @@ void pad::chooseChannel(int index) {
         setPaChan_domal(layer, control, index);
     }
     data_change_pad(currentPad());
-    report(
-        reportChannel(all ? padLayerName(layer) + ", all pads" : controlName(currentPad()), index));
+    report(describe::reportChannel(
+        all ? describe::padLayerName(layer) + ", all pads" : describe::controlName(currentPad()),
+        index));
 }
 
 /// The live image gets the position in the list, the working copy the milliseconds; meant so.
@@ -333,7 +335,8 @@ void pad::chooseNote(int index) {
     config::setNumber(state_.pads.sysbuf_domal, currentLayer(), currentPad(), index);
     setPaCc_domal(currentLayer(), currentPad(), index);
     data_change_pad(currentPad());
-    report(reportMessage(controlName(currentPad()), assignmentOfPad(currentPad())));
+    report(describe::reportMessage(describe::controlName(currentPad()),
+                                   assignmentOfPad(currentPad())));
 }
 
 void pad::setPaCc_domal(int layer, int control, int value) {
@@ -347,20 +350,6 @@ void pad::setPaIntrvl_domal(int layer, int value) {
 }
 void pad::setPaCurv_domal(int layer, int value) {
     padWriters::setPaCurv_domal(state_.sysData, layer, value);
-}
-
-void pad::cleanPadSel() {
-    const auto tag = static_cast<std::size_t>(currentPad());
-    if (tag < m_pads.size()) {
-        m_pads[tag].setState(0);
-    }
-}
-
-void pad::keepPadSel(int tag) {
-    const auto at = static_cast<std::size_t>(tag);
-    if (at < m_pads.size()) {
-        m_pads[at].setState(1);
-    }
 }
 
 toolkit::Button& pad::ownButtonOf(int control) {

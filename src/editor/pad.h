@@ -8,9 +8,9 @@
 #include <functional>
 #include <string_view>
 
+#include "describe/assignment.h"
 #include "editor/EditorState.h"
 #include "editor/MainWindow.h"
-#include "editor/assignment.h"
 #include "toolkit/Button.h"
 #include "toolkit/ComboBox.h"
 #include "toolkit/Desktop.h"
@@ -45,7 +45,7 @@ public:
     std::function<void()> actionEnded;
 
     /// What a pad sends in the layer shown, with the edits made so far.
-    [[nodiscard]] Assignment assignmentOfPad(int control) const;
+    [[nodiscard]] describe::Assignment assignmentOfPad(int control) const;
     /// The control last selected, which need not be a pad.
     [[nodiscard]] int currentPad() const { return state_.pads.m_pad_CurSel; }
     /// The pad layer shown, 1 to 3.

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
+#include "describe/reports.h"
 #include "editor/mainController.h"
-#include "editor/reports.h"
 #include "files/readFile.h"
 #include "files/replaceFile.h"
 
@@ -56,7 +56,7 @@ void mainController::loadFile() {
         config::keepWholeUserDefined(state_.sysData, state_.stores);
     }
     takePreset(*preset, mode);
-    window_.status.setStringValue(reportLoad(path->filename().string(), state_.sysData));
+    window_.status.setStringValue(describe::reportLoad(path->filename().string(), state_.sysData));
     actionEnded();
 }
 
@@ -99,32 +99,6 @@ void mainController::takePreset(const config::PresetBytes& preset, int mode) {
     }
     state_.bChange = 0;
     onFile_ = preset;
-}
-
-void mainController::mamcpy(std::span<const std::uint8_t> source, std::size_t count,
-                            std::span<std::uint8_t> destination) {
-    mamcpy2(source, 0, count, destination, 0);
-}
-
-void mainController::mamcpy2(std::span<const std::uint8_t> source, std::size_t sourceIndex,
-                             std::size_t count, std::span<std::uint8_t> destination,
-                             std::size_t destinationIndex) {
-    const std::size_t readable = source.size() - std::min(sourceIndex, source.size());
-    const std::size_t writable =
-        destination.size() - std::min(destinationIndex, destination.size());
-    const std::size_t copied = std::min({count, readable, writable});
-    for (std::size_t i = 0; i < copied; ++i) {
-        destination[destinationIndex + i] = source[sourceIndex + i];
-    }
-}
-
-void mainController::mamcpy2_2des(std::span<const std::uint8_t> source, std::size_t sourceIndex,
-                                  std::size_t count, std::span<std::uint8_t> destination,
-                                  std::size_t destinationIndex,
-                                  std::span<std::uint8_t> secondDestination,
-                                  std::size_t secondDestinationIndex) {
-    mamcpy2(source, sourceIndex, count, destination, destinationIndex);
-    mamcpy2(source, sourceIndex, count, secondDestination, secondDestinationIndex);
 }
 
 }  // namespace editor

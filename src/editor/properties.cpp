@@ -3,10 +3,9 @@
 
 #include <algorithm>
 
-#include "editor/controlNames.h"
+#include "describe/controlNames.h"
+#include "describe/reports.h"
 #include "editor/mainController.h"
-#include "editor/padWriters.h"
-#include "editor/reports.h"
 
 namespace editor {
 
@@ -18,8 +17,10 @@ constexpr int blankChannel = tcmtv[1];
 constexpr int blankNumber = tcmtv[2];
 constexpr int blankTrigger = tcmtv[3];
 
-/// The message kind's bits of the mode byte, for each position of `combo_type`.
-constexpr std::array<int, 3> kindBits = {9, 11, 12};
+/// The message kinds in the order of `combo_type`.
+constexpr std::array<config::MessageKind, 3> kinds = {config::MessageKind::Note,
+                                                      config::MessageKind::ControlChange,
+                                                      config::MessageKind::ProgramChange};
 
 }  // namespace
 
@@ -65,7 +66,7 @@ void mainController::chooseChannel(int index) {
         config::setChannel(state_.sysData, layer, control, index);
         state_.bChange = 1;
         showTrigger();
-        report(reportChannel(controlName(control), index));
+        report(describe::reportChannel(describe::controlName(control), index));
     }
 }
 
@@ -83,8 +84,9 @@ void mainController::chooseNumber(int index) {
 }
 
 void mainController::reportMessageOf(int layer, int control) {
-    report(reportMessage(controlName(control),
-                         assignmentOf(state_.sysData, layer, state_.modes.machn_mod, control)));
+    report(describe::reportMessage(
+        describe::controlName(control),
+        describe::assignmentOf(state_.sysData, layer, state_.modes.machn_mod, control)));
 }
 
 void mainController::chooseKind(int index) {
@@ -97,15 +99,14 @@ void mainController::chooseKind(int index) {
     } else {
         state_.selection.select_type = index;
         config::setMode(state_.sysData, layer, control,
-                        (modeByte & 0xE0) + kindBits[static_cast<std::size_t>(index)]);
+                        config::withKind(modeByte, kinds[static_cast<std::size_t>(index)]));
         reportMessageOf(layer, control);
     }
     dataChgCore(control);
 }
 
 int mainController::TypOxOX_2Index(int modeByte) {
-    const int bits = (modeByte & 6) >> 1;
-    return bits % 3 + bits / 3;
+    return typePosition(config::kindBehindBlank(modeByte));
 }
 
 void mainController::chooseTrigger(int index) {
@@ -114,8 +115,8 @@ void mainController::chooseTrigger(int index) {
     const int modeByte = config::mode(state_.sysData, layer, control);
     if (index == 0 || index == 1) {
         state_.layers.bTrigAll.set(layer, false);
-        config::setMode(state_.sysData, layer, control, (modeByte & 0x1F) | (index * 0x40));
-        report(reportTrigger(controlName(control), index == 1));
+        config::setMode(state_.sysData, layer, control, config::withTrigger(modeByte, index == 1));
+        report(describe::reportTrigger(describe::controlName(control), index == 1));
     } else if (index == 2 || index == 3) {
         state_.layers.bTrigAll.set(layer, true);
         makeWholeLayerTrigger(layer, index == 3);
@@ -132,10 +133,11 @@ void mainController::chooseTrigger(int index) {
 /// that is meant.
 void mainController::makeWholeLayerTrigger(int layer, bool toggles) {
     constexpr int lastControl = 46;
-    report(reportTriggerOfAll(layer, toggles, lastControl + 1));
+    report(describe::reportTriggerOfAll(layer, toggles, lastControl + 1));
     for (int control = 0; control <= lastControl; ++control) {
         const int modeByte = config::mode(state_.sysData, layer, control);
-        config::setMode(state_.sysData, layer, control, (modeByte & 0xBF) | (toggles ? 0x40 : 0));
+        config::setMode(state_.sysData, layer, control,
+                        config::withTriggerOfLayer(modeByte, toggles));
     }
 }
 
@@ -152,19 +154,6 @@ void mainController::triggerEnable() {
 /// that byte may have changed.
 void mainController::showTrigger() {
     window_.trigger.setState(state_.sysData[triggerPosition] != 0 ? 1 : 0);
-}
-
-void mainController::setPaCc_domal(int layer, int control, int value) {
-    padWriters::setPaCc_domal(state_.sysData, layer, control, value);
-}
-void mainController::setPaChan_domal(int layer, int control, int value) {
-    padWriters::setPaChan_domal(state_.sysData, layer, control, value);
-}
-void mainController::setPaIntrvl_domal(int layer, int value) {
-    padWriters::setPaIntrvl_domal(state_.sysData, layer, value);
-}
-void mainController::setPaCurv_domal(int layer, int value) {
-    padWriters::setPaCurv_domal(state_.sysData, layer, value);
 }
 
 }  // namespace editor

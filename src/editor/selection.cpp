@@ -1,6 +1,6 @@
 // Selecting a control and showing its assignment in the property boxes.
 
-#include "editor/controlNames.h"
+#include "describe/controlNames.h"
 #include "editor/mainController.h"
 #include "tables/data.h"
 
@@ -13,21 +13,6 @@ namespace {
 
 bool hasButton(int control) {
     return control >= 0 && control < config::buttonCount;
-}
-
-/// The message kind of a mode byte, as `msg_Typ` has it. Pitch bend is shown as control change.
-int kindOf(int modeByte) {
-    switch (modeByte & 0x0F) {
-        case 9:
-            return kindNote;
-        case 11:
-        case 14:
-            return kindControlChange;
-        case 12:
-            return kindProgramChange;
-        default:
-            return kindUnknown;
-    }
 }
 
 bool hasBlankAt(const toolkit::ComboBox& box, int index) {
@@ -44,7 +29,7 @@ void selectLast(toolkit::ComboBox& box) {
 void mainController::typeSelect1(toolkit::Button& sender) {
     const int tag = sender.tag();
     if (isPad(tag)) {
-        dataChgCore_pad(controlOfTag(tag));
+        dataChgCore_pad(describe::controlOfTag(tag));
     } else {
         dataChg(tag);
     }
@@ -91,7 +76,7 @@ void mainController::showSelectionAfresh() {
 
 /// Shows the assignment of the edited control in the edited layer. It changes nothing but the
 /// boxes and `msg_Typ`.
-void mainController::showControl(tables::List listForUnknownKind) {
+void mainController::showControl(texts::List listForUnknownKind) {
     const int control = state_.selection.keyEvnt;
     const int layer = state_.layers.layrData;
     greyTrigger(control);
@@ -116,12 +101,12 @@ void mainController::greyTrigger(int control) {
 
 void mainController::judgeKind(int modeByte) {
     const bool hui = window_.combo_mode.indexOfSelectedItem() == huiMode;
-    state_.selection.msg_Typ = hui ? kindControlChange : kindOf(modeByte);
+    state_.selection.msg_Typ = hui ? kindControlChange : typePosition(config::shownKind(modeByte));
 }
 
 /// Fills the value box for the kind in `msg_Typ`. HUI mode offers no values. The list for an
 /// unknown kind differs between an ordinary control (programs) and a pad (notes); both are meant.
-void mainController::refillValues(tables::List listForUnknownKind) {
+void mainController::refillValues(texts::List listForUnknownKind) {
     const bool hui = window_.combo_mode.indexOfSelectedItem() == huiMode;
     window_.combo_cc.removeAllItems();
     switch (state_.selection.msg_Typ) {
@@ -157,11 +142,10 @@ void mainController::showAssignment(int layer, int control) {
 /// Position in `combo_trig` for a mode byte: momentary or toggle, or in User Defined mode the
 /// "All" form of it while `layerOfFlag` has an "All" choice in force.
 int mainController::triggerIndex(int layerOfFlag, int control, int modeByte) const {
-    if (control < config::firstEncoder && state_.layers.bTrigAll.isSet(layerOfFlag) &&
-        state_.modes.machn_mod == userDefinedMode) {
-        return (modeByte >> 6) | 2;
-    }
-    return (modeByte & 0x40) != 0 ? 1 : 0;
+    const int choice = config::toggles(modeByte) ? 1 : 0;
+    const bool all = control < config::firstEncoder && state_.layers.bTrigAll.isSet(layerOfFlag) &&
+                     state_.modes.machn_mod == userDefinedMode;
+    return all ? choice + 2 : choice;
 }
 
 /// While the pad editor is open the boxes show no value. Whether type and channel box hold their
@@ -179,7 +163,7 @@ void mainController::showBlanksBesidePadEditor() {
 }
 
 toolkit::Button& mainController::buttonOf(int control) {
-    return window_.keysOrderedByTag[static_cast<std::size_t>(tagOfControl(control))];
+    return window_.keysOrderedByTag[static_cast<std::size_t>(describe::tagOfControl(control))];
 }
 
 void mainController::cleanBnSel() {
@@ -232,28 +216,6 @@ void mainController::rmTrigSel() {
 }
 void mainController::rmMsgSel() {
     showBlank(window_.combo_cc);
-}
-
-// Both bytes are the channels of pads in layer 0 (controls 66 and 68). The overlap is meant.
-
-void mainController::toggle() {
-    state_.sysData[triggerPosition] ^= 5;
-    showTrigger();
-    showChannelAfresh();
-}
-
-void mainController::gradual() {
-    constexpr std::size_t position = 75;
-    state_.sysData[position] = state_.sysData[position] == 0 ? 1 : 0;
-    showChannelAfresh();
-}
-
-/// The byte may be the shown control's channel.
-void mainController::showChannelAfresh() {
-    if (state_.selection.keyEvnt != noControl) {
-        window_.combo_chan.selectItemAtIndex(
-            config::channel(state_.sysData, state_.layers.layrData, state_.selection.keyEvnt));
-    }
 }
 
 }  // namespace editor

@@ -1,7 +1,7 @@
 // The main window's start: the image is built, the window wakes, and the window follows an image
 // that was put in place as a whole.
 
-#include "config/startUp.h"
+#include "config/buildImageAndStores.h"
 
 #include "editor/mainController.h"
 #include "tables/data.h"

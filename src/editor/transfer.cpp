@@ -1,10 +1,8 @@
 // Send: the whole image to the controller, and what is known of it in words.
 
-#include "config/transfer.h"
-
 #include "editor/mainController.h"
-#include "editor/reports.h"
 #include "sending/send.h"
+#include "sending/sendReport.h"
 
 namespace editor {
 
@@ -13,20 +11,16 @@ void mainController::sendData() {
         state_.sysData, {devices_.process().service(), [this] { return devices_.OutDevice(); },
                          [this](sending::Seconds pause) { desktop_.sleepForTimeInterval(pause); }});
     const sending::Receipt& receipt = sent_->receipt();
-    const std::string said = reportSend(receipt);
+    const std::string said = sending::reportSend(receipt);
     report(said);
     if (receipt.trouble == sending::Trouble::NoOutput ||
         receipt.trouble == sending::Trouble::Offline) {
         desktop_.runAlertPanel({"Tormelk Wyro", "Please select MIDI device first"});
         return;
     }
-    sent_->whenSettled([this] { report(reportSend(sent_->receipt())); });
+    sent_->whenSettled([this] { report(sending::reportSend(sent_->receipt())); });
     const bool hasTrouble = receipt.trouble != sending::Trouble::None;
     desktop_.runAlertPanel({"Tormelk Wyro", hasTrouble ? "Send Done\n\n" + said : "Send Done"});
-}
-
-platform::MIDIPacketListPtr mainController::getMidiPacketList() {
-    return platform::makeOnePacketList(config::secondMessageForm);
 }
 
 }  // namespace editor

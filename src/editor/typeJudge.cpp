@@ -8,20 +8,7 @@ namespace editor {
 
 namespace {
 
-/// Position in `combo_type` for the kind of a mode byte; anything but control change and program
-/// change counts as a note.
-int judgedKind(int modeByte) {
-    switch (modeByte & 0x0F) {
-        case 11:
-            return kindControlChange;
-        case 12:
-            return kindProgramChange;
-        default:
-            return kindNote;
-    }
-}
-
-void refill(toolkit::ComboBox& box, tables::List list) {
+void refill(toolkit::ComboBox& box, texts::List list) {
     box.removeAllItems();
     box.addItemsWithObjectValues(list);
 }
@@ -36,11 +23,12 @@ void mainController::typeJudge() {
     if (state_.modes.machn_mod != userDefinedMode) {
         // With nothing selected the write happens all the same, 127 places behind the first mode
         // byte; where that lies behind the image it is dropped.
-        config::setMode(state_.sysData, layer, control, (modeByte & 0xE0) | 9);
+        config::setMode(state_.sysData, layer, control,
+                        config::withKind(modeByte, config::MessageKind::Note));
         window_.combo_type.selectItemAtIndex(kindNote);
     } else if (control != noControl) {
         triggerEnable();
-        window_.combo_type.selectItemAtIndex(judgedKind(modeByte));
+        window_.combo_type.selectItemAtIndex(typePosition(config::kindAfterLoad(modeByte)));
     }
 }
 
@@ -65,15 +53,14 @@ void mainController::selchange_Aft_TypeJudg() {
 }
 
 void mainController::refillForKind(int modeByte) {
-    switch (modeByte & 0x0F) {
-        case 9:
+    switch (typePosition(config::shownKind(modeByte))) {
+        case kindNote:
             refill(window_.combo_cc, tables::data::Note());
             break;
-        case 11:
-        case 14:
+        case kindControlChange:
             refill(window_.combo_cc, tables::data::CC());
             break;
-        case 12:
+        case kindProgramChange:
             refill(window_.combo_cc, tables::data::Prog());
             break;
         default:

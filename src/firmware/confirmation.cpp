@@ -86,9 +86,9 @@ std::string fileToWrite(const FirmwareState& state) {
 
 }  // namespace
 
-shell::Confirmation confirmationOf(const FirmwareState& state, const UploadOutput& output) {
+Confirmation confirmationOf(const FirmwareState& state, const UploadOutput& output) {
     const std::uint64_t blocks = sending::blocksFor(state.len);
-    shell::Confirmation content;
+    Confirmation content;
     content.warnings = warningsOf(state, output);
     content.facts = {
         {"File", fileToWrite(state)},

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "firmware/FirmwareState.h"
-#include "shell/message.h"
+#include "firmware/message.h"
 
 namespace firmware {
 
@@ -17,7 +17,6 @@ struct UploadOutput {
 
 /// What the confirmation window says before an upload. An upload can be started although the last
 /// file was refused, or although nothing would be written: then it warns in plain words.
-[[nodiscard]] shell::Confirmation confirmationOf(const FirmwareState& state,
-                                                 const UploadOutput& output);
+[[nodiscard]] Confirmation confirmationOf(const FirmwareState& state, const UploadOutput& output);
 
 }  // namespace firmware

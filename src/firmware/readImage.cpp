@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "files/readFile.h"
-#include "toolkit/asciiCase.h"
+#include "texts/asciiCase.h"
 
 namespace firmware {
 namespace {
@@ -29,7 +29,7 @@ ReadOutcome readImage(const std::filesystem::path& path, FirmwareState& state) {
         return ReadOutcome::CannotRead;
     }
     const std::string name = path.filename().string();
-    if (!toolkit::beginsWithIgnoringCase(name, prefix)) {
+    if (!texts::beginsWithIgnoringCase(name, prefix)) {
         choose(state, name, file.size, ChosenFile::Verdict::WrongName);
         return ReadOutcome::WrongName;
     }

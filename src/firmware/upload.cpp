@@ -1,16 +1,16 @@
 // Step 5: the upload. What is sent, and what became of it, is sending/Uploader's; here it is shown.
 
 #include "firmware/firm.h"
+#include "firmware/message.h"
 #include "firmware/uploadWords.h"
 #include "sending/Uploader.h"
-#include "shell/message.h"
 
 namespace firmware {
 void firm::upLoad() {
     if (!mayUpload()) {
         return;
     }
-    shell::message confirmation(desktop_, state_.a, confirmationOf(state_, uploadOutput()));
+    message confirmation(desktop_, state_.a, confirmationOf(state_, uploadOutput()));
     desktop_.runModalForWindow(confirmation);
     if (state_.a == 0) {
         return;

@@ -30,7 +30,7 @@ struct MIDIPacketList {
 inline constexpr std::size_t packetCountSize = 4;
 inline constexpr std::size_t packetHeaderSize = 10;
 
-/// Room for the packet count, one packet header and 256 data bytes, as every sender allocates it.
+/// Space for the packet count, one packet header and 256 data bytes, as every sender allocates it.
 inline constexpr std::size_t onePacketListSize = 272;
 
 struct PacketListDeleter {

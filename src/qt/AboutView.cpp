@@ -14,7 +14,7 @@ constexpr int iconSize = 72;
 
 }  // namespace
 
-AboutView::AboutView(shell::about& controller)
+AboutView::AboutView(editor::about& controller)
     : DialogView(controller, QStringLiteral("About Tormelk Wyro")) {
     auto* name = new QLabel(QStringLiteral("Tormelk Wyro"));
     QFont large = name->font();

@@ -1,14 +1,14 @@
 #pragma once
 
+#include "editor/about.h"
 #include "qt/DialogView.h"
-#include "shell/about.h"
 
 namespace qt {
 
 /// What this program is.
 class AboutView final : public DialogView {
 public:
-    explicit AboutView(shell::about& controller);
+    explicit AboutView(editor::about& controller);
 };
 
 }  // namespace qt

@@ -4,8 +4,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
-#include "editor/assignment.h"
-#include "editor/controlNames.h"
+#include "describe/assignment.h"
+#include "describe/controlNames.h"
 #include "qt/ComboBoxView.h"
 #include "qt/ControlButton.h"
 #include "qt/TextFieldView.h"
@@ -123,12 +123,12 @@ void AssignmentPanel::addBoxes(editor::MainWindow& window) {
 void AssignmentPanel::refresh() {
     const int control = state_.selection.keyEvnt;
     const int layer = state_.layers.layrData;
-    const std::string name = editor::controlName(control);
+    const std::string name = describe::controlName(control);
     control_->setText(name.empty() ? QStringLiteral("Nothing selected") : asText(name));
     layer_->setText(name.empty() ? QString() : QStringLiteral("Layer %1").arg(layer + 1));
     sends_->setText(name.empty() ? QString()
-                                 : asText(editor::assignmentOf(state_.sysData, layer,
-                                                               state_.modes.machn_mod, control)
+                                 : asText(describe::assignmentOf(state_.sysData, layer,
+                                                                 state_.modes.machn_mod, control)
                                               .fullText()));
     hint_->setText(hintFor(state_));
 }

@@ -17,7 +17,7 @@ FaceButton::FaceButton(toolkit::Button& model, FaceShape shape, const QString& c
     describeAfresh(*this);
 }
 
-void FaceButton::showAssignment(const editor::Assignment& assignment) {
+void FaceButton::showAssignment(const describe::Assignment& assignment) {
     if (assignment == assignment_ && !accessibleDescription().isEmpty()) {
         return;
     }

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "editor/assignment.h"
+#include "describe/assignment.h"
 #include "qt/ButtonView.h"
 #include "qt/FaceArt.h"
 
@@ -19,8 +19,8 @@ public:
                QWidget* parent = nullptr);
 
     /// Shows what the control sends. Nothing is painted afresh where it is what is shown already.
-    void showAssignment(const editor::Assignment& assignment);
-    [[nodiscard]] const editor::Assignment& assignment() const { return assignment_; }
+    void showAssignment(const describe::Assignment& assignment);
+    [[nodiscard]] const describe::Assignment& assignment() const { return assignment_; }
     /// Marks what the window speaks of, although its button was not lit by a click: it is drawn,
     /// and told, as one that is lit.
     void setCurrent(bool current);
@@ -45,7 +45,7 @@ protected:
 private:
     FaceShape shape_;
     FaceArt& art_;
-    editor::Assignment assignment_;
+    describe::Assignment assignment_;
     qreal unit_ = 1;
     bool isCurrent_ = false;
 };

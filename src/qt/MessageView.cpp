@@ -39,7 +39,7 @@ QLabel* paragraph(const QString& text, int width) {
 
 }  // namespace
 
-MessageView::MessageView(shell::message& controller)
+MessageView::MessageView(firmware::message& controller)
     : DialogView(controller, QStringLiteral("Firmware Update")),
       cancel_(new ButtonView(controller.cancelButton, ButtonView::Kind::Command,
                              QStringLiteral("Cancel"))) {
@@ -48,7 +48,7 @@ MessageView::MessageView(shell::message& controller)
     auto* ok = new ButtonView(controller.okButton, ButtonView::Kind::Command, QStringLiteral("OK"));
     ok->setObjectName(QStringLiteral("ok"));
     cancel_->setObjectName(QStringLiteral("cancel"));
-    const shell::Confirmation& content = controller.content();
+    const firmware::Confirmation& content = controller.content();
     (content.warnings.empty() ? ok : cancel_)->setDefault(true);
 
     auto* buttons = new QHBoxLayout;
@@ -97,7 +97,7 @@ void MessageView::addWarnings(QVBoxLayout& layout, const std::vector<std::string
 }
 
 void MessageView::addFacts(QVBoxLayout& layout,
-                           const std::vector<shell::Confirmation::Fact>& facts) {
+                           const std::vector<firmware::Confirmation::Fact>& facts) {
     if (facts.empty()) {
         return;
     }
@@ -107,7 +107,7 @@ void MessageView::addFacts(QVBoxLayout& layout,
     form->setVerticalSpacing(4);
     form->setColumnMinimumWidth(0, nameWidth);
     int row = 0;
-    for (const shell::Confirmation::Fact& fact : facts) {
+    for (const firmware::Confirmation::Fact& fact : facts) {
         QLabel* value = paragraph(breakable(fact.value), textWidth - nameWidth - 12);
         value->setObjectName(asText(fact.name));
         form->addWidget(new QLabel(asText(fact.name)), row, 0, Qt::AlignTop);

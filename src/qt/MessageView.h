@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "firmware/message.h"
 #include "qt/ButtonView.h"
 #include "qt/DialogView.h"
-#include "shell/message.h"
 
 namespace qt {
 
@@ -15,14 +15,15 @@ namespace qt {
 /// to warn of, Enter is Cancel, too.
 class MessageView final : public DialogView {
 public:
-    explicit MessageView(shell::message& controller);
+    explicit MessageView(firmware::message& controller);
 
     void reject() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void addWarnings(QVBoxLayout& layout, const std::vector<std::string>& warnings);
-    static void addFacts(QVBoxLayout& layout, const std::vector<shell::Confirmation::Fact>& facts);
+    static void addFacts(QVBoxLayout& layout,
+                         const std::vector<firmware::Confirmation::Fact>& facts);
 
     ButtonView* cancel_;
 };

@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "config/layout.h"
-#include "editor/controlNames.h"
+#include "describe/controlNames.h"
 #include "qt/FaceButton.h"
 #include "qt/asText.h"
 #include "qt/moves.h"
@@ -58,7 +58,7 @@ void PadPanel::addPads() {
     int position = 0;
     for (toolkit::Button& model : controller_.m_pads) {
         const QString caption =
-            asText(editor::controlCaption(editor::controlOfTag(config::firstPad + position)));
+            asText(describe::controlCaption(describe::controlOfTag(config::firstPad + position)));
         addFace(model, placeOfPad(position), caption, QStringLiteral("p%1").arg(position + 1),
                 caption);
         ++position;
@@ -80,7 +80,7 @@ void PadPanel::addLayers() {
 void PadPanel::refresh() {
     for (int position = 0; position < config::padCount; ++position) {
         face(position).showAssignment(
-            controller_.assignmentOfPad(editor::controlOfTag(config::firstPad + position)));
+            controller_.assignmentOfPad(describe::controlOfTag(config::firstPad + position)));
     }
     keepKeyboardAtSelection(firstLayerFace);
 }

@@ -4,8 +4,8 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
-#include "editor/controlNames.h"
-#include "editor/reports.h"
+#include "describe/controlNames.h"
+#include "describe/reports.h"
 #include "qt/ButtonView.h"
 #include "qt/ComboBoxView.h"
 #include "qt/PadPanel.h"
@@ -154,11 +154,11 @@ void PadView::refresh() {
     pads_->refresh();
     const int control = controller_.currentPad();
     const bool selected = config::isPad(control);
-    pad_->setText(selected ? asText(editor::controlName(control))
+    pad_->setText(selected ? asText(describe::controlName(control))
                            : QStringLiteral("No pad selected"));
     sends_->setText(selected ? asText(controller_.assignmentOfPad(control).fullText())
                              : QStringLiteral("Click a pad to set its note and channel."));
-    layer_->setText(asText(editor::padLayerName(controller_.currentLayer())));
+    layer_->setText(asText(describe::padLayerName(controller_.currentLayer())));
 }
 
 }  // namespace qt

@@ -13,6 +13,7 @@
 #include "qt/asText.h"
 #include "qt/widgets.h"
 #include "tables/data.h"
+#include "texts/List.h"
 
 namespace qt {
 
@@ -29,7 +30,7 @@ constexpr int bytesInALine = 16;
 constexpr int linesOfALayer = 16;
 
 QString dawMode(int mode) {
-    const tables::List names = tables::data::Machin_Mod();
+    const texts::List names = tables::data::Machin_Mod();
     const auto position = static_cast<std::size_t>(mode);
     return position < names.size() ? asText(names[position]) : QString::number(mode);
 }

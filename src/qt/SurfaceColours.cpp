@@ -11,17 +11,17 @@ constexpr int hues = 360;
 constexpr qreal forThinStrokes = 1.8;
 
 /// How far around the colour circle a kind's hue lies from the theme's accent.
-int turnOf(editor::MessageKind kind) {
+int turnOf(config::MessageKind kind) {
     switch (kind) {
-        case editor::MessageKind::Note:
+        case config::MessageKind::Note:
             return 185;
-        case editor::MessageKind::ControlChange:
+        case config::MessageKind::ControlChange:
             return 0;
-        case editor::MessageKind::ProgramChange:
+        case config::MessageKind::ProgramChange:
             return 85;
-        case editor::MessageKind::PitchBend:
+        case config::MessageKind::PitchBend:
             return 290;
-        case editor::MessageKind::Unknown:
+        case config::MessageKind::Unknown:
             break;
     }
     return 150;
@@ -60,11 +60,11 @@ SurfaceColours::SurfaceColours(const QPalette& palette) {
     accentHue_ = hue < 0 ? blue : hue;  // a grey accent has no hue to start from
     std::size_t next = 0;
     for (QColor& colour : kindsOnFace_) {
-        colour = this->kind(static_cast<editor::MessageKind>(next++), face);
+        colour = this->kind(static_cast<config::MessageKind>(next++), face);
     }
 }
 
-QColor SurfaceColours::kind(editor::MessageKind kind, const QColor& background) const {
+QColor SurfaceColours::kind(config::MessageKind kind, const QColor& background) const {
     const bool dark = background.lightness() < 128;
     const int hue = (accentHue_ + turnOf(kind)) % hues;
     const QColor wanted = QColor::fromHsl(hue, dark ? 170 : 190, dark ? 165 : 100);

@@ -8,7 +8,7 @@
 #include <array>
 #include <cstddef>
 
-#include "editor/assignment.h"
+#include "describe/assignment.h"
 
 namespace qt {
 
@@ -16,9 +16,9 @@ struct SurfaceColours {
     explicit SurfaceColours(const QPalette& palette);
 
     /// A message kind's own colour, to be seen on this background.
-    [[nodiscard]] QColor kind(editor::MessageKind kind, const QColor& background) const;
+    [[nodiscard]] QColor kind(config::MessageKind kind, const QColor& background) const;
     /// The same on a face, of which there are many.
-    [[nodiscard]] QColor kindOnFace(editor::MessageKind kind) const {
+    [[nodiscard]] QColor kindOnFace(config::MessageKind kind) const {
         return kindsOnFace_.at(static_cast<std::size_t>(kind));
     }
 

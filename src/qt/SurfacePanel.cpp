@@ -2,8 +2,9 @@
 
 #include <QKeyEvent>
 
-#include "editor/assignment.h"
-#include "editor/controlNames.h"
+#include "describe/assignment.h"
+#include "describe/controlNames.h"
+#include "editor/shownLayer.h"
 #include "qt/FaceButton.h"
 #include "qt/asText.h"
 #include "qt/surfaceMoves.h"
@@ -39,9 +40,9 @@ SurfacePanel::SurfacePanel(editor::MainWindow& window, const editor::EditorState
 void SurfacePanel::addControls(editor::MainWindow& window) {
     int tag = 0;
     for (toolkit::Button& model : window.keysOrderedByTag) {
-        const int control = editor::controlOfTag(tag);
-        addFace(model, placeOf(tag), asText(editor::controlCaption(control)),
-                QStringLiteral("encoder%1").arg(tag), asText(editor::controlName(control)));
+        const int control = describe::controlOfTag(tag);
+        addFace(model, placeOf(tag), asText(describe::controlCaption(control)),
+                QStringLiteral("encoder%1").arg(tag), asText(describe::controlName(control)));
         ++tag;
     }
 }
@@ -59,10 +60,10 @@ void SurfacePanel::addLayers(std::array<toolkit::Button, 4>& buttons, int firstP
 
 void SurfacePanel::refresh() {
     for (int tag = 0; tag < firstModeLayerPlace; ++tag) {
-        const int control = editor::controlOfTag(tag);
-        face(tag).showAssignment(editor::assignmentOf(state_.sysData,
-                                                      editor::shownLayer(state_.layers, control),
-                                                      state_.modes.machn_mod, control));
+        const int control = describe::controlOfTag(tag);
+        face(tag).showAssignment(describe::assignmentOf(state_.sysData,
+                                                        editor::shownLayer(state_.layers, control),
+                                                        state_.modes.machn_mod, control));
         face(tag).setCurrent(control == state_.selection.keyEvnt);
     }
     for (int layer = 0; layer < config::layerCount; ++layer) {

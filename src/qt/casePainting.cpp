@@ -44,7 +44,7 @@ void letter(QPainter& painter, const QRectF& room, const QString& text, Qt::Alig
 /// In rows from the first on.
 void paintSignKey(QPainter& painter, const std::vector<QRectF>& rows, qreal unit, const QFont& font,
                   const SurfaceColours& colours) {
-    using editor::MessageKind;
+    using config::MessageKind;
     const std::array<std::pair<MessageKind, QString>, 4> kinds = {{
         {MessageKind::Note, QStringLiteral("Note")},
         {MessageKind::ControlChange, QStringLiteral("Control")},

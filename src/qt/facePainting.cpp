@@ -30,7 +30,7 @@ struct Style {
 };
 
 Style styleOf(const FaceLook& look, const SurfaceColours& colours) {
-    const editor::MessageKind kind = look.assignment.kind;
+    const config::MessageKind kind = look.assignment.kind;
     if (!look.isEnabled) {
         return {colours.plate,
                 colours.disabledLettering,

@@ -7,7 +7,7 @@
 #include <QRectF>
 #include <QString>
 
-#include "editor/assignment.h"
+#include "describe/assignment.h"
 #include "qt/SurfaceColours.h"
 #include "qt/casePlan.h"
 #include "qt/fittedText.h"
@@ -20,7 +20,7 @@ struct FaceLook {
     qreal unit = 1;  ///< pixels a unit of the drawing
     QFont font;
     QString caption;  ///< printed on pads and layer buttons
-    editor::Assignment assignment;
+    describe::Assignment assignment;
     bool isChecked = false;  ///< selected; of a layer button: lit
     bool isEnabled = true;
     bool isHovered = false;

@@ -40,7 +40,7 @@ void drawArrowHeads(QPainter& painter, const QRectF& square, const QColor& colou
 
 }  // namespace
 
-void drawKindSign(QPainter& painter, const QRectF& square, editor::MessageKind kind,
+void drawKindSign(QPainter& painter, const QRectF& square, config::MessageKind kind,
                   const QColor& colour) {
     constexpr std::array<QRectF, 3> rising = {QRectF(0, 6, 2.2, 3), QRectF(3.4, 3, 2.2, 6),
                                               QRectF(6.8, 0, 2.2, 9)};
@@ -49,23 +49,23 @@ void drawKindSign(QPainter& painter, const QRectF& square, editor::MessageKind k
     painter.save();
     painter.setPen(Qt::NoPen);
     switch (kind) {
-        case editor::MessageKind::Note:
+        case config::MessageKind::Note:
             drawNote(painter, square, colour);
             break;
-        case editor::MessageKind::ControlChange:
+        case config::MessageKind::ControlChange:
             for (const QRectF& bar : rising) {
                 drawBar(painter, square, bar, colour);
             }
             break;
-        case editor::MessageKind::ProgramChange:
+        case config::MessageKind::ProgramChange:
             for (const QRectF& bar : list) {
                 drawBar(painter, square, bar, colour);
             }
             break;
-        case editor::MessageKind::PitchBend:
+        case config::MessageKind::PitchBend:
             drawArrowHeads(painter, square, colour);
             break;
-        case editor::MessageKind::Unknown:
+        case config::MessageKind::Unknown:
             painter.setPen(QPen(colour, square.width() / 6));
             painter.setBrush(Qt::NoBrush);
             painter.drawEllipse(square.adjusted(1, 1, -1, -1));

@@ -6,7 +6,7 @@
 #include <QPainter>
 #include <QRectF>
 
-#include "editor/assignment.h"
+#include "describe/assignment.h"
 
 namespace qt {
 
@@ -16,7 +16,7 @@ inline constexpr QSizeF toggleSignSize(10, 6);
 
 /// A note is a note, control change rising bars, program change a list, pitch bend two arrow
 /// heads, an unknown message an empty ring. The sign fills the square.
-void drawKindSign(QPainter& painter, const QRectF& square, editor::MessageKind kind,
+void drawKindSign(QPainter& painter, const QRectF& square, config::MessageKind kind,
                   const QColor& colour);
 
 /// A switch with its knob on the right.

@@ -3,7 +3,7 @@
 #include <array>
 
 #include "config/layout.h"
-#include "editor/controlNames.h"
+#include "describe/controlNames.h"
 #include "qt/asText.h"
 
 namespace qt {
@@ -71,7 +71,7 @@ QRectF padRoom(int position) {
 
 Engraving rowName(int control, qreal top, qreal height) {
     return {{rowNames, top, rowNamesWidth, height},
-            asText(editor::controlCaption(control)),
+            asText(describe::controlCaption(control)),
             Qt::AlignRight | Qt::AlignVCenter};
 }
 
@@ -97,7 +97,7 @@ std::vector<Engraving> engravings() {
                                          std::pair(config::firstTransportKey, transportKeyTop)}) {
             const QRectF room = keyRoom(key, top - captionHeight - faceMargin);
             all.push_back({{room.left(), room.top(), room.width(), captionHeight},
-                           asText(editor::controlCaption(first + key))});
+                           asText(describe::controlCaption(first + key))});
         }
     }
     const Qt::Alignment left = Qt::AlignLeft | Qt::AlignVCenter;

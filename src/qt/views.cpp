@@ -2,15 +2,15 @@
 
 #include "devices/seldev.h"
 #include "devices/seldev2.h"
+#include "editor/about.h"
 #include "editor/pad.h"
 #include "firmware/firm.h"
+#include "firmware/message.h"
 #include "qt/AboutView.h"
 #include "qt/FirmView.h"
 #include "qt/MessageView.h"
 #include "qt/PadView.h"
 #include "qt/SeldevView.h"
-#include "shell/about.h"
-#include "shell/message.h"
 
 namespace qt {
 
@@ -29,8 +29,8 @@ void addEditorViews(QtDesktop& desktop) {
     add<devices::seldev2, SeldevView>(desktop);
     add<editor::pad, PadView>(desktop);
     add<firmware::firm, FirmView>(desktop);
-    add<shell::about, AboutView>(desktop);
-    add<shell::message, MessageView>(desktop);
+    add<editor::about, AboutView>(desktop);
+    add<firmware::message, MessageView>(desktop);
 }
 
 }  // namespace qt

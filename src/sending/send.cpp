@@ -1,6 +1,7 @@
 #include "sending/send.h"
 
-#include "config/transfer.h"
+#include "config/sendPause.h"
+#include "config/sysex.h"
 
 namespace sending {
 

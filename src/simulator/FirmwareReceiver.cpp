@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "simulator/hexadecimal.h"
+#include "texts/hexadecimal.h"
 
 namespace simulator {
 namespace {
@@ -40,8 +40,8 @@ std::uint8_t sumOf(std::span<const std::uint8_t> bytes) {
 std::string objectionToChecksum(std::span<const std::uint8_t> frame) {
     const std::uint8_t sum = sumOf(frame.first(frame.size() - 1));
     return sum == frame.back() ? std::string()
-                               : "the checksum is " + hexadecimal(frame.back()) +
-                                     ", the bytes before it sum up to " + hexadecimal(sum);
+                               : "the checksum is " + texts::hexadecimal(frame.back()) +
+                                     ", the bytes before it sum up to " + texts::hexadecimal(sum);
 }
 
 std::string blocksInWords(std::size_t blocks) {
@@ -75,9 +75,9 @@ std::optional<Report> FirmwareReceiver::take(std::uint8_t byte) {
 /// The bytes so far begin no frame; perhaps the later ones of them do.
 std::optional<Report> FirmwareReceiver::beginAnew() {
     const std::size_t bytes = frame_.size();
-    const std::string text = "Bytes " +
-                             hexadecimal(std::span(frame_).last(std::min<std::size_t>(bytes, 4))) +
-                             " begin no frame: one begins with ten times 55 and 1D 03 00 49";
+    const std::string text =
+        "Bytes " + texts::hexadecimal(std::span(frame_).last(std::min<std::size_t>(bytes, 4))) +
+        " begin no frame: one begins with ten times 55 and 1D 03 00 49";
     do {
         frame_.erase(frame_.begin());
     } while (!beginsAsFrame(frame_));
@@ -104,10 +104,11 @@ std::optional<Report> FirmwareReceiver::judgeCommand() {
     if (first == 0x02 && second == 0x00) {
         return reset();
     }
-    return Report{false,
-                  "There is no command " +
-                      hexadecimal(std::span<const std::uint8_t>(frame_).subspan(commandPlace, 2)),
-                  commandSize};
+    return Report{
+        false,
+        "There is no command " +
+            texts::hexadecimal(std::span<const std::uint8_t>(frame_).subspan(commandPlace, 2)),
+        commandSize};
 }
 
 Report FirmwareReceiver::connect() {
@@ -158,7 +159,7 @@ std::string FirmwareReceiver::objectionToBlock() const {
         return wrong;
     }
     if (frame_[commandChecksumPlace] != 0) {
-        return "byte 16 is " + hexadecimal(frame_[commandChecksumPlace]) +
+        return "byte 16 is " + texts::hexadecimal(frame_[commandChecksumPlace]) +
                ", in a block it is 0x00";
     }
     if (!mayWrite_) {

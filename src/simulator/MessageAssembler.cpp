@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "simulator/hexadecimal.h"
+#include "texts/hexadecimal.h"
 
 namespace simulator {
 namespace {
@@ -75,7 +75,8 @@ void MessageAssembler::addData(std::uint8_t data) {
         case State::Between:
             if (runningStatus_ == 0) {
                 if (!restOfBrokenSysEx_) {
-                    sink_.refuse("Byte " + hexadecimal(data) + " stands outside any message", 1);
+                    sink_.refuse("Byte " + texts::hexadecimal(data) + " stands outside any message",
+                                 1);
                 }
                 state_ = State::Passing;
                 return;
@@ -104,7 +105,7 @@ void MessageAssembler::addData(std::uint8_t data) {
 
 void MessageAssembler::breakOff(std::uint8_t status) {
     const std::size_t bytes = message_.size();
-    const std::string place = "Byte " + std::to_string(bytes) + " is " + hexadecimal(status);
+    const std::string place = "Byte " + std::to_string(bytes) + " is " + texts::hexadecimal(status);
     const bool sysEx = state_ == State::SysEx;
     message_ = {};
     state_ = State::Between;
@@ -147,11 +148,12 @@ void MessageAssembler::end() {
         return;
     }
     if (state == State::Short) {
-        sink_.refuse("Byte " + std::to_string(message.size()) + " is " + hexadecimal(sysExEnd) +
-                         ": the message was not complete",
+        sink_.refuse("Byte " + std::to_string(message.size()) + " is " +
+                         texts::hexadecimal(sysExEnd) + ": the message was not complete",
                      message.size());
     } else if (!expected) {
-        sink_.refuse("Byte " + hexadecimal(sysExEnd) + " ends a SysEx that has not begun", 1);
+        sink_.refuse("Byte " + texts::hexadecimal(sysExEnd) + " ends a SysEx that has not begun",
+                     1);
     }
 }
 

@@ -4,8 +4,8 @@
 #include <array>
 #include <utility>
 
-#include "config/factoryTables.h"
-#include "simulator/hexadecimal.h"
+#include "config/sysex.h"
+#include "texts/hexadecimal.h"
 
 namespace simulator {
 namespace {
@@ -14,21 +14,6 @@ constexpr std::uint8_t sysExBegin = 0xF0;
 constexpr std::uint8_t nibbleStatus = 0x9F;
 constexpr std::array<std::uint8_t, 8> updateModeMessage = {0xF0, 0x1D, 0x03, 0x00,
                                                            0x69, 0x55, 0x7F, 0xF7};
-
-std::span<const std::uint8_t> configurationHeader() {
-    return std::span(config::SysBuf_init).first(config::headerSize);
-}
-
-/// The message's own header: its first bytes, without the end mark.
-std::span<const std::uint8_t> headerOf(std::span<const std::uint8_t> sysEx) {
-    return sysEx.first(std::min(sysEx.size() - 1, config::headerSize));
-}
-
-/// Whether the message, as far as it goes, begins like a configuration message.
-bool beginsAsConfiguration(std::span<const std::uint8_t> sysEx) {
-    const std::span<const std::uint8_t> header = headerOf(sysEx);
-    return std::equal(header.begin(), header.end(), configurationHeader().begin());
-}
 
 const char* kindOf(std::uint8_t status) {
     switch (status & 0xF0) {
@@ -111,7 +96,7 @@ void SimulatedController::take(std::span<const std::uint8_t> message) {
         takeSysEx(message);
     } else {
         note(false,
-             std::string(kindOf(message.front())) + " (" + hexadecimal(message) +
+             std::string(kindOf(message.front())) + " (" + texts::hexadecimal(message) +
                  (inUpdateMode_ ? ") is no firmware" : ") is no configuration message"),
              message.size());
     }
@@ -123,7 +108,7 @@ void SimulatedController::takeFirmwareByte(std::span<const std::uint8_t> message
         if (!refusesFirmware_) {
             refusesFirmware_ = true;
             note(false,
-                 "Note on (" + hexadecimal(message) +
+                 "Note on (" + texts::hexadecimal(message) +
                      ") and what follows: firmware is taken in "
                      "the update mode only",
                  message.size());
@@ -150,7 +135,7 @@ void SimulatedController::takeSysEx(std::span<const std::uint8_t> message) {
         beginUpdateMode(message.size());
     } else if (inUpdateMode_) {
         note(false,
-             "Message begins " + hexadecimal(headerOf(message)) +
+             "Message begins " + texts::hexadecimal(config::headerOf(message)) +
                  ": in the update mode only firmware is taken",
              message.size());
     } else {
@@ -159,30 +144,14 @@ void SimulatedController::takeSysEx(std::span<const std::uint8_t> message) {
 }
 
 void SimulatedController::takeConfiguration(std::span<const std::uint8_t> message) {
-    if (!beginsAsConfiguration(message)) {
-        note(false,
-             "Message begins " + hexadecimal(headerOf(message)) +
-                 ": a configuration message begins " + hexadecimal(configurationHeader()),
-             message.size());
+    config::MessageReading reading = config::readMessage(message);
+    if (!reading.layer) {
+        note(false, std::move(reading.objection), message.size());
         return;
     }
-    if (message.size() != config::blockSize) {
-        note(false,
-             "Message of " + std::to_string(message.size()) +
-                 " bytes: a configuration message has " + std::to_string(config::blockSize),
-             message.size());
-        return;
-    }
-    const std::size_t block = message[config::blockNumberOffset];
-    if (block < 1 || block > layers_.size()) {
-        note(false,
-             "Block number " + std::to_string(block) + ": the blocks are 1 to " +
-                 std::to_string(layers_.size()),
-             message.size());
-        return;
-    }
-    std::copy(message.begin(), message.end(), layers_[block - 1].emplace().begin());
-    note(true, "Layer " + std::to_string(block) + " taken in", message.size());
+    const auto layer = static_cast<std::size_t>(*reading.layer);
+    std::copy(message.begin(), message.end(), layers_[layer].emplace().begin());
+    note(true, "Layer " + std::to_string(layer + 1) + " taken in", message.size());
 }
 
 void SimulatedController::refuse(std::string reason, std::size_t bytes) {

@@ -3,14 +3,15 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "simulator/hexadecimal.h"
 #include "tables/data.h"
+#include "texts/List.h"
+#include "texts/hexadecimal.h"
 
 namespace simulator {
 namespace {
 
 std::string dawMode(std::uint8_t mode) {
-    const tables::List names = tables::data::Machin_Mod();
+    const texts::List names = tables::data::Machin_Mod();
     return mode < names.size() ? std::string(names[mode]) : std::to_string(mode);
 }
 
@@ -28,7 +29,7 @@ std::string contentOf(const LayerMessage& layer) {
     constexpr std::size_t bytesInALine = 32;
     for (std::size_t begin = 0; begin < layer.size(); begin += bytesInALine) {
         const std::size_t count = std::min(bytesInALine, layer.size() - begin);
-        text += "    " + hexadecimal(std::span(layer).subspan(begin, count)) + "\n";
+        text += "    " + texts::hexadecimal(std::span(layer).subspan(begin, count)) + "\n";
     }
     return text;
 }

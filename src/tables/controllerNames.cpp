@@ -73,7 +73,7 @@ constexpr auto controllers = viewsOf(controllerTexts);
 
 }  // namespace
 
-List data::CC() {
+texts::List data::CC() {
     return controllers;
 }
 

@@ -50,35 +50,35 @@ constexpr std::array velocityCurves{
 
 }  // namespace
 
-List data::msgTyp() {
+texts::List data::msgTyp() {
     return messageTypes;
 }
-List data::kong() {
+texts::List data::kong() {
     return nothing;
 }
-List data::drvVer() {
+texts::List data::drvVer() {
     return models;
 }
-List data::ChanMod() {
+texts::List data::ChanMod() {
     return channelModes;
 }
-List data::Machin_Mod() {
+texts::List data::Machin_Mod() {
     return factoryModes;
 }
-List data::TrigMod() {
+texts::List data::TrigMod() {
     return triggerModes;
 }
-List data::Mackie() {
+texts::List data::Mackie() {
     return transportKeys;
 }
-List data::Pedal() {
+texts::List data::Pedal() {
     return pedalVolumes;
 }
-List data::curv() {
+texts::List data::curv() {
     return velocityCurves;
 }
 
-List data::Midi_Msg1(int mode) {
+texts::List data::Midi_Msg1(int mode) {
     switch (mode) {
         case 0:  // user defined
         case 5:  // HUI

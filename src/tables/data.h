@@ -10,7 +10,7 @@
 #include <array>
 #include <cstdint>
 
-#include "tables/List.h"
+#include "texts/List.h"
 
 namespace tables {
 
@@ -18,37 +18,37 @@ class data {
 public:
     data() = delete;
 
-    static List msgTyp();      ///< message types: 0 note, 1 control change, 2 program change
-    static List kong();        ///< a single blank, the list that offers nothing
-    static List drvVer();      ///< the models
-    static List Chan();        ///< "1" to "16"; item 0 is MIDI channel 1
-    static List ChanMod();     ///< whether a pad's channel is its own or that of all pads
-    static List Machin_Mod();  ///< factory modes, in the order of the image's mode byte
-    static List TrigMod();     ///< trigger modes of a button
-    static List Mackie();      ///< transport and function keys
-    static List Pedal();       ///< volumes a pedal can move
+    static texts::List msgTyp();      ///< message types: 0 note, 1 control change, 2 program change
+    static texts::List kong();        ///< a single blank, the list that offers nothing
+    static texts::List drvVer();      ///< the models
+    static texts::List Chan();        ///< "1" to "16"; item 0 is MIDI channel 1
+    static texts::List ChanMod();     ///< whether a pad's channel is its own or that of all pads
+    static texts::List Machin_Mod();  ///< factory modes, in the order of the image's mode byte
+    static texts::List TrigMod();     ///< trigger modes of a button
+    static texts::List Mackie();      ///< transport and function keys
+    static texts::List Pedal();       ///< volumes a pedal can move
 
-    static List CC();     ///< controllers 0 to 127 by number and, where it has one, name
-    static List Prog();   ///< programs 0 to 127
-    static List Trans();  ///< transpositions, -12 to +12 semitones; item 12 is 0
+    static texts::List CC();     ///< controllers 0 to 127 by number and, where it has one, name
+    static texts::List Prog();   ///< programs 0 to 127
+    static texts::List Trans();  ///< transpositions, -12 to +12 semitones; item 12 is 0
 
-    static List Note();   ///< notes 0 to 127 by octave and pitch
-    static List P_CC();   ///< as `Note`, with one item more, 128
-    static List fader();  ///< notes 0 to 127 by pitch, then octave without its sign
+    static texts::List Note();   ///< notes 0 to 127 by octave and pitch
+    static texts::List P_CC();   ///< as `Note`, with one item more, 128
+    static texts::List fader();  ///< notes 0 to 127 by pitch, then octave without its sign
 
-    static List curv();       ///< velocity curves of a pad; the last is a constant velocity
-    static List curv5_vel();  ///< constant velocities: item i is 20 + i, up to 127
-    static List ms();         ///< intervals: item i is 25 + i milliseconds, up to 100
+    static texts::List curv();       ///< velocity curves of a pad; the last is a constant velocity
+    static texts::List curv5_vel();  ///< constant velocities: item i is 20 + i, up to 127
+    static texts::List ms();         ///< intervals: item i is 25 + i milliseconds, up to 100
 
     // What note 0 to 127 does in the host of a factory mode: note name and function.
-    static List ND();  ///< Nuendo
-    static List LG();  ///< Logic
-    static List SP();  ///< Samplitude
-    static List LV();  ///< Live
+    static texts::List ND();  ///< Nuendo
+    static texts::List LG();  ///< Logic
+    static texts::List SP();  ///< Samplitude
+    static texts::List LV();  ///< Live
 
     /// The notes of a factory mode, `mode` being a position in `Machin_Mod`; `kong` for any other
     /// number.
-    static List Midi_Msg1(int mode);
+    static texts::List Midi_Msg1(int mode);
 
     /// The controller at a position of `CC`, and the position of a controller. They coincide, so
     /// any integer comes back unchanged.

@@ -225,16 +225,16 @@ constexpr auto liveNotes = viewsOf(liveTexts);
 
 }  // namespace
 
-List data::ND() {
+texts::List data::ND() {
     return nuendoNotes;
 }
-List data::LG() {
+texts::List data::LG() {
     return logicNotes;
 }
-List data::SP() {
+texts::List data::SP() {
     return samplitudeNotes;
 }
-List data::LV() {
+texts::List data::LV() {
     return liveNotes;
 }
 

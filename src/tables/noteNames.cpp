@@ -33,13 +33,13 @@ constexpr auto faderNotes = viewsOf(faderTexts);
 
 }  // namespace
 
-List data::Note() {
+texts::List data::Note() {
     return notes;
 }
-List data::P_CC() {
+texts::List data::P_CC() {
     return notesAndOneMore;
 }
-List data::fader() {
+texts::List data::fader() {
     return faderNotes;
 }
 

@@ -45,19 +45,19 @@ constexpr auto intervals = viewsOf(intervalTexts);
 
 }  // namespace
 
-List data::Chan() {
+texts::List data::Chan() {
     return channels;
 }
-List data::Prog() {
+texts::List data::Prog() {
     return programs;
 }
-List data::Trans() {
+texts::List data::Trans() {
     return transpositions;
 }
-List data::curv5_vel() {
+texts::List data::curv5_vel() {
     return velocities;
 }
-List data::ms() {
+texts::List data::ms() {
     return intervals;
 }
 

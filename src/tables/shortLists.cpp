@@ -92,7 +92,7 @@ constexpr std::array logicFunctions{
 
 }  // namespace
 
-List shortListForMode(int mode) {
+texts::List shortListForMode(int mode) {
     switch (mode) {
         case 1:
             return nuendoFunctions;

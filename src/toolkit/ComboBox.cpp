@@ -9,7 +9,7 @@ void ComboBox::removeAllItems() {
     tell(Change::Items);
 }
 
-void ComboBox::addItemsWithObjectValues(TextList items) {
+void ComboBox::addItemsWithObjectValues(texts::List items) {
     if (numberOfItems() == 0) {
         shared_ = items;
     } else {

@@ -7,16 +7,13 @@
 #include <cstddef>
 #include <functional>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
-namespace toolkit {
+#include "texts/List.h"
 
-/// A fixed, ordered list of texts that lives as long as the program. It is passed and kept by
-/// reference, so filling a box with it costs nothing per item.
-using TextList = std::span<const std::string_view>;
+namespace toolkit {
 
 namespace detail {
 inline constexpr char blankEntryStorage = '\0';
@@ -46,7 +43,7 @@ public:
     void removeAllItems();
 
     /// Appends a whole list. Into an empty box the list itself is taken, not a copy.
-    void addItemsWithObjectValues(TextList items);
+    void addItemsWithObjectValues(texts::List items);
 
     /// Appends one item. `blankEntry` stays the blank entry; any other text is copied.
     void addItemWithObjectValue(std::string_view item);
@@ -84,7 +81,7 @@ private:
     void append(std::string_view item);
     void tell(Change change) const;
 
-    TextList shared_;          // the list that was added first, by reference
+    texts::List shared_;       // the list that was added first, by reference
     std::vector<Item> added_;  // what came after it
     int selected_ = -1;
     bool enabled_ = true;

@@ -3,20 +3,20 @@
 #include <algorithm>
 #include <charconv>
 
-#include "toolkit/asciiCase.h"
+#include "texts/asciiCase.h"
 
 namespace toolkit {
 
 namespace {
 
 bool isWordLetter(char letter) {
-    const char low = lowerCase(letter);
+    const char low = texts::lowerCase(letter);
     return (low >= 'a' && low <= 'z') || (letter >= '0' && letter <= '9');
 }
 
 bool hasWordStartingWith(std::string_view text, std::string_view typed) {
     for (std::size_t i = 1; i < text.size(); ++i) {
-        if (!isWordLetter(text[i - 1]) && beginsWithIgnoringCase(text.substr(i), typed)) {
+        if (!isWordLetter(text[i - 1]) && texts::beginsWithIgnoringCase(text.substr(i), typed)) {
             return true;
         }
     }
@@ -49,8 +49,9 @@ int findItem(const ComboBox& box, std::string_view typed, int from) {
     if (typed.empty()) {
         return -1;
     }
-    int found = firstThat(
-        box, from, [&](std::string_view item) { return beginsWithIgnoringCase(item, typed); });
+    int found = firstThat(box, from, [&](std::string_view item) {
+        return texts::beginsWithIgnoringCase(item, typed);
+    });
     if (found < 0) {
         found = firstThat(box, from,
                           [&](std::string_view item) { return hasWordStartingWith(item, typed); });

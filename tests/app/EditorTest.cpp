@@ -17,7 +17,7 @@
 #include <vector>
 
 #include "app/Robot.h"
-#include "config/transfer.h"
+#include "config/sysex.h"
 #include "platform/alsa/AlsaMidiService.h"
 #include "platform/software/SoftwareMidiService.h"
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "config/buildImageAndStores.h"
 #include "config/presetText.h"
-#include "config/startUp.h"
 
 namespace config {
 namespace {

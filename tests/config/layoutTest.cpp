@@ -4,26 +4,10 @@
 
 #include <limits>
 
+#include "config/filledImage.h"
+
 namespace config {
 namespace {
-
-/// Differs between any two positions less than 251 apart, and is never 0.
-std::uint8_t filling(std::size_t position) {
-    return static_cast<std::uint8_t>(1 + position % 251);
-}
-
-/// The position of a byte of a block in the image.
-std::size_t inBlock(int layer, std::size_t offset) {
-    return static_cast<std::size_t>(layer) * 254 + offset;
-}
-
-Image filledImage() {
-    Image image{};
-    for (std::size_t i = 0; i < image.size(); ++i) {
-        image[i] = filling(i);
-    }
-    return image;
-}
 
 TEST(Layout, TheImageHasFourBlocksOf254Bytes) {
     EXPECT_EQ(layerCount, 4);
@@ -44,48 +28,6 @@ TEST(Layout, ABlocksPartsStandWhereTheControllerReadsThem) {
     EXPECT_EQ(intervalOffset, 249U);
     EXPECT_EQ(lockOffset, 250U);
     EXPECT_EQ(endOffset, 253U);
-}
-
-TEST(Layout, EveryControlOfEveryLayerHasThreeBytes) {
-    const Image image = filledImage();
-    for (int layer = 0; layer < 4; ++layer) {
-        for (int control = 0; control < 80; ++control) {
-            const auto i = static_cast<std::size_t>(control);
-            const std::size_t channelPosition = inBlock(layer, 7 + i);
-            const std::size_t numberPosition = inBlock(layer, 87 + i);
-            const std::size_t modePosition = inBlock(layer, 167 + i);
-            EXPECT_EQ(channelAt(layer, control), channelPosition);
-            EXPECT_EQ(numberAt(layer, control), numberPosition);
-            EXPECT_EQ(modeAt(layer, control), modePosition);
-            EXPECT_EQ(channel(image, layer, control), filling(channelPosition));
-            EXPECT_EQ(number(image, layer, control), filling(numberPosition));
-            EXPECT_EQ(mode(image, layer, control), filling(modePosition));
-        }
-    }
-}
-
-/// That `write` changed exactly the byte at `position`, into 0.
-template <typename Write>
-void expectOneByteChanged(std::size_t position, Write write) {
-    Image image = filledImage();
-    write(image);
-    Image expected = filledImage();
-    expected[position] = 0;
-    EXPECT_EQ(image, expected) << "byte " << position;
-}
-
-TEST(Layout, WritingAControlsByteTouchesNoOther) {
-    for (int layer = 0; layer < 4; ++layer) {
-        for (int control = 0; control < 80; ++control) {
-            const auto i = static_cast<std::size_t>(control);
-            expectOneByteChanged(inBlock(layer, 7 + i),
-                                 [&](Image& image) { setChannel(image, layer, control, 0); });
-            expectOneByteChanged(inBlock(layer, 87 + i),
-                                 [&](Image& image) { setNumber(image, layer, control, 0); });
-            expectOneByteChanged(inBlock(layer, 167 + i),
-                                 [&](Image& image) { setMode(image, layer, control, 0); });
-        }
-    }
 }
 
 TEST(Layout, TheTrailerIsReadAndWrittenByOffset) {
@@ -119,8 +61,6 @@ TEST(Layout, WritingKeepsTheLowEightBits) {
     EXPECT_EQ(readByte(image, 10), 0xFF);
     writeByte(image, 10, 256);
     EXPECT_EQ(readByte(image, 10), 0);
-    setNumber(image, 3, 79, 0x181);
-    EXPECT_EQ(number(image, 3, 79), 0x81);
 }
 
 TEST(Layout, EveryByteOfTheImageCanBeReadAndWritten) {
@@ -142,47 +82,14 @@ TEST(Layout, BehindTheImageIsZeroAndWritingThereIsDropped) {
     }
 }
 
-TEST(Layout, NoControlIsTheControl127) {
-    EXPECT_EQ(noControl, 127);
-    const Image image = filledImage();
-    for (int layer = 0; layer < 4; ++layer) {
-        EXPECT_EQ(channel(image, layer, 127), filling(inBlock(layer, 7 + 127)));
-        EXPECT_EQ(number(image, layer, 127), filling(inBlock(layer, 87 + 127)));
+TEST(Layout, ThereAreFourLayers) {
+    for (int layer = -1; layer <= 256; ++layer) {
+        EXPECT_EQ(isLayer(layer), layer == 0 || layer == 1 || layer == 2 || layer == 3) << layer;
     }
-    EXPECT_EQ(mode(image, 2, 127), filling(508 + 167 + 127));
-    EXPECT_EQ(mode(image, 3, 127), 0) << "byte 1056 is behind the image";
-    Image written = image;
-    setMode(written, 3, 127, 0x09);
-    EXPECT_EQ(written, image);
-}
-
-TEST(Layout, NoLayerReachesNothing) {
-    Image image = filledImage();
-    for (const int layer : {4 * 254, 255, 5}) {
-        EXPECT_EQ(channel(image, layer, 0), 0);
-        EXPECT_EQ(number(image, layer, 79), 0);
-        EXPECT_EQ(mode(image, layer, 127), 0);
-        EXPECT_EQ(trailer(image, layer, 247), 0);
-        setChannel(image, layer, 0, 1);
-        setNumber(image, layer, 79, 1);
-        setMode(image, layer, 127, 1);
-        setTrailer(image, layer, 247, 1);
-    }
-    EXPECT_EQ(image, filledImage());
-}
-
-TEST(Layout, NegativeLayersAndControlsReachNothingOutside) {
-    Image image = filledImage();
-    EXPECT_EQ(channel(image, -1, 0), 0);
-    EXPECT_EQ(mode(image, std::numeric_limits<int>::min(), 0), 0);
-    EXPECT_EQ(channel(image, 0, -8), 0);
-    EXPECT_EQ(number(image, std::numeric_limits<int>::max(), 0), 0);
-    setChannel(image, -1, 0, 0x55);
-    setChannel(image, 0, -8, 0x55);
-    EXPECT_EQ(image, filledImage());
 }
 
 TEST(Layout, GroupsOfControlsHaveTheirPlaces) {
+    EXPECT_EQ(noControl, 127);
     EXPECT_EQ(firstLayerKey, 32);
     EXPECT_EQ(lastLayerKey, 35);
     EXPECT_EQ(firstTransportKey, 36);

@@ -5,7 +5,7 @@
 
 #include <functional>
 
-#include "config/startUp.h"
+#include "config/buildImageAndStores.h"
 #include "config/swappedBytes.h"
 
 namespace config {

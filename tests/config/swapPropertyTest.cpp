@@ -4,7 +4,8 @@
 
 #include <random>
 
-#include "config/startUp.h"
+#include "config/buildImageAndStores.h"
+#include "config/control.h"
 #include "config/stores.h"
 
 namespace config {

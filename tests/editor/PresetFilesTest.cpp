@@ -415,42 +415,5 @@ TEST_F(Loading, APresetOfAnyBytesCanBeEditedSavedAndReplaced) {
     }
 }
 
-TEST(ByteCopies, CopyFromTheFirstByte) {
-    const std::array<std::uint8_t, 4> source{1, 2, 3, 4};
-    std::array<std::uint8_t, 4> destination{9, 9, 9, 9};
-    mainController::mamcpy(source, 3, destination);
-    EXPECT_THAT(destination, ElementsAre(1, 2, 3, 9));
-}
-
-TEST(ByteCopies, CopyFromAPlaceToAPlace) {
-    const std::array<std::uint8_t, 4> source{1, 2, 3, 4};
-    std::array<std::uint8_t, 4> destination{9, 9, 9, 9};
-    mainController::mamcpy2(source, 2, 2, destination, 1);
-    EXPECT_THAT(destination, ElementsAre(9, 3, 4, 9));
-}
-
-TEST(ByteCopies, CopyToTwoPlaces) {
-    const std::array<std::uint8_t, 4> source{1, 2, 3, 4};
-    std::array<std::uint8_t, 4> first{9, 9, 9, 9};
-    std::array<std::uint8_t, 3> second{8, 8, 8};
-    mainController::mamcpy2_2des(source, 1, 2, first, 2, second, 0);
-    EXPECT_THAT(first, ElementsAre(9, 9, 2, 3));
-    EXPECT_THAT(second, ElementsAre(2, 3, 8));
-}
-
-TEST(ByteCopies, StayWithinBothSides) {
-    const std::array<std::uint8_t, 4> source{1, 2, 3, 4};
-    std::array<std::uint8_t, 3> destination{9, 9, 9};
-    mainController::mamcpy(source, 100, destination);
-    EXPECT_THAT(destination, ElementsAre(1, 2, 3));
-    mainController::mamcpy2(source, 3, 100, destination, 0);
-    EXPECT_THAT(destination, ElementsAre(4, 2, 3));
-    mainController::mamcpy2(source, 0, 100, destination, 2);
-    EXPECT_THAT(destination, ElementsAre(4, 2, 1));
-    mainController::mamcpy2(source, 100, 1, destination, 0);
-    mainController::mamcpy2(source, 0, 1, destination, 100);
-    EXPECT_THAT(destination, ElementsAre(4, 2, 1));
-}
-
 }  // namespace
 }  // namespace editor

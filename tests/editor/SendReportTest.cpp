@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "editor/TestEditor.h"
-#include "editor/reports.h"
+#include "sending/sendReport.h"
 
 namespace editor {
 namespace {
@@ -30,7 +30,8 @@ protected:
     [[nodiscard]] const std::string& alerted() const { return desktop.alerts().back().message; }
     /// Runs within the Send when so many layers have been sent.
     void after(std::size_t layers, std::function<void()> act) {
-        desktop.onSleep = [layers, act = std::move(act), slept = 0U](std::chrono::duration<double>) mutable {
+        desktop.onSleep = [layers, act = std::move(act),
+                           slept = 0U](std::chrono::duration<double>) mutable {
             if (++slept == layers) {
                 act();
             }
@@ -186,11 +187,12 @@ TEST_F(SendReport, SaysThatItIsNotKnownWhereThatCouldNotBeFoundOut) {
     receipt.bytes = 1016;
     receipt.left = 508;
     receipt.isSettled = true;
-    EXPECT_EQ(reportSend(receipt),
+    EXPECT_EQ(sending::reportSend(receipt),
               "Handed 4 layers over for X: whether it took everything is not known");
     receipt.trouble = sending::Trouble::WentAway;
     receipt.left = 100;
-    EXPECT_EQ(reportSend(receipt), "X went away during the Send: not one whole layer reached it");
+    EXPECT_EQ(sending::reportSend(receipt),
+              "X went away during the Send: not one whole layer reached it");
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "config/startUp.h"
+#include "config/buildImageAndStores.h"
 #include "editor/TestEditor.h"
 #include "tables/data.h"
 

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "editor/PresetFiles.h"
-#include "editor/reports.h"
 
 namespace editor {
 namespace {
@@ -82,8 +81,6 @@ TEST_F(StatusLine, NamesTheModeAndWhatBecameOfOnesOwnAssignments) {
         editor.chooseMode(mode);
         EXPECT_EQ(said(), std::string("DAW mode: ") + name);
     }
-    EXPECT_EQ(reportMode(-1, false), "DAW mode: unknown");
-    EXPECT_EQ(reportMode(huiMode + 1, true), "DAW mode: unknown. Your own assignments are kept.");
 }
 
 TEST_F(StatusLine, SaysWhetherTheLockIsOn) {
@@ -114,7 +111,6 @@ TEST_F(StatusLine, SaysWhichPadLayersThePadEditorChanged) {
         padEditor.combo_intervl.choose(16);
     });
     EXPECT_EQ(said(), "Pad layers 2 and 4 changed");
-    EXPECT_EQ(reportPadLayers({1, 2, 3}), "Pad layers 2, 3 and 4 changed");
 }
 
 TEST_F(StatusLine, NamesTheOutputThatWasChosenButNoOtherEndOfTheDialog) {

@@ -26,7 +26,7 @@
 #include "platform/NotificationCentre.h"
 #include "platform/software/SoftwareMidiService.h"
 #include "support/ScriptedDesktop.h"
-#include "tables/List.h"
+#include "texts/List.h"
 
 namespace editor {
 
@@ -100,7 +100,7 @@ inline std::vector<std::string> itemsOf(const toolkit::ComboBox& box) {
     return items;
 }
 
-inline std::vector<std::string> itemsOf(tables::List list) {
+inline std::vector<std::string> itemsOf(texts::List list) {
     return {list.begin(), list.end()};
 }
 

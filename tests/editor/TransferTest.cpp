@@ -277,21 +277,5 @@ TEST_F(Transfer, NothingButSendSends) {
     EXPECT_EQ(sends_, 0);
 }
 
-TEST(SecondMessageForm, HasItsFifteenBytesInOnePacket) {
-    const platform::MIDIPacketListPtr list = mainController::getMidiPacketList();
-    ASSERT_NE(list, nullptr);
-    const auto packets = platform::software::recordOf(*list);
-    ASSERT_EQ(packets.size(), 1U);
-    EXPECT_EQ(packets[0].timeStamp, 0U);
-    EXPECT_THAT(packets[0].bytes, ElementsAre(0xF0, 0x1D, 0x03, 0x00, 0x65, 0x4E, 0x67, 0x67, 0x67,
-                                              0x67, 0x67, 0x67, 0x00, 0x67, 0xF7));
-}
-
-TEST(SecondMessageForm, IsNewEachTime) {
-    const platform::MIDIPacketListPtr first = mainController::getMidiPacketList();
-    const platform::MIDIPacketListPtr second = mainController::getMidiPacketList();
-    EXPECT_NE(first.get(), second.get());
-}
-
 }  // namespace
 }  // namespace editor

@@ -23,17 +23,17 @@ protected:
         openImage(bytes, name);
     }
     /// What the confirmation says when a person presses Upload.
-    shell::Confirmation shown() {
-        shell::Confirmation content;
-        desktop.onModal<shell::message>([&content](shell::message& confirmation) {
+    Confirmation shown() {
+        Confirmation content;
+        desktop.onModal<message>([&content](message& confirmation) {
             content = confirmation.content();
             confirmation.cancelButton.click();
         });
         dialog().uploadButton.click();
         return content;
     }
-    static std::string fact(const shell::Confirmation& content, const std::string& name) {
-        for (const shell::Confirmation::Fact& fact : content.facts) {
+    static std::string fact(const Confirmation& content, const std::string& name) {
+        for (const Confirmation::Fact& fact : content.facts) {
             if (fact.name == name) {
                 return fact.value;
             }
@@ -44,8 +44,8 @@ protected:
 
 TEST_F(ConfirmationTest, TellsFileSizeBlocksOutputAndTime) {
     openImage(someImage(40000), "tormelk_2.bin");
-    const shell::Confirmation content = shown();
-    using Fact = shell::Confirmation::Fact;
+    const Confirmation content = shown();
+    using Fact = Confirmation::Fact;
     EXPECT_THAT(content.facts,
                 ElementsAre(Fact{"File", "tormelk_2.bin"}, Fact{"Size", "40,000 bytes"},
                             Fact{"Blocks", "79 of 512 bytes"}, Fact{"Output", "Tormelk MIDI 1"},
@@ -70,7 +70,7 @@ TEST_F(ConfirmationTest, NamesTheOtherProgramsOnTheSameOutput) {
 
 TEST_F(ConfirmationTest, WarnsOfAFileRefusedForItsNameWithNothingReadBefore) {
     refuse(someImage(400), "other.bin");
-    const shell::Confirmation content = shown();
+    const Confirmation content = shown();
     EXPECT_THAT(content.warnings,
                 ElementsAre("The file you chose last, \"other.bin\", was REFUSED: the name of a "
                             "firmware file begins with \"tormelk\". Not one of its bytes will be "
@@ -84,7 +84,7 @@ TEST_F(ConfirmationTest, WarnsOfAFileRefusedForItsNameWithNothingReadBefore) {
 TEST_F(ConfirmationTest, TellsWhichFileIsWrittenInPlaceOfARefusedOne) {
     openImage(someImage(800), "tormelk_1.bin");
     refuse(someImage(400), "other.bin");
-    const shell::Confirmation content = shown();
+    const Confirmation content = shown();
     EXPECT_THAT(content.warnings,
                 ElementsAre(HasSubstr("\"other.bin\", was REFUSED"),
                             "What will be written instead is the file read before it, "
@@ -104,7 +104,7 @@ TEST_F(ConfirmationTest, NamesTheFileReadBeforeHoweverShortUnlessItIsEmpty) {
 
 TEST_F(ConfirmationTest, WarnsOfAFileRefusedForItsSize) {
     refuse(someImage(60000), "tormelk_large.bin");
-    const shell::Confirmation content = shown();
+    const Confirmation content = shown();
     EXPECT_THAT(
         content.warnings,
         ElementsAre("The file you chose last, \"tormelk_large.bin\", was REFUSED: it has 60,000 "
@@ -142,7 +142,7 @@ TEST_F(ConfirmationTest, WarnsOfAnOutputThatIsOffline) {
     openImage(someImage(800));
     device->unplug();
     service.dispatch();
-    const shell::Confirmation content = shown();
+    const Confirmation content = shown();
     EXPECT_THAT(content.warnings, ElementsAre(HasSubstr("OFFLINE")));
     EXPECT_EQ(fact(content, "Output"), "Tormelk MIDI 1 (offline)");
 }
@@ -150,7 +150,7 @@ TEST_F(ConfirmationTest, WarnsOfAnOutputThatIsOffline) {
 TEST_F(ConfirmationTest, WarnsWhereNoOutputIsChosen) {
     openImage(someImage(800));
     devices.chosen.g_outDevice = nullptr;
-    const shell::Confirmation content = shown();
+    const Confirmation content = shown();
     EXPECT_THAT(content.warnings, ElementsAre(HasSubstr("NO OUTPUT")));
     EXPECT_EQ(fact(content, "Output"), "none");
 }

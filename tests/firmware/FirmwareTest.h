@@ -17,10 +17,10 @@
 #include "devices/seldev.h"
 #include "files/TemporaryFolder.h"
 #include "firmware/firm.h"
+#include "firmware/message.h"
 #include "midi/ZQMIDIProcess.h"
 #include "platform/NotificationCentre.h"
 #include "platform/software/SoftwareMidiService.h"
-#include "shell/message.h"
 #include "support/ScriptedDesktop.h"
 
 namespace firmware {
@@ -88,9 +88,8 @@ protected:
     }
 
     void answerConfirmation(bool agrees) {
-        desktop.onModal<shell::message>([agrees](shell::message& shown) {
-            (agrees ? shown.okButton : shown.cancelButton).click();
-        });
+        desktop.onModal<message>(
+            [agrees](message& shown) { (agrees ? shown.okButton : shown.cancelButton).click(); });
     }
     /// A person presses Upload, agrees, and reads that it is completed.
     void upload() {

@@ -35,7 +35,7 @@ public:
     int runModalForWindow(toolkit::WindowController& controller) override {
         controller.window().makeKeyAndOrderFront();
         plugOrUnplug(4);
-        if (auto* confirmation = dynamic_cast<shell::message*>(&controller)) {
+        if (auto* confirmation = dynamic_cast<message*>(&controller)) {
             answer(*confirmation);
         } else if (auto* dialog = dynamic_cast<devices::DeviceDialog*>(&controller)) {
             answer(*dialog);
@@ -68,7 +68,7 @@ public:
     int uploads = 0;
 
 private:
-    void answer(shell::message& confirmation) {
+    void answer(message& confirmation) {
         if (below(3) != 0) {
             ++agreed;
             confirmation.okButton.click();

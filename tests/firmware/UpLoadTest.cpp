@@ -55,8 +55,8 @@ TEST_F(UpLoad, CancellingTheConfirmationSendsNothingAndKeepsTheFlags) {
     answerConfirmation(false);
     dialog().uploadButton.click();
     EXPECT_THAT(desktop.journal(),
-                ElementsAre(journal::modalBegins<shell::message>(), journal::stopModal(),
-                            journal::modalEnds<shell::message>()));
+                ElementsAre(journal::modalBegins<message>(), journal::stopModal(),
+                            journal::modalEnds<message>()));
     EXPECT_THAT(events, IsEmpty());
     EXPECT_EQ(devices.midi_device_open, 1);
     EXPECT_EQ(state.m_bin_file, 1);
@@ -68,7 +68,7 @@ TEST_F(UpLoad, AConfirmationThatIsClosedKeepsTheAnswerBefore) {
     makeReady();
     for (const std::uint8_t before : {std::uint8_t{0}, std::uint8_t{1}}) {
         state.a = before;
-        desktop.onModal<shell::message>([](shell::message& shown) { shown.window().close(); });
+        desktop.onModal<message>([](message& shown) { shown.window().close(); });
         if (before == 1) {
             desktop.answerAlert();
         }
@@ -210,7 +210,7 @@ class FlagGone : public UpLoad {
 protected:
     void uploadLosing(std::uint8_t& flag) {
         makeReady();
-        desktop.onModal<shell::message>([&flag](shell::message& shown) {
+        desktop.onModal<message>([&flag](message& shown) {
             flag = 0;
             shown.okButton.click();
         });

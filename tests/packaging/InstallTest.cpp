@@ -10,8 +10,8 @@
 #include <iterator>
 #include <string>
 
+#include "config/buildImageAndStores.h"
 #include "config/presetText.h"
-#include "config/startUp.h"
 
 namespace {
 

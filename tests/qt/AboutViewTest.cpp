@@ -28,7 +28,7 @@ protected:
         return nullptr;
     }
 
-    shell::about controller;
+    editor::about controller;
     QtDesktop desktop{[](int) {}};
 };
 
@@ -46,7 +46,7 @@ TEST(AboutView, ShowsTheProgramsIcon) {
     QPixmap icon(96, 96);
     icon.fill(Qt::red);
     QApplication::setWindowIcon(QIcon(icon));
-    shell::about controller;
+    editor::about controller;
     const AboutView view(controller);
     const QList<QLabel*> labels = view.findChildren<QLabel*>();
     EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [](const QLabel* label) {

@@ -14,6 +14,7 @@
 #include "app/Robot.h"
 #include "support/countedMemory.h"
 #include "tables/data.h"
+#include "texts/List.h"
 
 namespace qt {
 namespace {
@@ -274,7 +275,7 @@ TEST(ComboBoxView, FillsWithALongListAtTheCostOfAShortOne) {
     ComboBox model;
     ComboBoxView view(model);
     view.show();
-    const auto costOf = [&model](toolkit::TextList list) {
+    const auto costOf = [&model](texts::List list) {
         model.removeAllItems();
         const std::size_t before = support::allocationCount();
         model.addItemsWithObjectValues(list);

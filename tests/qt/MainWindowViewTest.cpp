@@ -13,6 +13,7 @@
 #include <QTest>
 
 #include "app/Robot.h"
+#include "config/control.h"
 #include "config/layout.h"
 #include "editor/pad.h"
 #include "firmware/firm.h"

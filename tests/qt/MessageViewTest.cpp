@@ -26,7 +26,7 @@ std::uint8_t answerOf(std::function<void(QDialog&)> person) {
     QtDesktop desktop([](int) {});
     addEditorViews(desktop);
     std::uint8_t answer = unanswered;
-    shell::message controller(desktop, answer);
+    firmware::message controller(desktop, answer);
     app::robot::whenDialogOpens(QStringLiteral("Firmware Update"), std::move(person));
     EXPECT_NE(desktop.runModalForWindow(controller), 0);
     EXPECT_FALSE(controller.window().isVisible());
@@ -66,11 +66,11 @@ TEST(MessageView, TakesTheWindowManagersCloseForCancel) {
 }
 
 /// What a window for this content shows, while a person looks at it.
-void look(const shell::Confirmation& content, const std::function<void(QDialog&)>& person) {
+void look(const firmware::Confirmation& content, const std::function<void(QDialog&)>& person) {
     QtDesktop desktop([](int) {});
     addEditorViews(desktop);
     std::uint8_t answer = unanswered;
-    shell::message controller(desktop, answer, content);
+    firmware::message controller(desktop, answer, content);
     app::robot::whenDialogOpens(QStringLiteral("Firmware Update"), [&person](QDialog& dialog) {
         person(dialog);
         press(dialog, Qt::Key_Return);

@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include "app/Robot.h"
+#include "config/control.h"
 #include "config/layout.h"
 #include "editor/mainController.h"
 #include "qt/FaceButton.h"

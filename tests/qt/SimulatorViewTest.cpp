@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "app/Robot.h"
-#include "config/startUp.h"
+#include "config/buildImageAndStores.h"
 #include "config/stores.h"
-#include "config/transfer.h"
+#include "config/sysex.h"
 #include "simulator/firmwareFrames.h"
 
 namespace qt {

@@ -4,6 +4,7 @@
 #include <QTest>
 #include <array>
 
+#include "config/control.h"
 #include "config/layout.h"
 #include "qt/mouse.h"
 

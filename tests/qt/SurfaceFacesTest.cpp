@@ -240,9 +240,9 @@ TEST_F(SurfaceFaces, LookDifferentInEachState) {
 
 TEST_F(SurfaceFaces, TellKindsAndTogglesApartWithoutColour) {
     std::vector<QImage> pictures;
-    for (const auto kind : {editor::MessageKind::Note, editor::MessageKind::ControlChange,
-                            editor::MessageKind::ProgramChange, editor::MessageKind::PitchBend,
-                            editor::MessageKind::Unknown}) {
+    for (const auto kind : {config::MessageKind::Note, config::MessageKind::ControlChange,
+                            config::MessageKind::ProgramChange, config::MessageKind::PitchBend,
+                            config::MessageKind::Unknown}) {
         for (const bool toggles : {false, true}) {
             qt::FaceLook look = editor.faceOf(5).look();
             look.assignment.kind = kind;

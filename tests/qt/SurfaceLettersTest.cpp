@@ -80,8 +80,8 @@ TEST_F(SurfaceLetters, AreNeverCutInAnyUserDefinedAssignment) {
     qt::FaceLook look = editor.faceOf(5).look();
     look.assignment.canToggle = true;
     look.assignment.toggles = true;
-    for (const auto kind : {editor::MessageKind::Note, editor::MessageKind::ControlChange,
-                            editor::MessageKind::ProgramChange, editor::MessageKind::PitchBend}) {
+    for (const auto kind : {config::MessageKind::Note, config::MessageKind::ControlChange,
+                            config::MessageKind::ProgramChange, config::MessageKind::PitchBend}) {
         for (int value = 0; value < 128; ++value) {
             look.assignment.kind = kind;
             look.assignment.number = value;

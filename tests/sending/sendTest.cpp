@@ -1,6 +1,6 @@
 #include "sending/send.h"
 
-#include "config/startUp.h"
+#include "config/buildImageAndStores.h"
 #include "sending/SendingTest.h"
 
 namespace sending {

@@ -6,8 +6,8 @@
 #include <array>
 #include <sstream>
 
-#include "config/startUp.h"
-#include "config/transfer.h"
+#include "config/buildImageAndStores.h"
+#include "config/sysex.h"
 #include "tables/data.h"
 
 namespace simulator {

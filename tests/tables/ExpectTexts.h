@@ -7,11 +7,11 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "tables/List.h"
+#include "texts/List.h"
 
 namespace tables {
 
-inline void expectTexts(List actual, List expected) {
+inline void expectTexts(texts::List actual, texts::List expected) {
     EXPECT_EQ(actual.size(), expected.size());
     for (std::size_t i = 0; i < std::min(actual.size(), expected.size()); ++i) {
         EXPECT_EQ(actual[i], expected[i]) << "item " << i;

@@ -40,8 +40,8 @@ TEST(ListLifetime, AskingForAListAllocatesNothing) {
 
 TEST(ListLifetime, EveryCallGivesTheSameList) {
     for (std::size_t i = 0; i < listFunctions.size(); ++i) {
-        const List first = listFunctions.at(i)();
-        const List second = listFunctions.at(i)();
+        const texts::List first = listFunctions.at(i)();
+        const texts::List second = listFunctions.at(i)();
         EXPECT_EQ(first.data(), second.data()) << "list " << i;
         EXPECT_EQ(first.size(), second.size()) << "list " << i;
     }

@@ -77,7 +77,7 @@ TEST(FaderNotes, PutTheLetterFirstAndLoseSomeOctaves) {
 }
 
 TEST(FaderNotes, RepeatThemselves) {
-    const List notes = data::fader();
+    const texts::List notes = data::fader();
     for (std::size_t note = 0; note < 36; ++note) {
         // The three lowest octaves run down where those from note 60 run up.
         const std::size_t block = note / 12;

@@ -5,11 +5,12 @@
 #include <string>
 
 #include "tables/data.h"
+#include "texts/List.h"
 
 namespace toolkit {
 namespace {
 
-std::string found(TextList items, std::string_view typed, int from = 0) {
+std::string found(texts::List items, std::string_view typed, int from = 0) {
     ComboBox box;
     box.addItemsWithObjectValues(items);
     box.addItemWithObjectValue(blankEntry);
@@ -26,7 +27,7 @@ TEST(ItemSearch, FindsANumberInEveryListOfNumbers) {
     ComboBox notes;
     notes.addItemsWithObjectValues(tables::data::Note());
     EXPECT_EQ(findItem(notes, "60", 0), 60);
-    for (const TextList items : {tables::data::CC(), tables::data::Prog()}) {
+    for (const texts::List items : {tables::data::CC(), tables::data::Prog()}) {
         ComboBox box;
         box.addItemsWithObjectValues(items);
         EXPECT_EQ(findItem(box, "60", 0), 60);

@@ -3,8 +3,8 @@
 
 #include <filesystem>
 
-#include "config/startUp.h"
-#include "config/transfer.h"
+#include "config/buildImageAndStores.h"
+#include "config/sysex.h"
 #include "kernel/Program.h"
 #include "kernel/UsbMidiGadget.h"
 #include "kernel/UserSpaceMidiDevice.h"
