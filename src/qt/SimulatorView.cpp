@@ -167,6 +167,11 @@ void SimulatorView::setNotice(const QString& notice) {
     notice_->setVisible(!notice.isEmpty());
 }
 
+QSize SimulatorView::sizeHint() const {
+    constexpr int tallest = 680;
+    return QWidget::sizeHint().boundedTo(QSize(QWIDGETSIZE_MAX, tallest));
+}
+
 void SimulatorView::showAll() {
     if (const simulator::SimulatedController* controller = link_.model()) {
         showLayers(controller->layers());

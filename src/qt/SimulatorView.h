@@ -22,6 +22,9 @@ public:
     /// What stands above everything else, until it is empty: that nothing can arrive, and why.
     void setNotice(const QString& notice);
 
+    /// Fits a small screen, with a notice too; the lists scroll.
+    [[nodiscard]] QSize sizeHint() const override;
+
 private:
     void showAll();
     void showLayers(const simulator::SimulatedController::Layers& layers);
