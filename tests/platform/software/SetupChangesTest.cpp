@@ -78,9 +78,22 @@ TEST_F(SetupChanges, FromBeforeAClientAreNotReportedToIt) {
     service.MIDIClientDispose(client);
     service.addDevice("Tormelk");
     SetUp();
-    EXPECT_FALSE(isReadable());
     service.dispatch();
     EXPECT_THAT(messages, IsEmpty());
+}
+
+TEST_F(SetupChanges, AreReportedWithoutAnyClientToThoseWhoWatchTheState) {
+    EXPECT_EQ(service.MIDIClientDispose(client), noErr);
+    int changes = 0;
+    const auto registration = service.stateChanges().addObserver(
+        MIDIServiceStateChanged, [&changes](const void*) { ++changes; });
+    service.addDevice("Tormelk").addDestination("Port 1");
+    EXPECT_TRUE(isReadable());
+    EXPECT_EQ(changes, 0);
+    service.dispatch();
+    EXPECT_EQ(changes, 1);
+    EXPECT_TRUE(service.state().hasDestination);
+    EXPECT_FALSE(isReadable());
 }
 
 TEST_F(SetupChanges, AreNotReportedToAClientThatIsDisposedOf) {
