@@ -82,7 +82,7 @@ TEST(Simulator, SaysWhyNobodyCanSeeItAndIsSeenOnceTheSequencerIsThere) {
         {"env", "QT_QPA_PLATFORM=offscreen", "XDG_RUNTIME_DIR=/run", TORMELK_SIMULATOR});
     EXPECT_TRUE(simulator.waitForOutput("sudo modprobe snd-seq", 60s)) << simulator.output();
     std::filesystem::rename(aside, device);
-    EXPECT_TRUE(simulator.waitForOutput("ready: Tormelk MIDI 1", 10s)) << simulator.output();
+    EXPECT_TRUE(simulator.waitForOutput("ready: Tormelk MIDI 1", 60s)) << simulator.output();
     EXPECT_EQ(sequencerClientsNamed("Tormelk Simulator").size(), 1U);
 }
 
