@@ -16,8 +16,10 @@
 #include <QTest>
 #include <QTimer>
 #include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <functional>
+#include <thread>
 #include <utility>
 
 namespace {
@@ -203,7 +205,47 @@ void uploadAndClose() {
     closeMainWindow();
 }
 
+/// Opens a dialog or a panel and leaves it to stand there.
+void openDialog(const char* action) {
+    soon([] { return QApplication::activeModalWidget() != nullptr; },
+         [] { say(QStringLiteral("opened ") + QApplication::activeModalWidget()->windowTitle()); });
+    mainWindow()->findChild<QAction*>(QString::fromLatin1(action))->trigger();
+}
+
+void openDevices() {
+    openDialog("actionMidiDevices");
+}
+
+void openSavePanel() {
+    openDialog("actionSavePreset");
+}
+
+void wait() {
+    say(QStringLiteral("waiting"));
+}
+
+/// Sends, and the signal that the environment names arrives while it does.
+void sendAndGetSignal() {
+    chooseOutputInDialog();
+    press("midiDevices");
+    say(QStringLiteral("sending"));
+    std::raise(qEnvironmentVariableIntValue("TORMELK_PILOT_SIGNAL"));
+    send();
+    say(QStringLiteral("sent"));
+}
+
+/// Stops answering anybody, as a program does that hangs.
+void hang() {
+    say(QStringLiteral("hanging"));
+    std::this_thread::sleep_for(std::chrono::minutes(10));
+}
+
 const std::pair<const char*, void (*)()> tasks[] = {
+    {"wait", wait},
+    {"open-devices", openDevices},
+    {"open-save-panel", openSavePanel},
+    {"send-and-get-signal", sendAndGetSignal},
+    {"hang", hang},
     {"close", closeMainWindow},
     {"quit", quit},
     {"edit-and-close", editAndClose},

@@ -86,6 +86,17 @@ TEST(Simulator, SaysWhyNobodyCanSeeItAndIsSeenOnceTheSequencerIsThere) {
     EXPECT_EQ(sequencerClientsNamed("Tormelk Simulator").size(), 1U);
 }
 
+TEST(Simulator, EndsByTheSignalThatAsksForItAndTakesItsPortsAlong) {
+    for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
+        const std::size_t before = sequencerClients().size();
+        Program simulator({"env", "-u", "DISPLAY", "-u", "WAYLAND_DISPLAY", "-u", "QT_QPA_PLATFORM",
+                           TORMELK_SIMULATOR});
+        ASSERT_TRUE(simulator.waitForOutput("ready: Tormelk MIDI 1", 60s)) << simulator.output();
+        EXPECT_EQ(simulator.stop(signal).status, 128 + signal);
+        EXPECT_TRUE(waitUntil([&] { return sequencerClients().size() == before; }, 5s));
+    }
+}
+
 TEST(Editor, IsOnItsWayOutInNoTimeAlthoughTheDeviceIsDead) {
     UserSpaceMidiDevice device({});
     device.plug();

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -167,6 +168,22 @@ TEST_F(Upload, ToAControllerThatIsPulledOutSkipsTheRestInSilenceButForThePausesB
     // What was on its way in the last moment may be lost; what has arrived is right.
     const Bytes arrived = tormelk.received().all();
     ASSERT_LT(arrived.size(), expected.size());
+    EXPECT_TRUE(std::equal(arrived.begin(), arrived.end(), expected.begin()));
+}
+
+TEST_F(Upload, ThatASignalCutsEndsBetweenTwoMessagesAndAtOnce) {
+    const Bytes expected = uploadOf(image);
+    Program program(pilotedEditor("upload-and-close", "Tormelk MIDI 1", file));
+    const std::size_t enough = 8 + 2 * bytesInAFrame * bytesInAMessage + 100;
+    ASSERT_GE(tormelk.received().atLeast(enough, 200s).size(), enough) << program.output();
+    const auto began = std::chrono::steady_clock::now();
+    const ProgramResult result = program.stop(SIGTERM);
+    EXPECT_LT(std::chrono::steady_clock::now() - began, 4s) << "on an emulated machine";
+    EXPECT_EQ(result.status, 128 + SIGTERM) << result.output;
+    EXPECT_TRUE(leftNothingBehind(clientsBefore));
+    const Bytes arrived = tormelk.received().all();
+    ASSERT_LT(arrived.size(), expected.size());
+    EXPECT_EQ((arrived.size() - 8) % bytesInAMessage, 0U);
     EXPECT_TRUE(std::equal(arrived.begin(), arrived.end(), expected.begin()));
 }
 
