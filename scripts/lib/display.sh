@@ -10,12 +10,16 @@ on_virtual_display() {
 
 # The same surroundings for every user and on every machine: texts in UTF-8, messages in English, and
 # the folder for sockets that Qt asks for, where the session gives none (as in a container). That
-# folder goes when the script ends.
+# folder goes when the script ends. Where there is no session bus, none is started: it would stay
+# behind, with a folder in the home of the user.
 provide_plain_session() {
     export LC_ALL=C.UTF-8
     if [[ -z ${XDG_RUNTIME_DIR:-} ]]; then
         XDG_RUNTIME_DIR=$(mktemp --directory)
         export XDG_RUNTIME_DIR
         trap 'rm -rf "$XDG_RUNTIME_DIR"' EXIT
+    fi
+    if [[ -z ${DBUS_SESSION_BUS_ADDRESS:-} && ! -e $XDG_RUNTIME_DIR/bus ]]; then
+        export DBUS_SESSION_BUS_ADDRESS=disabled:
     fi
 }

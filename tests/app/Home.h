@@ -22,8 +22,8 @@ public:
 
     [[nodiscard]] QProcessEnvironment environment(const QString& pilotsTask) const {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        for (const char* variable :
-             {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME", "XDG_STATE_HOME"}) {
+        for (const char* variable : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME",
+                                     "XDG_STATE_HOME", "DBUS_SESSION_BUS_ADDRESS"}) {
             environment.remove(QString::fromLatin1(variable));
         }
         environment.insert(QStringLiteral("HOME"), folder_.filePath(QStringLiteral("home")));

@@ -67,6 +67,34 @@ TEST(WithoutADisplay, AProgramNamesTheOneThatIsNotThere) {
     }
 }
 
+/// The session bus that a program is left with.
+std::string busOf(const Home& home, const char* address) {
+    QProcessEnvironment environment = home.environment(QStringLiteral("tell-bus-and-close"));
+    environment.remove(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
+    if (address != nullptr) {
+        environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"),
+                           QString::fromLatin1(address));
+    }
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(TORMELK_WYRO), {});
+    EXPECT_TRUE(process.waitForFinished(60000));
+    return process.readLine().trimmed().toStdString();
+}
+
+TEST(SessionBus, IsNotStartedWhereThereIsNone) {
+    const Home home;
+    EXPECT_EQ(busOf(home, nullptr), "pilot: bus disabled:");
+    EXPECT_EQ(home.content(), emptyHome);
+}
+
+TEST(SessionBus, IsLeftAloneWhereThereIsOne) {
+    const Home home;
+    EXPECT_EQ(busOf(home, "unix:path=/nowhere"), "pilot: bus unix:path=/nowhere");
+    QFile(home.file("run/bus")).open(QFile::WriteOnly);
+    EXPECT_EQ(busOf(home, nullptr), "pilot: bus");
+}
+
 TEST(WithoutADisplay, AProgramNamesAPlatformThatIsUnknown) {
     const Ending ending = runWith(TORMELK_WYRO, {{"QT_QPA_PLATFORM", "nonsense"}});
     EXPECT_EQ(ending.status, 1);

@@ -220,6 +220,11 @@ void openSavePanel() {
     openDialog("actionSavePreset");
 }
 
+void tellBusAndClose() {
+    say(QStringLiteral("bus ") + qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"));
+    closeMainWindow();
+}
+
 void wait() {
     say(QStringLiteral("waiting"));
 }
@@ -241,6 +246,7 @@ void hang() {
 }
 
 const std::pair<const char*, void (*)()> tasks[] = {
+    {"tell-bus-and-close", tellBusAndClose},
     {"wait", wait},
     {"open-devices", openDevices},
     {"open-save-panel", openSavePanel},

@@ -43,6 +43,19 @@ TEST(Sleeper, DoesNotSleepForNoTimeOrLess) {
     EXPECT_LT(timeOf(sleeper, Seconds(-1)).count(), 1);
 }
 
+TEST(Sleeper, LooksUpBeforeAndAfterEveryWait) {
+    Sleeper sleeper;
+    int looks = 0;
+    sleeper.onSleep([&looks] { ++looks; });
+    sleeper.sleep(0s);
+    EXPECT_EQ(looks, 1);
+    sleeper.sleep(0.002s);
+    EXPECT_EQ(looks, 3);
+    looks = 0;
+    sleeper.sleep(0.35s);
+    EXPECT_GE(looks, 5) << "a wait is a tenth of a second at most";
+}
+
 /// Counts what reaches it.
 class Canvas final : public QWidget {
 public:
