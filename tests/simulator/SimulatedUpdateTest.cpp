@@ -163,6 +163,16 @@ TEST_F(SimulatedUpdate, ComesBackInTheModeItWasIn) {
     EXPECT_EQ(tormelk.firmware().blocks(), 1U);
 }
 
+TEST_F(SimulatedUpdate, ThatIsPutOnlineGoesOfflineNoMoreAsItWasToldBefore) {
+    tormelk.goOfflineAfter(2);
+    tormelk.receive(configurationMessage(1));
+    tormelk.goOnline();
+    tormelk.receive(configurationMessage(2));
+    EXPECT_FALSE(tormelk.isOffline());
+    tormelk.receive(configurationMessage(3));
+    EXPECT_EQ(last(), "Layer 3 taken in");
+}
+
 TEST_F(SimulatedUpdate, GoingOfflineCountsRefusedMessagesToo) {
     tormelk.goOfflineAfter(3);
     tormelk.receive(Bytes{0x12});
