@@ -167,6 +167,12 @@ TEST_F(FirmwareReceiverTest, PassesOverWhatIsNoFrameAndSaysSoOnce) {
                                    "Connected"));
 }
 
+TEST_F(FirmwareReceiverTest, SaysSoOnceMoreAfterABeginning) {
+    EXPECT_EQ(give({0x12, 0x34}).size(), 1U);
+    receiver.begin();
+    EXPECT_EQ(give({0x12, 0x34}).size(), 1U);
+}
+
 TEST_F(FirmwareReceiverTest, FindsAFrameBehindAnEleventh55) {
     EXPECT_THAT(give(Bytes{0x55} + connectFrame()),
                 ElementsAre("- Bytes 55 55 55 55 begin no frame: one begins with ten times 55 and "
