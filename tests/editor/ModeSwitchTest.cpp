@@ -302,6 +302,18 @@ TEST_F(ModeSwitch, ComingBackEnablesTheTriggerBoxForAControlThatHasOne) {
     EXPECT_TRUE(window.combo_trig.isEnabled());
 }
 
+TEST_F(ModeSwitch, WithThePadEditorOpenTheTriggerBoxIsEnabledByTheSameRule) {
+    for (const int control : {47, 48, 64}) {
+        editor.click(control);
+        editor.chooseMode(3);
+        state.pads.pad_modal = 1;  // so that nothing is shown, and the box not judged again
+        editor.chooseMode(0);
+        state.pads.pad_modal = 0;
+        EXPECT_EQ(state.selection.keyEvnt, control);
+        EXPECT_EQ(window.combo_trig.isEnabled(), control <= 47) << control;
+    }
+}
+
 TEST_F(ModeSwitch, AControlClickedInAHostsModeGivesWayToTheModeLayersOwn) {
     editor.click(12);
     editor.chooseMode(3);
@@ -349,10 +361,11 @@ TEST_F(ModeSwitch, WithNothingSelectedTheHighlightedControlComesBack) {
     editor.chooseMode(3);
     state.selection.keyEvnt = 127;
     state.selection.keyEvnt_bak = 66;
+    window.moLaCtrls[0].setState(1);
     editor.chooseMode(0);
     EXPECT_EQ(state.selection.keyEvnt_bak_pad, 127);
     EXPECT_EQ(state.selection.keyEvnt, 66);
-    EXPECT_THAT(editor.litModeLayers(), IsEmpty());
+    EXPECT_THAT(editor.litModeLayers(), IsEmpty()) << "a pad is shown";
 }
 
 TEST_F(ModeSwitch, TheBoxesShowTheRestoredAssignment) {
