@@ -16,9 +16,7 @@ AlsaMidiService::AlsaMidiService(std::string_view programName, SequencerNode nod
       timer_(timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC)),
       wakeUp_(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)),
       input_(programName_),
-      output_(programName_ + " (output)", [this](MIDIEndpointRef destination, bool takesData) {
-          takingChanged(destination, takesData);
-      }) {
+      output_(programName_ + " (output)", [this] { wakeUp(); }) {
     watch(timer_);
     watch(wakeUp_);
 }
@@ -168,6 +166,7 @@ OSStatus AlsaMidiService::MIDISend(MIDIPortRef port, MIDIEndpointRef destination
         return kMIDIObjectNotFound;
     }
     std::optional<PortDescription> description;
+    bool isThere = false;
     {
         const Lock lock(mutex_);
         const auto found = ports_.find(port);
@@ -175,12 +174,15 @@ OSStatus AlsaMidiService::MIDISend(MIDIPortRef port, MIDIEndpointRef destination
             return kMIDIInvalidPort;
         }
         description = portOf(lock, destination);
+        if (description && description->direction != Direction::Destination) {
+            return kMIDIWrongEndpointType;
+        }
+        hearAhead(lock);
+        isThere = description && !hasGone(lock, *description);
     }
-    if (!description) {
+    if (!isThere) {
+        output_.sendInVain(destination, *list);
         return kMIDIUnknownEndpoint;
-    }
-    if (description->direction != Direction::Destination) {
-        return kMIDIWrongEndpointType;
     }
     return output_.send({destination, *description}, *list);
 }

@@ -17,10 +17,15 @@
 // and the state tells why. It is found when it comes: the device node's folder is watched, and
 // `rescan` looks for what nothing announces.
 //
-// A destination that has stopped taking data, or is held by another program, for some seconds is
-// offline until it takes data again or is plugged in anew.
+// What is sent waits in this process where the destination has no room for it, so that no call
+// keeps its caller long. What became of it is known as far as the kernel knows: `delivery`. A
+// destination with trouble takes nothing more, and but for another program in the way it is
+// offline, until `dispatch` or `rescan` has taken in what changed; a program that has stopped
+// reading also until it reads again. So a long send that keeps the main thread never goes on after
+// a device was pulled out and plugged in again.
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -87,6 +92,11 @@ public:
     OSStatus MIDISend(MIDIPortRef port, MIDIEndpointRef destination,
                       const MIDIPacketList* list) override;
     [[nodiscard]] std::vector<std::string> connectedPrograms(MIDIEndpointRef endpoint) override;
+    void beginDelivery(MIDIEndpointRef destination) override;
+    [[nodiscard]] Delivery delivery(MIDIEndpointRef destination) override;
+    void watchDelivery(MIDIEndpointRef destination,
+                       std::function<void(const Delivery&)> whenSettled) override;
+    void abandonDelivery(MIDIEndpointRef destination) override;
     OSStatus MIDISourceCreate(MIDIClientRef client, std::string_view name,
                               MIDIEndpointRef* source) override;
     OSStatus MIDIDestinationCreate(MIDIClientRef client, std::string_view name, MIDIReadProc read,
@@ -147,9 +157,14 @@ private:
     void loseSequencer(const Lock&);
     void makeDue(const Lock&);
     void notifyDue(Lock& lock);
-    void takingChanged(MIDIEndpointRef destination, bool takesData);
+    void takeNewsOfOutput(const Lock& lock);
+    /// Whether the kernel has announced that the port is no longer there.
+    [[nodiscard]] bool hasGone(const Lock&, const PortDescription& port) const;
     void wakeUp() const;
     void watch(int descriptor) const;
+
+    // Deliveries.cpp: what became of what was sent.
+    void tellSettled(Lock& lock);
 
     // The client that publishes has this name alone, so that it is found by it.
     const std::string programName_;
@@ -174,6 +189,7 @@ private:
     bool stateChangeDue_ = false;
     Announcements::News news_;
     Coalescer coalescer_;
+    std::map<MIDIEndpointRef, std::function<void(const Delivery&)>> deliveryWatches_;
 
     Input input_;
     Output output_;

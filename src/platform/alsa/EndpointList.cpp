@@ -151,14 +151,4 @@ const ListedDevice* EndpointList::findDevice(MIDIObjectRef deviceOrEntity) const
     return found == devices_.end() || deviceOrEntity == 0 ? nullptr : &found->second;
 }
 
-bool EndpointList::setOffline(MIDIEndpointRef handle, bool isOffline) {
-    for (ListedEndpoint& endpoint : endpoints_) {
-        if (endpoint.handle == handle && endpoint.isOffline != isOffline) {
-            endpoint.isOffline = isOffline;
-            return true;
-        }
-    }
-    return false;
-}
-
 }  // namespace platform::alsa

@@ -26,7 +26,6 @@ struct ListedEndpoint {
     MIDIEntityRef entity = 0;  ///< 0 for a program's port
     std::int32_t uniqueID = 0;
     unsigned int occurrence = 0;  ///< which one of those with the same names, from 0
-    bool isOffline = false;       ///< it is there, but takes no data
     PortDescription port;
 
     /// The port's name, with a mark where it is the bus; of the second and further ones with the
@@ -58,9 +57,6 @@ public:
     /// None for a handle that has none.
     [[nodiscard]] const ListedEndpoint* find(MIDIEndpointRef handle) const;
     [[nodiscard]] const ListedDevice* findDevice(MIDIObjectRef deviceOrEntity) const;
-
-    /// Returns whether that is a change.
-    bool setOffline(MIDIEndpointRef handle, bool isOffline);
 
 private:
     bool removeGone(const std::vector<PortDescription>& present, const std::set<Address>& exited);

@@ -173,7 +173,7 @@ void Input::give(int port, const MIDIPacketList& list) {
     };
     MessageSplitter splitter;
     forEachPacket(list, [&](std::uint64_t, std::span<const std::uint8_t> bytes) {
-        splitter.add(bytes, take);
+        splitter.addPacket(bytes, take);
     });
     splitter.flush(take);
 }

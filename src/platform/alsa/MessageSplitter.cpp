@@ -33,6 +33,18 @@ std::size_t lengthOf(std::uint8_t status) {
 
 }  // namespace
 
+void MessageSplitter::addPacket(std::span<const std::uint8_t> bytes, const Take& take) {
+    const bool isWhole = bytes.size() >= 2 && bytes.size() <= longestPiece &&
+                         bytes.front() == sysExBegin && bytes.back() == sysExEnd;
+    if (!isWhole) {
+        add(bytes, take);
+        return;
+    }
+    flush(take);  // a SysEx that is broken off goes out as far as it came
+    reset();
+    take(bytes);
+}
+
 void MessageSplitter::add(std::span<const std::uint8_t> bytes, const Take& take) {
     for (const std::uint8_t byte : bytes) {
         if (isRealTime(byte)) {

@@ -22,6 +22,10 @@ public:
     /// enough for a program with the usual pool.
     static constexpr std::size_t longestPiece = 2048;
 
+    /// What stands in a packet of its own from F0 to F7 is one message, whatever is between; all
+    /// else is taken as `add` does.
+    void addPacket(std::span<const std::uint8_t> bytes, const Take& take);
+
     /// `take` gets each message; the bytes are valid during the call.
     void add(std::span<const std::uint8_t> bytes, const Take& take);
 

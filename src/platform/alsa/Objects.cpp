@@ -41,7 +41,7 @@ std::optional<std::string> AlsaMidiService::stringProperty(const Lock&, MIDIObje
     return std::nullopt;
 }
 
-std::optional<std::int32_t> AlsaMidiService::integerProperty(const Lock&, MIDIObjectRef object,
+std::optional<std::int32_t> AlsaMidiService::integerProperty(const Lock& lock, MIDIObjectRef object,
                                                              std::string_view property) const {
     if (const auto own = published_.find(object); own != published_.end()) {
         const auto found = own->second.integers.find(property);
@@ -55,8 +55,7 @@ std::optional<std::int32_t> AlsaMidiService::integerProperty(const Lock&, MIDIOb
         return endpoint->uniqueID;
     }
     if (property == kMIDIPropertyOffline) {
-        const bool hasGone = news_.isLost || news_.exited.count(endpoint->port.address) != 0;
-        return endpoint->isOffline || hasGone ? 1 : 0;
+        return hasGone(lock, endpoint->port) || output_.isOffline(object) ? 1 : 0;
     }
     return property == ownerProcess ? endpoint->port.ownerPID : std::nullopt;
 }

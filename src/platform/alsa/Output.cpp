@@ -11,6 +11,14 @@ namespace platform::alsa {
 namespace {
 
 using std::chrono::milliseconds;
+using Trouble = Delivery::Trouble;
+
+/// How long room is waited for before it is looked for again.
+constexpr milliseconds betweenTries{2};
+
+Time::Point now() {
+    return std::chrono::steady_clock::now();
+}
 
 /// Is another program in the way, for now?
 bool isHeld(int error) {
@@ -19,7 +27,7 @@ bool isHeld(int error) {
 }
 
 /// What tells how much the destination can take; the sender must live as long.
-RoomKeeper::Level levelOf(const PortDescription& port, Sender& sender) {
+RoomKeeper::Level levelOf(const PortDescription& port, const Sender& sender) {
     if (port.isHardware) {
         return [card = port.card, number = port.address.port] {
             return levelOfRawDevice(card, number);
@@ -33,203 +41,306 @@ RoomKeeper::Level levelOf(const PortDescription& port, Sender& sender) {
     return [] { return std::optional<FillLevel>(); };
 }
 
+/// A bus is there for many programs at a time, any other destination is kept to oneself where that
+/// can be had.
+int subscribe(Sender& sender, const PortDescription& port, bool& exclusively) {
+    exclusively = !port.isBus;
+    const int result = sender.subscribe(port.address, exclusively);
+    if (result != -EBUSY || !exclusively) {
+        return result;
+    }
+    exclusively = false;
+    return sender.subscribe(port.address, false);
+}
+
+/// Who keeps others from sending there; empty where that is not known.
+std::string programInTheWay(const Sender& sender, const PortDescription& port) {
+    const std::vector<std::string> names =
+        programsConnectedTo(sender.sequencer(), port.address, Direction::Destination);
+    if (!names.empty()) {
+        return names.front();
+    }
+    return port.isHardware ? programThatHolds(port.card, port.address.port) : std::string();
+}
+
+std::size_t bytesIn(const MIDIPacketList& list) {
+    std::size_t count = 0;
+    forEachPacket(
+        list, [&](std::uint64_t, std::span<const std::uint8_t> bytes) { count += bytes.size(); });
+    return count;
+}
+
 }  // namespace
 
-Output::Output(std::string clientName, OnTaking onTaking)
-    : clientName_(std::move(clientName)), onTaking_(std::move(onTaking)) {}
+Output::Output(std::string clientName, std::function<void()> onNews)
+    : clientName_(std::move(clientName)), onNews_(std::move(onNews)) {}
 
 Output::~Output() {
     end();
 }
 
 void Output::prepare() {
-    const Lock lock(mutex_);
-    if (spares_.empty() && !ending_) {
-        if (std::unique_ptr<Sender> sender = Sender::open(clientName_)) {
+    Lock lock(mutex_);
+    if (spares_.empty() && !end_) {
+        if (std::unique_ptr<Sender> sender = spareOrNew(lock)) {
             spares_.push_back(std::move(sender));
         }
     }
 }
 
 OSStatus Output::send(const Destination& to, const MIDIPacketList& list) {
-    const std::lock_guard sending(sendMutex_);
-    Lease* const lease = leaseFor(to);
-    if (lease == nullptr) {
+    Lock lock(mutex_);
+    if (end_ || codec_ == nullptr) {
         return kMIDINoConnection;
     }
-    const Outcome outcome = sendThrough(*lease, list);
-    finish(outcome);
-    return outcome == Outcome::Sent ? noErr : kMIDINoConnection;
-}
-
-Output::Lease* Output::leaseFor(const Destination& to) {
-    Lock lock(mutex_);
-    if (ending_ || codec_ == nullptr || notTaking_.count(to.handle) != 0) {
-        return nullptr;
-    }
-    if (current_ == nullptr || current_->to.handle != to.handle) {
-        queueCurrent(lock);
-        if (!takeFromQueue(lock, to)) {
-            const bool free = changed_.wait_for(
-                lock, longestHold, [&] { return beingGivenBack_ != to.handle || ending_; });
-            lock.unlock();
-            Outcome outcome = Outcome::NotTaken;
-            std::unique_ptr<Lease> lease = free ? subscribe(to, outcome) : nullptr;
-            if (outcome == Outcome::NotTaken) {
-                reportNotTaken(to);
-            }
-            lock.lock();
-            current_ = std::move(lease);
-            if (ending_) {
-                return nullptr;
-            }
-        }
-    }
-    if (current_ != nullptr) {
-        current_->isBusy = true;
+    const RoadPtr road = roadTo(lock, to);
+    road->account.handOver(bytesIn(list), now());
+    if (!road->isCut()) {
+        put(*road, list);
         startWorker(lock);
-    }
-    return current_.get();
-}
-
-bool Output::takeFromQueue(const Lock&, const Destination& to) {
-    const auto queued = std::find_if(queue_.begin(), queue_.end(), [&](const auto& lease) {
-        return lease->to.handle == to.handle && !lease->isStalled;
-    });
-    if (queued == queue_.end()) {
-        return false;
-    }
-    current_ = std::move(*queued);
-    queue_.erase(queued);
-    return true;
-}
-
-std::unique_ptr<Output::Lease> Output::subscribe(const Destination& to, Outcome& outcome) {
-    std::unique_ptr<Sender> sender = spareOrNew();
-    if (sender == nullptr) {
-        outcome = Outcome::Gone;
-        return nullptr;
-    }
-    const auto giveUp = std::chrono::steady_clock::now() + longestHold;
-    // A bus is there for many programs at a time.
-    bool exclusively = !to.port.isBus;
-    int result = sender->subscribe(to.port.address, exclusively);
-    while (isHeld(result) && std::chrono::steady_clock::now() < giveUp) {
-        if (exclusively && result == -EBUSY) {
-            exclusively = false;
-        } else {
-            std::this_thread::sleep_for(milliseconds(10));
+        const Time::Point end = now() + longestCall;
+        for (advance(lock, *road); !road->waiting.empty(); advance(lock, *road)) {
+            if (now() >= end && road->bytesWaiting <= mostWaiting) {
+                break;
+            }
+            changed_.wait_for(lock, betweenTries);
         }
-        result = sender->subscribe(to.port.address, exclusively);
     }
-    if (result < 0) {
-        outcome = isHeld(result) ? Outcome::NotTaken : Outcome::Gone;
-        const Lock lock(mutex_);
-        spares_.push_back(std::move(sender));
-        return nullptr;
+    if (road->isCut()) {
+        road->account.end(road->hasGone ? Trouble::WentAway : road->cutBy, now());
+        return kMIDINoConnection;
     }
-    outcome = Outcome::Sent;
-    RoomKeeper room(levelOf(to.port, *sender));
-    return std::make_unique<Lease>(
-        Lease{to, std::move(sender), exclusively, std::move(room), {}, {}});
+    road->lastUsed = now();
+    return noErr;
 }
 
-Output::Outcome Output::sendThrough(Lease& lease, const MIDIPacketList& list) {
-    Outcome outcome = Outcome::Sent;
-    const auto take = [&](std::span<const std::uint8_t> message) {
-        if (outcome == Outcome::Sent) {
-            outcome = sendMessage(lease, message);
-        }
+void Output::sendInVain(MIDIEndpointRef destination, const MIDIPacketList& list) {
+    const Lock lock(mutex_);
+    const auto found = roads_.find(destination);
+    if (found != roads_.end()) {
+        found->second->account.handOver(bytesIn(list), now());
+        found->second->account.end(Trouble::WentAway, now());
+        cut(*found->second, Trouble::WentAway);
+    }
+}
+
+Output::RoadPtr Output::roadTo(const Lock&, const Destination& to) {
+    RoadPtr& road = roads_[to.handle];
+    if (road == nullptr) {
+        road = std::make_shared<Road>(to, now());
+    }
+    return road;
+}
+
+void Output::put(Road& road, const MIDIPacketList& list) {
+    const auto keep = [&](std::span<const std::uint8_t> message) {
+        road.waiting.emplace_back(message.begin(), message.end());
+        road.bytesWaiting += message.size();
     };
     forEachPacket(list, [&](std::uint64_t, std::span<const std::uint8_t> bytes) {
-        lease.splitter.add(bytes, take);
+        road.splitter.addPacket(bytes, keep);
     });
-    lease.splitter.flush(take);
-    return outcome;
-}
-
-Output::Outcome Output::sendMessage(Lease& lease, std::span<const std::uint8_t> message) {
-    snd_seq_event_t event{};
-    if (!toEvent(*codec_, message, event)) {
-        return Outcome::Sent;
-    }
-    const bool isProgram = !lease.to.port.isOfDevice;
-    if (isProgram || !lease.isExclusive) {
-        lease.room.forgetLevel();
-    }
-    if (!lease.room.waitFor(isProgram ? cellsFor(message.size()) : message.size())) {
-        return Outcome::NotTaken;
-    }
-    const auto giveUp = std::chrono::steady_clock::now() + RoomKeeper::longestStandstill;
-    for (;;) {
-        const int result = lease.sender->send(event);
-        if (result == 0) {
-            return Outcome::Sent;
-        }
-        if (result != -EAGAIN) {
-            return Outcome::Gone;
-        }
-        if (std::chrono::steady_clock::now() >= giveUp) {
-            return Outcome::NotTaken;
-        }
-        std::this_thread::sleep_for(milliseconds(2));
+    road.splitter.flush(keep);
+    if (road.waiting.empty()) {
+        road.account.acceptAll();
     }
 }
 
-void Output::finish(Outcome outcome) {
-    Lock lock(mutex_);
-    current_->isBusy = false;
-    current_->lastUsed = std::chrono::steady_clock::now();
-    if (current_->hasGone || outcome == Outcome::Gone) {
-        queueCurrent(lock);
-    } else if (outcome == Outcome::NotTaken) {
-        const MIDIEndpointRef handle = current_->to.handle;
-        current_->isStalled = true;
-        current_->splitter.reset();
-        current_->room.forgetLevel();
-        const std::optional<FillLevel> level = current_->room.level();
-        current_->roomWhenStalled = level ? level->room : 0;
-        stalled_.push_back(std::move(current_));
-        notTaking_.insert(handle);
-        lock.unlock();
-        onTaking_(handle, false);
+void Output::advance(Lock& lock, Road& road) {
+    if (road.isCut()) {
+        return;
+    }
+    if (road.state == Road::State::Closed && !road.waiting.empty()) {
+        open(lock, road);
+    }
+    if (road.state == Road::State::Open && !road.isCut()) {
+        pump(road);
+    }
+}
+
+void Output::open(Lock& lock, Road& road) {
+    road.state = Road::State::Opening;
+    std::unique_ptr<Sender> sender = spareOrNew(lock);
+    const PortDescription port = road.to.port;
+    lock.unlock();
+    bool exclusively = false;
+    int result = -ENODEV;
+    std::string inTheWay;
+    if (sender != nullptr) {
+        const Time::Point giveUp = now() + longestHold;
+        while (isHeld(result = subscribe(*sender, port, exclusively)) && now() < giveUp) {
+            std::this_thread::sleep_for(milliseconds(10));
+        }
+        if (isHeld(result)) {
+            inTheWay = programInTheWay(*sender, port);
+        }
+    }
+    lock.lock();
+    if (result == 0) {
+        road.room.emplace(levelOf(port, *sender));
+        road.sender = std::move(sender);
+        road.isExclusive = exclusively;
+        road.levelWasSeen = false;
+        road.state = Road::State::Open;
+        road.lastUsed = now();
+    } else {
+        if (sender != nullptr) {
+            spares_.push_back(std::move(sender));
+        }
+        road.state = Road::State::Closed;
+        cut(road, isHeld(result) ? Trouble::InUse : Trouble::WentAway, inTheWay);
     }
     changed_.notify_all();
 }
 
-void Output::reportNotTaken(const Destination& to) {
-    {
-        const Lock lock(mutex_);
-        if (ending_) {
+void Output::pump(Road& road) {
+    while (!road.waiting.empty()) {
+        const std::vector<std::uint8_t>& message = road.waiting.front();
+        snd_seq_event_t event{};
+        if (toEvent(*codec_, message, event)) {
+            if (road.to.isProgram() || !road.isExclusive) {
+                road.room->forgetLevel();
+            }
+            if (!road.room->take(road.to.isProgram() ? cellsFor(message.size()) : message.size())) {
+                return;
+            }
+            const int result = road.sender->send(event);
+            if (result == -EAGAIN) {
+                road.room->forgetLevel();
+                return;
+            }
+            if (result < 0) {
+                cut(road, Trouble::WentAway);
+                return;
+            }
+        }
+        road.account.accept(message, now());
+        road.bytesWaiting -= message.size();
+        road.waiting.pop_front();
+    }
+    road.account.acceptAll();
+}
+
+void Output::look(Road& road) {
+    const bool wasSettled = road.account.isSettled();
+    if (wasSettled || road.isCut()) {
+        return;
+    }
+    if (road.state == Road::State::Open) {
+        const std::optional<FillLevel> level =
+            road.to.port.isHardware ? road.room->level() : std::nullopt;
+        // The level first: so it is that of a destination that is still there.
+        if (!road.sender->isConnected() || (!level && road.levelWasSeen)) {
+            cut(road, Trouble::WentAway);
             return;
         }
-        held_.push_back(to);
-        notTaking_.insert(to.handle);
-        startWorker(lock);
+        road.levelWasSeen = level.has_value();
+        road.account.see(level ? level->whole - std::min(level->whole, level->room) : 0, now());
     }
+    road.account.pass(now());
+    if (road.account.trouble() != Trouble::None) {
+        cut(road, road.account.trouble());
+    } else if (road.account.isSettled() && road.isAskedFor) {
+        onNews_();
+    }
+}
+
+void Output::cut(Road& road, Trouble trouble, std::string program) {
+    if (road.isCut()) {
+        return;
+    }
+    road.account.end(trouble, now(), std::move(program));
+    road.cutBy = trouble;
+    road.waiting.clear();
+    road.bytesWaiting = 0;
+    road.splitter.reset();
+    if (road.state == Road::State::Open) {
+        road.room->forgetLevel();
+        const std::optional<FillLevel> level = road.room->level();
+        road.roomWhenCut = level ? level->room : 0;
+    }
+    someWentOrCame_ = someWentOrCame_ || road.isOffline();
     changed_.notify_all();
-    onTaking_(to.handle, false);
+    onNews_();
+}
+
+void Output::reopen(Road& road) {
+    someWentOrCame_ = someWentOrCame_ || road.isOffline();
+    road.cutBy = Trouble::None;
+    if (road.isAskedFor && road.account.trouble() != Trouble::None) {
+        road.lastDelivery = road.account.at(now());
+    }
+    road.account = Account(now());
 }
 
 void Output::forget(MIDIEndpointRef destination) {
     const Lock lock(mutex_);
-    notTaking_.erase(destination);
-    held_.erase(std::remove_if(held_.begin(), held_.end(),
-                               [&](const auto& held) { return held.handle == destination; }),
-                held_.end());
-    for (std::unique_ptr<Lease>& lease : stalled_) {
-        if (lease->to.handle == destination) {
-            queue_.push_back(std::move(lease));
-        }
-    }
-    stalled_.erase(std::remove(stalled_.begin(), stalled_.end(), nullptr), stalled_.end());
-    if (current_ != nullptr && current_->to.handle == destination) {
-        current_->hasGone = true;
-        if (!current_->isBusy) {
-            queueCurrent(lock);
-        }
+    const auto found = roads_.find(destination);
+    if (found != roads_.end()) {
+        cut(*found->second, Trouble::WentAway);
+        found->second->hasGone = true;
+        removeGone(lock);
     }
     changed_.notify_all();
+}
+
+bool Output::isOffline(MIDIEndpointRef destination) const {
+    const Lock lock(mutex_);
+    const auto found = roads_.find(destination);
+    return found != roads_.end() && found->second->isOffline();
+}
+
+void Output::beginDelivery(const Destination& to, bool hasGone) {
+    const Lock lock(mutex_);
+    for (auto& [handle, road] : roads_) {
+        road->isAskedFor = road->isAskedFor && !(road->hasGone && handle != to.handle);
+    }
+    removeGone(lock);
+    Road& road = *roadTo(lock, to);
+    road.isAskedFor = true;
+    if (road.cutBy == Trouble::InUse) {
+        reopen(road);
+    }
+    road.lastDelivery.reset();
+    road.account = Account(now(), road.bytesWaiting);
+    if (hasGone || road.hasGone) {
+        road.account.end(Trouble::WentAway, now());
+        road.hasGone = true;
+    }
+}
+
+Delivery Output::delivery(MIDIEndpointRef destination) const {
+    const Lock lock(mutex_);
+    const auto found = roads_.find(destination);
+    if (found == roads_.end()) {
+        return {};
+    }
+    return found->second->lastDelivery ? *found->second->lastDelivery
+                                       : found->second->account.at(now());
+}
+
+void Output::abandonDelivery(MIDIEndpointRef destination) {
+    const Lock lock(mutex_);
+    const auto found = roads_.find(destination);
+    if (found == roads_.end()) {
+        return;
+    }
+    Road& road = *found->second;
+    look(road);
+    if (!road.account.hasAllLeft()) {
+        cut(road, Trouble::TakesNothing);
+    }
+}
+
+bool Output::takeNews(bool mayOpen) {
+    const Lock lock(mutex_);
+    for (auto& [handle, road] : roads_) {
+        if (mayOpen && road->cutBy != Trouble::None && !road->hasGone &&
+            road->state == Road::State::Closed) {
+            reopen(*road);
+        }
+    }
+    return std::exchange(someWentOrCame_, false);
 }
 
 }  // namespace platform::alsa

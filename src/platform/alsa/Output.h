@@ -1,49 +1,44 @@
 #pragma once
 
 // What this program sends. A subscription to the destination is made at its first message, because
-// hardware takes nothing without, and kept for as long as the program goes on sending there; giving
-// it back can take 16 ms to 10 s and happens on a thread of its own.
+// hardware takes nothing without, and kept for as long as the program goes on sending there. What
+// finds no room waits here; a thread of its own hands it on, looks what becomes of it, and gives
+// subscriptions back.
 
 #include <chrono>
 #include <condition_variable>
-#include <deque>
 #include <functional>
+#include <map>
 #include <memory>
 #include <mutex>
-#include <set>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "platform/MidiService.h"
-#include "platform/alsa/MessageSplitter.h"
-#include "platform/alsa/RoomKeeper.h"
+#include "platform/alsa/Road.h"
 #include "platform/alsa/Sender.h"
-#include "platform/alsa/enumeration.h"
 #include "platform/alsa/events.h"
 
 namespace platform::alsa {
 
 class Output {
 public:
-    /// A destination: its handle, which no other ever has, and where it is.
-    struct Destination {
-        MIDIEndpointRef handle = 0;
-        PortDescription port;
-    };
-    /// Told, on any thread, when a destination has stopped taking data, and when it takes some
-    /// again.
-    using OnTaking = std::function<void(MIDIEndpointRef destination, bool takesData)>;
-
     /// A subscription is given back when nothing was sent for so long.
     static constexpr std::chrono::seconds idleTime{3};
-    /// How long a destination that another program holds, or one that is just being given back, is
-    /// waited for.
-    static constexpr std::chrono::seconds longestHold{2};
-    /// How long the end waits until all data has gone out.
+    /// The longest that a call of `send` waits for room. What has found none by then is sent later.
+    static constexpr std::chrono::milliseconds longestCall{100};
+    /// Of a caller who goes on nevertheless, so many bytes wait here: then he waits himself.
+    static constexpr std::size_t mostWaiting = 8192;
+    /// How long another program that is in the way is waited for: it may be just leaving.
+    static constexpr std::chrono::milliseconds longestHold{30};
+    /// How long the end, or the giving back of a subscription, waits until all data has gone out.
     static constexpr std::chrono::seconds longestFarewell{2};
 
-    Output(std::string clientName, OnTaking onTaking);
+    /// `onNews` is called, on any thread, when the main thread should call `takeNews`; it must
+    /// not call back.
+    Output(std::string clientName, std::function<void()> onNews);
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
     ~Output();
@@ -51,12 +46,26 @@ public:
     /// Makes what the first message needs, so that sending it opens no client.
     void prepare();
 
-    /// Sends all messages of the list. Each of them is handed to the kernel whole, once there is
-    /// room for it. When the destination takes no more, or has gone, the rest is lost.
+    /// Sends all messages of the list, each whole, in order, once there is room for it. When the
+    /// destination takes no more, or has gone, all that waits is lost, and nothing more is taken
+    /// until the main thread has opened the road again.
     OSStatus send(const Destination& to, const MIDIPacketList& list);
+    /// The same, of a destination that is known to have gone.
+    void sendInVain(MIDIEndpointRef destination, const MIDIPacketList& list);
 
     /// The destination has gone.
     void forget(MIDIEndpointRef destination);
+    [[nodiscard]] bool isOffline(MIDIEndpointRef destination) const;
+
+    // See MidiService.
+    void beginDelivery(const Destination& to, bool hasGone);
+    [[nodiscard]] Delivery delivery(MIDIEndpointRef destination) const;
+    void abandonDelivery(MIDIEndpointRef destination);
+
+    /// The main thread has taken in what has changed, and no action of its is under way: roads that
+    /// were cut open again, but to programs that still read nothing. Returns whether a destination
+    /// has become offline, or has come back, since the last call.
+    [[nodiscard]] bool takeNews(bool mayOpen);
 
     /// Lets go of everything, for good: nothing can be sent any more. Waits until the devices have
     /// taken what they were sent, but not for one that takes nothing.
@@ -64,58 +73,41 @@ public:
 
 private:
     using Lock = std::unique_lock<std::mutex>;
+    using RoadPtr = std::shared_ptr<Road>;
 
-    /// A subscription.
-    struct Lease {
-        Destination to;
-        std::unique_ptr<Sender> sender;
-        bool isExclusive = false;
-        RoomKeeper room;
-        MessageSplitter splitter;
-        Time::Point lastUsed;
-        std::size_t roomWhenStalled = 0;
-        bool isStalled = false;
-        bool isBusy = false;  ///< a message is under way
-        bool hasGone = false;
-    };
-    enum class Outcome { Sent, Gone, NotTaken };
+    // Sending.
+    [[nodiscard]] RoadPtr roadTo(const Lock&, const Destination& to);
+    void put(Road& road, const MIDIPacketList& list);
+    void advance(Lock& lock, Road& road);
+    void open(Lock& lock, Road& road);
+    void pump(Road& road);
+    void look(Road& road);
+    void cut(Road& road, Delivery::Trouble trouble, std::string program = {});
+    void reopen(Road& road);
 
-    // Sending; with sendMutex_ held.
-    [[nodiscard]] Lease* leaseFor(const Destination& to);
-    [[nodiscard]] bool takeFromQueue(const Lock&, const Destination& to);
-    [[nodiscard]] std::unique_ptr<Lease> subscribe(const Destination& to, Outcome& outcome);
-    [[nodiscard]] Outcome sendThrough(Lease& lease, const MIDIPacketList& list);
-    [[nodiscard]] Outcome sendMessage(Lease& lease, std::span<const std::uint8_t> message);
-    void finish(Outcome outcome);
-    void reportNotTaken(const Destination& to);
-
-    // Giving back; OutputWorker.cpp.
+    // The thread; OutputWorker.cpp.
     void startWorker(const Lock&);
     void work();
-    void queueCurrent(const Lock&);
-    void giveBackNext(Lock& lock);
-    void lookAtStalled(Lock& lock);
-    [[nodiscard]] bool isFreeAgain(Lock& lock, const Destination& held);
-    [[nodiscard]] std::unique_ptr<Sender> takeSpare(const Lock&);
-    [[nodiscard]] std::unique_ptr<Sender> spareOrNew();
+    void tend(Lock& lock, Road& road);
+    [[nodiscard]] bool isToBeClosed(const Road& road) const;
+    void close(Lock& lock, Road& road);
+    /// Nothing when it can wait for news.
+    [[nodiscard]] std::optional<Time::Point> nextLookAt(const Road& road) const;
+    void removeGone(const Lock&);
+    [[nodiscard]] std::unique_ptr<Sender> spareOrNew(Lock& lock);
 
     const std::string clientName_;
-    const OnTaking onTaking_;
+    const std::function<void()> onNews_;
+    const Codec codec_ = makeCodec();  // with the mutex locked
 
-    std::mutex sendMutex_;  // one message list after another
-    const Codec codec_ = makeCodec();
-
-    std::mutex mutex_;  // guards what follows; never held while the kernel may keep us waiting
+    mutable std::mutex
+        mutex_;  // guards what follows; never held while the kernel may keep us waiting
     std::condition_variable changed_;
+    std::map<MIDIEndpointRef, RoadPtr> roads_;
     std::vector<std::unique_ptr<Sender>> spares_;
-    std::unique_ptr<Lease> current_;
-    std::deque<std::unique_ptr<Lease>> queue_;     // to be given back
-    std::vector<std::unique_ptr<Lease>> stalled_;  // kept, to see whether data is taken again
-    std::vector<Destination> held_;                // by other programs
-    std::set<MIDIEndpointRef> notTaking_;          // the destinations of both
-    MIDIEndpointRef beingGivenBack_ = 0;
-    bool ending_ = false;
-    bool workerEnded_ = false;
+    bool someWentOrCame_ = false;  // offline, or back
+    bool workerRests_ = false;     // until it is told otherwise
+    std::optional<Time::Point> end_;
     std::thread worker_;
 };
 

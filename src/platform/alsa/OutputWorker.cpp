@@ -1,9 +1,7 @@
-// The thread that gives subscriptions back, and looks whether a destination takes data again.
-
-#include <pthread.h>
+// The thread that hands on what has found no room, looks what becomes of it, and gives
+// subscriptions back.
 
 #include <algorithm>
-#include <csignal>
 #include <utility>
 
 #include "platform/alsa/Output.h"
@@ -15,19 +13,15 @@ using std::chrono::milliseconds;
 
 /// Enough for one destination in use while another is given back.
 constexpr std::size_t mostSpares = 2;
-/// How often a destination that took nothing is looked at.
-constexpr milliseconds lookInterval{250};
-/// Breaks into the kernel's waiting for a dead device. Nothing else uses this signal.
-const int wakeUpSignal = SIGRTMAX - 3;
+/// How often it is looked what has become of what was sent, while that is not settled.
+constexpr milliseconds lookInterval{25};
+/// How often what has found no room is tried again.
+constexpr milliseconds tryInterval{2};
+/// How often a program that reads nothing is looked at.
+constexpr milliseconds readingInterval{250};
 
-void ignoreSignal(int) {}
-
-/// Sees to it that the signal breaks in without ending the program.
-void makeSignalHarmless() {
-    struct sigaction action {};
-    action.sa_handler = ignoreSignal;
-    sigemptyset(&action.sa_mask);
-    sigaction(wakeUpSignal, &action, nullptr);
+Time::Point now() {
+    return std::chrono::steady_clock::now();
 }
 
 }  // namespace
@@ -35,148 +29,138 @@ void makeSignalHarmless() {
 void Output::startWorker(const Lock&) {
     if (!worker_.joinable()) {
         worker_ = std::thread([this] { work(); });
-    }
-}
-
-std::unique_ptr<Sender> Output::takeSpare(const Lock&) {
-    if (spares_.empty()) {
-        return nullptr;
-    }
-    std::unique_ptr<Sender> spare = std::move(spares_.back());
-    spares_.pop_back();
-    return spare;
-}
-
-std::unique_ptr<Sender> Output::spareOrNew() {
-    std::unique_ptr<Sender> spare;
-    {
-        const Lock lock(mutex_);
-        spare = takeSpare(lock);
-    }
-    return spare != nullptr ? std::move(spare) : Sender::open(clientName_);
-}
-
-void Output::queueCurrent(const Lock&) {
-    if (current_ != nullptr) {
-        queue_.push_back(std::move(current_));
+    } else if (workerRests_) {
         changed_.notify_all();
     }
+}
+
+std::unique_ptr<Sender> Output::spareOrNew(Lock& lock) {
+    std::unique_ptr<Sender> sender;
+    if (!spares_.empty()) {
+        sender = std::move(spares_.back());
+        spares_.pop_back();
+        return sender;
+    }
+    lock.unlock();
+    sender = Sender::open(clientName_);
+    lock.lock();
+    return sender;
 }
 
 void Output::work() {
     Lock lock(mutex_);
     for (;;) {
-        if (!queue_.empty()) {
-            giveBackNext(lock);
-            continue;
+        std::vector<RoadPtr> roads;
+        roads.reserve(roads_.size());
+        for (const auto& [handle, road] : roads_) {
+            roads.push_back(road);
         }
-        if (ending_) {
+        for (const RoadPtr& road : roads) {
+            tend(lock, *road);
+        }
+        removeGone(lock);
+        // From here on the mutex stays locked until it is waited: no news can fall between.
+        std::optional<Time::Point> next;
+        for (const auto& [handle, road] : roads_) {
+            const std::optional<Time::Point> look = nextLookAt(*road);
+            next = look ? std::min(next.value_or(*look), *look) : next;
+        }
+        if (end_ && !next) {
             break;
         }
-        const bool mayIdle = current_ != nullptr && !current_->isBusy;
-        if (mayIdle && std::chrono::steady_clock::now() - current_->lastUsed >= idleTime) {
-            queueCurrent(lock);
-        } else if (!notTaking_.empty()) {
-            changed_.wait_for(lock, lookInterval);
-            lookAtStalled(lock);
-        } else if (mayIdle) {
-            changed_.wait_until(lock, current_->lastUsed + idleTime);
+        workerRests_ = !next || *next > now() + lookInterval;
+        if (next) {
+            changed_.wait_until(lock, *next);
         } else {
             changed_.wait(lock);
         }
+        workerRests_ = false;
     }
-    workerEnded_ = true;
-    changed_.notify_all();
 }
 
-void Output::giveBackNext(Lock& lock) {
-    std::unique_ptr<Lease> lease = std::move(queue_.front());
-    queue_.pop_front();
-    beingGivenBack_ = lease->to.handle;
+void Output::tend(Lock& lock, Road& road) {
+    if (end_ && now() >= *end_) {
+        road.waiting.clear();
+        road.bytesWaiting = 0;
+    }
+    advance(lock, road);
+    look(road);
+    if (isToBeClosed(road)) {
+        close(lock, road);
+    }
+}
+
+bool Output::isToBeClosed(const Road& road) const {
+    if (road.state != Road::State::Open) {
+        return false;
+    }
+    if (end_) {
+        return road.waiting.empty();
+    }
+    if (road.isToBeSeenReadingAgain()) {
+        const std::optional<FillLevel> level = road.room->level();
+        return !level || level->room > road.roomWhenCut || !road.sender->isConnected();
+    }
+    return road.isCut() || (road.account.isSettled() && now() - road.lastUsed >= idleTime);
+}
+
+std::optional<Time::Point> Output::nextLookAt(const Road& road) const {
+    if (!road.waiting.empty() || (end_ && road.state != Road::State::Closed)) {
+        return now() + tryInterval;
+    }
+    if (end_) {
+        return std::nullopt;  // also if it is not settled: there is nobody left to tell
+    }
+    if (road.isToBeSeenReadingAgain() && road.state == Road::State::Open) {
+        return now() + readingInterval;
+    }
+    if (!road.account.isSettled()) {
+        return now() + lookInterval;
+    }
+    return road.state == Road::State::Open ? std::optional(road.lastUsed + idleTime) : std::nullopt;
+}
+
+void Output::close(Lock& lock, Road& road) {
+    road.state = Road::State::Closing;
+    std::unique_ptr<Sender> sender = std::move(road.sender);
+    road.room.reset();
+    const auto left =
+        std::chrono::duration_cast<milliseconds>(end_.value_or(Time::Point()) - now());
+    const milliseconds patience = road.isCut() ? milliseconds::zero()
+                                  : end_       ? left
+                                               : milliseconds(longestFarewell);
     lock.unlock();
-    lease->sender->unsubscribe();
+    sender->unsubscribe(patience);
     lock.lock();
-    beingGivenBack_ = 0;
+    road.state = Road::State::Closed;
+    if (road.isCut()) {
+        onNews_();
+    }
     if (spares_.size() < mostSpares) {
-        spares_.push_back(std::move(lease->sender));
-    }
-    changed_.notify_all();
-    lock.unlock();
-    lease.reset();  // closes the client that is too many
-    lock.lock();
-}
-
-void Output::lookAtStalled(Lock& lock) {
-    std::vector<MIDIEndpointRef> takeAgain;
-    for (std::unique_ptr<Lease>& lease : stalled_) {
-        const std::optional<FillLevel> level = lease->room.level();
-        if (level && level->room > lease->roomWhenStalled) {
-            takeAgain.push_back(lease->to.handle);
-            lease->isStalled = false;
-            lease->lastUsed = std::chrono::steady_clock::now();
-            (current_ == nullptr ? current_ : queue_.emplace_back()) = std::move(lease);
-        }
-    }
-    stalled_.erase(std::remove(stalled_.begin(), stalled_.end(), nullptr), stalled_.end());
-    const std::vector<Destination> held = held_;
-    for (const Destination& destination : held) {
-        if (isFreeAgain(lock, destination)) {
-            takeAgain.push_back(destination.handle);
-            held_.erase(
-                std::remove_if(held_.begin(), held_.end(),
-                               [&](const auto& h) { return h.handle == destination.handle; }),
-                held_.end());
-        }
-    }
-    for (const MIDIEndpointRef handle : takeAgain) {
-        notTaking_.erase(handle);
-    }
-    lock.unlock();
-    for (const MIDIEndpointRef handle : takeAgain) {
-        onTaking_(handle, true);
-    }
-    lock.lock();
-}
-
-bool Output::isFreeAgain(Lock& lock, const Destination& held) {
-    lock.unlock();
-    std::unique_ptr<Sender> sender = spareOrNew();
-    const bool free = sender != nullptr && sender->subscribe(held.port.address, false) == 0;
-    if (free) {
-        sender->unsubscribe();
-    }
-    lock.lock();
-    if (sender != nullptr) {
         spares_.push_back(std::move(sender));
     }
-    return free;
+    changed_.notify_all();
+    lock.unlock();
+    sender.reset();  // closes the client that is too many
+    lock.lock();
+}
+
+void Output::removeGone(const Lock&) {
+    for (auto road = roads_.begin(); road != roads_.end();) {
+        const bool isOver = road->second->hasGone && !road->second->isAskedFor &&
+                            road->second->state == Road::State::Closed;
+        road = isOver ? roads_.erase(road) : std::next(road);
+    }
 }
 
 void Output::end() {
     Lock lock(mutex_);
-    const bool someAreStalled = !stalled_.empty();
-    ending_ = true;
-    // A message that another thread is sending has its own limit.
-    changed_.wait_for(lock, RoomKeeper::longestWait,
-                      [&] { return current_ == nullptr || !current_->isBusy; });
-    queueCurrent(lock);
-    for (std::unique_ptr<Lease>& lease : stalled_) {
-        queue_.push_back(std::move(lease));
+    if (!end_) {
+        end_ = now() + longestFarewell;
     }
-    stalled_.clear();
-    held_.clear();
     changed_.notify_all();
     if (!worker_.joinable()) {
         return;
-    }
-    const auto hasEnded = [this] { return workerEnded_; };
-    const std::chrono::milliseconds patience =
-        someAreStalled ? milliseconds(100) : milliseconds(longestFarewell);
-    if (!changed_.wait_for(lock, patience, hasEnded)) {
-        makeSignalHarmless();
-        do {
-            pthread_kill(worker_.native_handle(), wakeUpSignal);
-        } while (!changed_.wait_for(lock, milliseconds(20), hasEnded));
     }
     lock.unlock();
     worker_.join();

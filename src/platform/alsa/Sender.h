@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <utility>
@@ -20,18 +21,24 @@ public:
     /// from connecting; -EBUSY if one is connected already.
     [[nodiscard]] int subscribe(const Address& destination, bool exclusively);
 
-    /// Waits until a device has taken what it was sent; from a dead one for 10 s, unless a signal
-    /// breaks in.
-    int unsubscribe();
+    /// Whether the subscription is still there, and what it is to.
+    [[nodiscard]] bool isConnected() const;
+
+    /// Waits until a device has taken what it was sent, but no longer than that; what it has not
+    /// taken by then is thrown away. From a dead device the kernel would wait for 10 s.
+    void unsubscribe(std::chrono::milliseconds patience);
 
     /// Hands the event to the destination that is subscribed, and to no other: if the port has gone
     /// the event is lost, whoever has the port's number now.
     int send(snd_seq_event_t& event);
 
     [[nodiscard]] int descriptor() const { return descriptorOf(*sequencer_, POLLOUT); }
+    [[nodiscard]] snd_seq_t& sequencer() const { return *sequencer_; }
 
 private:
     Sender(Sequencer sequencer, int port) : sequencer_(std::move(sequencer)), port_(port) {}
+
+    [[nodiscard]] snd_seq_addr_t address() const;
 
     Sequencer sequencer_;
     int port_;

@@ -86,8 +86,9 @@ ServiceState AlsaMidiService::state() {
     }
     ServiceState state = obstacle_;
     state.hasDestination = std::any_of(
-        list_.endpoints().begin(), list_.endpoints().end(), [](const ListedEndpoint& endpoint) {
-            return endpoint.port.direction == Direction::Destination && !endpoint.isOffline;
+        list_.endpoints().begin(), list_.endpoints().end(), [&](const ListedEndpoint& endpoint) {
+            return endpoint.port.direction == Direction::Destination &&
+                   !hasGone(lock, endpoint.port) && !output_.isOffline(endpoint.handle);
         });
     return state;
 }
@@ -157,11 +158,15 @@ void AlsaMidiService::makeDue(const Lock&) {
     stateChangeDue_ = true;
 }
 
-void AlsaMidiService::takingChanged(MIDIEndpointRef destination, bool takesData) {
-    const Lock lock(mutex_);
-    if (list_.setOffline(destination, !takesData)) {
+bool AlsaMidiService::hasGone(const Lock&, const PortDescription& port) const {
+    return news_.isLost || news_.exited.count(port.address) != 0;
+}
+
+void AlsaMidiService::takeNewsOfOutput(const Lock& lock) {
+    // Nothing is sent to a port that may be another one by now.
+    const bool isUpToDate = !news_.changed && !news_.isLost;
+    if (output_.takeNews(isUpToDate)) {
         makeDue(lock);
-        wakeUp();
     }
 }
 
@@ -190,6 +195,7 @@ void AlsaMidiService::notifyDue(Lock& lock) {
 void AlsaMidiService::rescan() {
     Lock lock(mutex_);
     lookAfresh(lock);
+    takeNewsOfOutput(lock);
     notifyDue(lock);
 }
 
@@ -209,7 +215,9 @@ void AlsaMidiService::dispatch() {
             follow(lock);
         }
     }
+    takeNewsOfOutput(lock);
     notifyDue(lock);
+    tellSettled(lock);
 }
 
 }  // namespace platform::alsa

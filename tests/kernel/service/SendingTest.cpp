@@ -6,7 +6,6 @@
 #include "kernel/UsbMidiGadget.h"
 #include "kernel/UserSpaceMidiDevice.h"
 #include "kernel/publicTools.h"
-#include "kernel/rawMidi.h"
 #include "kernel/service/Bystander.h"
 #include "kernel/service/EndpointLayer.h"
 #include "kernel/service/OtherProgram.h"
@@ -21,7 +20,6 @@ namespace {
 using namespace std::chrono_literals;
 using platform::MIDIEndpointRef;
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Pair;
 using testing::SizeIs;
@@ -177,27 +175,6 @@ TEST_F(Sending, TellsWhichProgramsAreConnected) {
         10s));
 }
 
-TEST_F(Sending, ADeviceWhoseRawPortAnotherProgramHoldsIsOfflineUntilItIsFree) {
-    UsbMidiGadget device({});
-    device.plug();
-    ASSERT_TRUE(layer.runUntil([&] { return layer.destination("Tormelk MIDI 1") != nullptr; }));
-    midi::ZQMIDIRealDestination& port = tormelk();
-    {
-        const RawMidi raw = openRawMidiOutput("hw:" + std::to_string(*device.host().card()) + ",0");
-        const auto began = std::chrono::steady_clock::now();
-        send(port, sysEx(254));
-        EXPECT_LT(std::chrono::steady_clock::now() - began, 4s);
-        EXPECT_TRUE(port.isOffline());
-        send(port, sysEx(254));  // at once, and nothing comes of it
-        layer.run(500ms);
-        EXPECT_TRUE(port.isOffline());
-        EXPECT_EQ(port.displayName(), "Tormelk MIDI 1 (offline)");
-    }
-    ASSERT_TRUE(layer.runUntil([&] { return port.isOnline(); }));
-    send(port, sysEx(254));
-    EXPECT_EQ(device.received().atLeast(254, 5s), sysEx(254));
-}
-
 TEST_F(Sending, ASlowDeviceGetsEverythingWhole) {
     UserSpaceMidiDevice device({.bytesPerSecond = 3125});
     device.plug();
@@ -212,7 +189,7 @@ TEST_F(Sending, ASlowDeviceGetsEverythingWhole) {
     EXPECT_TRUE(device.received().atLeast(expected.size(), 10s) == expected);
 }
 
-TEST_F(Sending, ADeviceThatStopsTakingDataIsOfflineWithinSecondsAndBackWhenItGoesOn) {
+TEST_F(Sending, ADeviceThatStopsTakingDataIsOfflineWithinSecondsAndBackOnceThatIsTakenIn) {
     UserSpaceMidiDevice device({});
     device.plug();
     ASSERT_TRUE(layer.runUntil([&] { return layer.destination("Tormelk Port") != nullptr; }));
@@ -225,15 +202,17 @@ TEST_F(Sending, ADeviceThatStopsTakingDataIsOfflineWithinSecondsAndBackWhenItGoe
         ++sent;
     }
     EXPECT_TRUE(port.isOffline());
-    EXPECT_LT(std::chrono::steady_clock::now() - began, 5s);
-    device.goOnTaking();
+    EXPECT_LT(std::chrono::steady_clock::now() - began, 10s);
     ASSERT_TRUE(layer.runUntil([&] { return port.isOnline(); }));
-    // The last message found no room, and left none of its bytes.
-    const std::size_t whole = static_cast<std::size_t>(sent - 1) * 254;
-    EXPECT_THAT(device.received().atLeast(whole + 1, 2s), SizeIs(whole));
+    device.goOnTaking();
+    // What waited was thrown away, but for what was on its way already.
+    EXPECT_LE(device.received().atLeast(4096, 1s).size(), 2 * 254U);
+    device.received().forget();
+    send(port, sysEx(254));
+    EXPECT_EQ(device.received().atLeast(254, 5s), sysEx(254));
 }
 
-TEST_F(Sending, AProgramThatStopsReadingIsOfflineWithinSecondsAndLosesNothingOfWhatItWasSent) {
+TEST_F(Sending, AProgramThatStopsReadingIsOfflineUntilItReadsAgainAndKeepsWhatItHad) {
     Program reader({"aseqdump"});
     ASSERT_TRUE(layer.runUntil([&] { return layer.destination("aseqdump") != nullptr; }));
     midi::ZQMIDIRealDestination& port = *layer.destination("aseqdump");
@@ -251,18 +230,26 @@ TEST_F(Sending, AProgramThatStopsReadingIsOfflineWithinSecondsAndLosesNothingOfW
         send(port, numbered(sent++));
     }
     EXPECT_TRUE(port.isOffline());
-    // It gives up after two seconds.
     EXPECT_LT(std::chrono::steady_clock::now() - began, 30s);
     ASSERT_TRUE(layer.runUntil([&] { return port.displayName() == "aseqdump (offline)"; }));
     ::kill(reader.process(), SIGCONT);
     ASSERT_TRUE(layer.runUntil([&] { return port.isOnline(); })) << reader.output();
     send(port, numbered(101));
     EXPECT_TRUE(reader.waitForOutput(hexadecimal(numbered(101)), 10s));
-    for (int number = 0; number < sent - 1; ++number) {
-        EXPECT_THAT(reader.output(), HasSubstr(hexadecimal(numbered(number)))) << number;
+    // What it had room for, and nothing of what waited.
+    const std::string output = reader.output();
+    const auto has = [&](int number) {
+        return output.find(hexadecimal(numbered(number))) != std::string::npos;
+    };
+    int arrived = 0;
+    while (has(arrived)) {
+        ++arrived;
     }
-    EXPECT_THAT(reader.output(), Not(HasSubstr(hexadecimal(numbered(sent - 1)))))
-        << "for which there was no room";
+    EXPECT_GT(arrived, 10);
+    EXPECT_LT(arrived, sent);
+    for (int number = arrived; number < sent; ++number) {
+        EXPECT_FALSE(has(number)) << number;
+    }
 }
 
 TEST_F(Sending, AnotherDeviceCanBeUsedWhileADeadOneIsGivenBack) {

@@ -168,22 +168,5 @@ TEST_F(EndpointListTest, AProgramsPortHasNoEntity) {
     EXPECT_EQ(list.findDevice(0), nullptr);
 }
 
-TEST_F(EndpointListTest, OfflineIsAChangeOnce) {
-    list.follow({tormelk(20)}, {});
-    const MIDIEndpointRef handle = at(20).handle;
-    EXPECT_TRUE(list.setOffline(handle, true));
-    EXPECT_FALSE(list.setOffline(handle, true));
-    EXPECT_TRUE(at(20).isOffline);
-    EXPECT_TRUE(list.setOffline(handle, false));
-    EXPECT_FALSE(list.setOffline(handle + 1, true));
-}
-
-TEST_F(EndpointListTest, WhatIsPluggedInAnewIsOnlineAgain) {
-    list.follow({tormelk(20)}, {});
-    list.setOffline(at(20).handle, true);
-    list.follow({tormelk(20)}, {{20, 0}});
-    EXPECT_FALSE(at(20).isOffline);
-}
-
 }  // namespace
 }  // namespace platform::alsa

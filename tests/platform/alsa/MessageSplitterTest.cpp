@@ -14,6 +14,7 @@ using Bytes = std::vector<std::uint8_t>;
 class MessageSplitterTest : public testing::Test {
 protected:
     void add(const Bytes& bytes) { splitter.add(bytes, take()); }
+    void addPacket(const Bytes& bytes) { splitter.addPacket(bytes, take()); }
     void flush() { splitter.flush(take()); }
 
     MessageSplitter::Take take() {
@@ -122,6 +123,31 @@ TEST_F(MessageSplitterTest, ForgetsWhatHasBegun) {
     add({2, 0xF7});
     flush();
     EXPECT_THAT(messages, IsEmpty());
+}
+
+TEST_F(MessageSplitterTest, APacketFromF0ToF7IsOneMessageWhateverIsBetween) {
+    const Bytes odd{0xF0, 1, 0x90, 2, 0xF4, 0xF8, 0xF9, 0xF0, 3, 0xF7, 4, 0xF7};
+    addPacket(odd);
+    addPacket({0xF0, 0xF7});
+    EXPECT_THAT(messages, ElementsAre(odd, Bytes{0xF0, 0xF7}));
+}
+
+TEST_F(MessageSplitterTest, AWholePacketEndsWhatHadBegun) {
+    addPacket({0x90, 60, 100, 61});
+    addPacket({0xF0, 1, 0xF7});
+    addPacket({62, 100});
+    addPacket({0xF0, 2});
+    addPacket({0xF0, 3, 0xF7});
+    EXPECT_THAT(messages, ElementsAre(Bytes{0x90, 60, 100}, Bytes{0xF0, 1, 0xF7}, Bytes{0xF0, 2},
+                                      Bytes{0xF0, 3, 0xF7}));
+}
+
+TEST_F(MessageSplitterTest, APacketThatIsNotWholeIsTakenAsAStream) {
+    addPacket({0xF0, 1, 0xF8, 2});
+    addPacket({3, 0xF7});
+    addPacket({0xF0, 4, 0x90, 60, 100});
+    EXPECT_THAT(messages, ElementsAre(Bytes{0xF0, 1}, Bytes{0xF8}, Bytes{2, 3, 0xF7},
+                                      Bytes{0xF0, 4}, Bytes{0x90, 60, 100}));
 }
 
 }  // namespace

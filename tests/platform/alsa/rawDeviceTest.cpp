@@ -57,6 +57,16 @@ TEST(RawDevice, ALevelThatMakesNoSenseIsNone) {
     EXPECT_EQ(outputLevelIn("Output 0\n  Avail        : 10\n", 0), std::nullopt);
 }
 
+TEST(RawDevice, TheOwnerOfAnOutputIsTheOneThatHasItOpen) {
+    EXPECT_EQ(ownerOfOutputIn(threeOutputs, 0), 123);
+    EXPECT_EQ(ownerOfOutputIn(threeOutputs, 1), std::nullopt);
+    EXPECT_EQ(ownerOfOutputIn(threeOutputs, 2), std::nullopt);
+}
+
+TEST(RawDevice, NobodyHoldsADeviceThatIsNotThere) {
+    EXPECT_EQ(programThatHolds(31, 0), "");
+}
+
 TEST(RawDevice, ADeviceThatIsNotThereHasNoLevel) {
     EXPECT_EQ(levelOfRawDevice(31, 0), std::nullopt);
     EXPECT_EQ(levelOfRawDevice(-1, 0), std::nullopt);
