@@ -237,6 +237,9 @@ void Output::look(Road& road) {
         road.levelWasSeen = level.has_value();
         road.account.see(level ? level->whole - std::min(level->whole, level->room) : 0, now());
     }
+    if (road.state == Road::State::Closed && road.waiting.empty()) {
+        road.account.see(0, now());  // half a message, which waits for its other half
+    }
     road.account.pass(now());
     if (road.account.trouble() != Trouble::None) {
         cut(road, road.account.trouble());

@@ -38,24 +38,23 @@ struct Road {
         : to(std::move(destination)), account(now), lastUsed(now) {}
 
     Destination to;
-    State state = State::Closed;
-    std::unique_ptr<Sender> sender;  ///< Open: the subscription
-    bool isExclusive = false;        ///< other programs are kept out
-    std::optional<RoomKeeper> room;  ///< Open
-    bool levelWasSeen = false;       ///< Open: a device that shows none any more has gone
-
     MessageSplitter splitter;
     std::deque<std::vector<std::uint8_t>> waiting;  ///< messages that the kernel has not accepted
     std::size_t bytesWaiting = 0;
-
     Account account;
-    bool isAskedFor = false;               ///< somebody wants to know what became of it
     std::optional<Delivery> lastDelivery;  ///< of an account with trouble, when it is open again
-    Delivery::Trouble cutBy = Delivery::Trouble::None;
-    std::size_t roomWhenCut = 0;  ///< of a program that reads nothing
-    bool hasGone = false;         ///< left the list, for good
-
     Time::Point lastUsed;
+
+    std::unique_ptr<Sender> sender;  ///< Open: the subscription
+    std::optional<RoomKeeper> room;  ///< Open
+    std::size_t roomWhenCut = 0;     ///< of a program that reads nothing
+
+    State state = State::Closed;
+    Delivery::Trouble cutBy = Delivery::Trouble::None;
+    bool hasGone = false;       ///< left the list, for good
+    bool isAskedFor = false;    ///< somebody wants to know what became of it
+    bool isExclusive = false;   ///< Open: other programs are kept out
+    bool levelWasSeen = false;  ///< Open: a device that shows none any more has gone
 
     [[nodiscard]] bool isCut() const { return cutBy != Delivery::Trouble::None || hasGone; }
     /// Not there, or takes nothing. Another program in the way is no such thing.

@@ -137,6 +137,17 @@ TEST_F(Deliveries, OfADeviceThatTakesAllIsSettledOnceItHasStayedForAWhile) {
     EXPECT_EQ(device.received().all(), sent);
 }
 
+TEST_F(Deliveries, HalfAMessageIsNoTrouble) {
+    UsbMidiGadget device({});
+    device.plug();
+    begin("Tormelk MIDI 1");
+    send(*port, {0x9F, 5});
+    EXPECT_EQ(settled().trouble, Trouble::None);
+    send(*port, {5});
+    EXPECT_EQ(settled().trouble, Trouble::None);
+    EXPECT_EQ(device.received().all(), note);
+}
+
 TEST_F(Deliveries, ADeviceThatIsPulledOutAfterAnyOfFourBlocksWentAway) {
     UsbMidiGadget device({});
     for (const int blocks : {1, 2, 3, 4}) {

@@ -174,7 +174,7 @@ TEST_F(Unplugging, ADeadDeviceThatIsPluggedInAnewWorksAgain) {
     device.plug();
     midi::ZQMIDIRealDestination& port = listed("Tormelk Port");
     device.stopTaking();
-    for (int block = 0; block < 30 && port.isOnline(); ++block) {
+    for (int block = 0; block < 100 && port.isOnline(); ++block) {
         send(port, sysEx(254));
     }
     EXPECT_TRUE(port.isOffline());
