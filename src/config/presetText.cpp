@@ -93,9 +93,9 @@ std::optional<PresetBytes> readPresetText(std::string_view text) {
     return bytes;
 }
 
-bool hasPresetHeader(const PresetBytes& preset, const Image& sysData) {
+bool hasPresetHeader(const PresetBytes& bytes, const Image& sysData) {
     constexpr std::size_t compared = 5;
-    return std::equal(preset.begin(), preset.begin() + compared, sysData.begin());
+    return std::equal(bytes.begin(), bytes.begin() + compared, sysData.begin());
 }
 
 }  // namespace config

@@ -38,6 +38,6 @@ using PresetBytes = std::array<std::uint8_t, imageSize>;
 [[nodiscard]] std::optional<PresetBytes> readPresetText(std::string_view text);
 
 /// Whether a preset begins as the image does: the first five bytes are equal.
-[[nodiscard]] bool hasPresetHeader(const PresetBytes& preset, const Image& sysData);
+[[nodiscard]] bool hasPresetHeader(const PresetBytes& bytes, const Image& sysData);
 
 }  // namespace config

@@ -11,7 +11,7 @@ namespace describe {
 
 namespace {
 
-std::string numbered(std::string_view what, int index) {
+std::string withNumber(std::string_view what, int index) {
     return std::string(what) + " " + std::to_string(index + 1);
 }
 
@@ -42,7 +42,7 @@ std::string listed(const std::vector<int>& layers) {
 }  // namespace
 
 std::string reportChannel(const std::string& what, int channel) {
-    return what + ": " + numbered("channel", channel);
+    return what + ": " + withNumber("channel", channel);
 }
 
 std::string reportMessage(const std::string& what, const Assignment& assignment) {
@@ -57,7 +57,7 @@ std::string reportTrigger(const std::string& what, bool toggles) {
 }
 
 std::string reportTriggerOfAll(int layer, bool toggle, int exception) {
-    return numbered("Layer", layer) + ": all buttons " + (toggle ? "toggle" : "momentary") +
+    return withNumber("Layer", layer) + ": all buttons " + (toggle ? "toggle" : "momentary") +
            ", except " + controlName(exception);
 }
 
@@ -75,11 +75,11 @@ std::string reportLock(bool locked) {
 }
 
 std::string modeLayerName(int layer) {
-    return numbered("Mode layer", layer);
+    return withNumber("Mode layer", layer);
 }
 
 std::string padLayerName(int layer) {
-    return numbered("Pad layer", layer);
+    return withNumber("Pad layer", layer);
 }
 
 std::string reportPadLayers(const std::vector<int>& changed) {

@@ -132,7 +132,7 @@ private:
     mutable std::vector<QAccessible::Id> items_;  ///< by row; those behind the last are not valid
 };
 
-QAccessibleInterface* makeInterface(const QString&, QObject* object) {
+QAccessibleInterface* describeList(const QString&, QObject* object) {
     auto* list = dynamic_cast<SearchedList*>(object);
     return list == nullptr ? nullptr : new ChoiceListAccess(list);
 }
@@ -140,7 +140,7 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object) {
 }  // namespace
 
 void describeChoices() {
-    QAccessible::installFactory(makeInterface);
+    QAccessible::installFactory(describeList);
 }
 
 }  // namespace qt

@@ -68,7 +68,7 @@ private:
     ControlButton* lamp_;
 };
 
-QAccessibleInterface* makeInterface(const QString&, QObject* object) {
+QAccessibleInterface* describeFace(const QString&, QObject* object) {
     if (auto* face = dynamic_cast<FaceButton*>(object)) {
         return new FaceAccess(face);
     }
@@ -85,7 +85,7 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object) {
 }  // namespace
 
 void describeFaces() {
-    QAccessible::installFactory(makeInterface);
+    QAccessible::installFactory(describeFace);
 }
 
 void describeAfresh(QObject& widget) {

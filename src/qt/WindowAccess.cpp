@@ -109,7 +109,7 @@ private:
     const QPointer<QAction> action_;
 };
 
-QAccessibleInterface* makeInterface(const QString&, QObject* object) {
+QAccessibleInterface* describeWindow(const QString&, QObject* object) {
     if (auto* dialog = dynamic_cast<DialogView*>(object)) {
         return new DialogAccess(dialog);
     }
@@ -125,7 +125,7 @@ QAccessibleInterface* makeInterface(const QString&, QObject* object) {
 }  // namespace
 
 void describeWindows() {
-    QAccessible::installFactory(makeInterface);
+    QAccessible::installFactory(describeWindow);
 }
 
 }  // namespace qt

@@ -10,8 +10,8 @@ namespace {
 
 using Report = FirmwareReceiver::Report;
 
-constexpr std::array<std::uint8_t, 14> header = {0x55, 0x55, 0x55, 0x55, 0x55, 0x55, 0x55,
-                                                 0x55, 0x55, 0x55, 0x1D, 0x03, 0x00, 0x49};
+constexpr std::array<std::uint8_t, 14> frameHeader = {0x55, 0x55, 0x55, 0x55, 0x55, 0x55, 0x55,
+                                                      0x55, 0x55, 0x55, 0x1D, 0x03, 0x00, 0x49};
 constexpr std::size_t commandPlace = 14;
 constexpr std::size_t counterPlace = 15;
 constexpr std::size_t commandChecksumPlace = 16;
@@ -23,8 +23,8 @@ constexpr std::uint8_t erasedByte = 0xFF;
 
 /// Whether a frame can begin like this.
 bool beginsAsFrame(std::span<const std::uint8_t> bytes) {
-    const std::size_t known = std::min(bytes.size(), header.size());
-    return std::equal(header.begin(), header.begin() + static_cast<std::ptrdiff_t>(known),
+    const std::size_t known = std::min(bytes.size(), frameHeader.size());
+    return std::equal(frameHeader.begin(), frameHeader.begin() + static_cast<std::ptrdiff_t>(known),
                       bytes.begin());
 }
 
@@ -59,7 +59,7 @@ void FirmwareReceiver::begin() {
 
 std::optional<Report> FirmwareReceiver::take(std::uint8_t byte) {
     frame_.push_back(byte);
-    if (frame_.size() <= header.size()) {
+    if (frame_.size() <= frameHeader.size()) {
         return beginsAsFrame(frame_) ? std::nullopt : beginAnew();
     }
     const bool isBlock = frame_[commandPlace] == writeCommand;

@@ -10,7 +10,7 @@
 namespace simulator {
 namespace {
 
-constexpr std::uint8_t sysExBegin = 0xF0;
+constexpr std::uint8_t sysExStatus = 0xF0;
 constexpr std::uint8_t nibbleStatus = 0x9F;
 constexpr std::array<std::uint8_t, 8> updateModeMessage = {0xF0, 0x1D, 0x03, 0x00,
                                                            0x69, 0x55, 0x7F, 0xF7};
@@ -92,7 +92,7 @@ void SimulatedController::take(std::span<const std::uint8_t> message) {
         return;
     }
     refusesFirmware_ = false;
-    if (message.front() == sysExBegin) {
+    if (message.front() == sysExStatus) {
         takeSysEx(message);
     } else {
         note(false,

@@ -15,8 +15,8 @@
 #include "architecture/ScratchTree.h"
 #include "architecture/Tree.h"
 
-// Every header must compile when it is the first thing a file includes. Where a source file of the
-// same name begins with it, the build has proved that; the others are compiled here.
+// Every header must compile when it is the first thing a file includes. Where a source file of
+// the same name begins with it, the build has proved that; the others are compiled here.
 
 namespace architecture {
 namespace {
@@ -27,11 +27,11 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
-const fs::path source = TORMELK_SOURCE_DIR;
+const fs::path sourceTree = TORMELK_SOURCE_DIR;
 
 bool standsAlone(const fs::path& folder, const fs::path& header) {
     const std::string command = std::string(TORMELK_COMPILER) + " -fsyntax-only -I " +
-                                quoted(folder.string()) + " -I " + quoted(source / "src") +
+                                quoted(folder.string()) + " -I " + quoted(sourceTree / "src") +
                                 " -x c++ -include " + quoted((folder / header).string()) +
                                 " /dev/null 2>&1";
     return run(command).succeeded;
@@ -78,7 +78,7 @@ std::vector<fs::path> unprovedHeaders(const fs::path& folder) {
 }
 
 TEST(Headers, EveryHeaderStandsAlone) {
-    std::vector<fs::path> headers = unprovedHeaders(source / "src");
+    std::vector<fs::path> headers = unprovedHeaders(sourceTree / "src");
 #ifndef TORMELK_WITH_WINDOWS
     std::erase_if(headers, [](const fs::path& header) {
         const Room* room = findRoom(header.begin()->string());
@@ -86,12 +86,12 @@ TEST(Headers, EveryHeaderStandsAlone) {
     });
 #endif
     ASSERT_THAT(headers, Not(IsEmpty()));
-    EXPECT_THAT(needyHeaders(source / "src", headers), IsEmpty());
+    EXPECT_THAT(needyHeaders(sourceTree / "src", headers), IsEmpty());
 }
 
 TEST(Headers, EveryHeaderIsReadOnlyOnce) {
-    for (const fs::path& header : filesUnder(source / "src", {".h"})) {
-        EXPECT_THAT(linesOf(source / "src" / header), Contains("#pragma once")) << header;
+    for (const fs::path& header : filesUnder(sourceTree / "src", {".h"})) {
+        EXPECT_THAT(linesOf(sourceTree / "src" / header), Contains("#pragma once")) << header;
     }
 }
 

@@ -20,7 +20,7 @@ using testing::ElementsAre;
 using toolkit::Alert;
 using toolkit::AlertAnswer;
 
-const std::string panelShown = journal::openPanel({"Tormelk", {"Tormelk"}});
+const std::string openPanelShown = journal::openPanel({"Tormelk", {"Tormelk"}});
 const Alert confirm{"Confirm",
                     "Your changes on User-Defined Mode hasn't been saved.\n\nLoad file continue?",
                     "OK", "Cancel"};
@@ -74,7 +74,7 @@ protected:
 
 TEST_F(Loading, AsksForAFileAndLoadsWithoutAWord) {
     loadPreset(state.sysData);
-    EXPECT_THAT(desktop.journal(), ElementsAre(panelShown));
+    EXPECT_THAT(desktop.journal(), ElementsAre(openPanelShown));
 }
 
 TEST_F(Loading, DoesNothingWhenThePanelIsCancelled) {
@@ -82,7 +82,7 @@ TEST_F(Loading, DoesNothingWhenThePanelIsCancelled) {
     const std::string before = everythingIn(editor);
     desktop.answerOpenPanel(std::nullopt);
     controller.loadFile();
-    EXPECT_THAT(desktop.journal(), ElementsAre(panelShown));
+    EXPECT_THAT(desktop.journal(), ElementsAre(openPanelShown));
     EXPECT_EQ(everythingIn(editor), before);
 }
 
@@ -268,7 +268,7 @@ TEST_F(LoadingInUserDefined, WithUnsavedChangesAUserDefinedPresetIsAskedForFirst
     });
     desktop.clearJournal();
     loadPreset(preset);
-    EXPECT_THAT(desktop.journal(), ElementsAre(panelShown, journal::alert(confirm)));
+    EXPECT_THAT(desktop.journal(), ElementsAre(openPanelShown, journal::alert(confirm)));
     expectImage(preset, modeBytes);
     expectMode(0);
     EXPECT_EQ(state.stores.SysBuf_usrdef, store) << "the store is not touched";
@@ -283,7 +283,7 @@ TEST_F(LoadingInUserDefined, WhoCancelsKeepsTheUnsavedChanges) {
     desktop.clearJournal();
     loadPreset(randomPreset(4, 0));
     EXPECT_THAT(desktop.journal(),
-                ElementsAre(panelShown, journal::alert(confirm), journal::alert(cancelled)));
+                ElementsAre(openPanelShown, journal::alert(confirm), journal::alert(cancelled)));
     EXPECT_EQ(everythingIn(editor), before);
     EXPECT_EQ(state.bChange, 1);
 }

@@ -28,7 +28,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-const std::string panelShown =
+const std::string savePanelShown =
     journal::savePanel({"Specify the Tormelk file name", "Tormelk", "Tormelk"});
 
 class Saving : public PresetTest {
@@ -43,7 +43,7 @@ protected:
         save(editor, path);
         EXPECT_THAT(
             desktop.journal(),
-            ElementsAre(panelShown, journal::alert("Fail to save Tormelk file\n\n" + reason)));
+            ElementsAre(savePanelShown, journal::alert("Fail to save Tormelk file\n\n" + reason)));
         EXPECT_EQ(state.bChange, 1);
         EXPECT_EQ(everythingIn(editor), before);
     }
@@ -62,7 +62,7 @@ protected:
 
 TEST_F(Saving, AsksForAFileAndWritesWithoutAWord) {
     save(editor, file);
-    EXPECT_THAT(desktop.journal(), ElementsAre(panelShown));
+    EXPECT_THAT(desktop.journal(), ElementsAre(savePanelShown));
     EXPECT_THAT(folder.names(), ElementsAre("My preset.Tormelk"));
 }
 
@@ -70,7 +70,7 @@ TEST_F(Saving, DoesNothingWhenThePanelIsCancelled) {
     const std::string before = everythingIn(editor);
     desktop.answerSavePanel(std::nullopt);
     controller.saveFile();
-    EXPECT_THAT(desktop.journal(), ElementsAre(panelShown));
+    EXPECT_THAT(desktop.journal(), ElementsAre(savePanelShown));
     EXPECT_EQ(everythingIn(editor), before);
     EXPECT_EQ(state.bChange, 1);
     EXPECT_THAT(folder.names(), IsEmpty());

@@ -8,7 +8,7 @@ namespace editor {
 namespace {
 
 /// Whether a mode change may exchange the byte.
-bool isSwapped(int layer, int offset) {
+bool mayBeSwapped(int layer, int offset) {
     const int endOfChannels = layer == 0 ? 80 : 71;
     const int endOfNumbers = layer == 0 ? 160 : 151;
     return (offset >= 7 && offset < endOfChannels) || (offset >= 81 && offset < endOfNumbers) ||
@@ -136,7 +136,7 @@ void RandomWalk::chooseMode() {
     require(editor_.state.modes.machn_mod == mode, "the chosen mode is in force");
     require(editor_.byte(0, 248) == mode, "the chosen mode stands in the image");
     checkOnlyChanged(
-        [](int layer, int offset) { return offset == 248 || isSwapped(layer, offset); });
+        [](int layer, int offset) { return offset == 248 || mayBeSwapped(layer, offset); });
 }
 
 RandomWalk::Pick RandomWalk::choose(toolkit::ComboBox& box, const char* name) {

@@ -7,20 +7,20 @@
 namespace fuzz {
 namespace {
 
-const std::vector<std::string> samples{"240\n29\n3\n", "", "a longer one, not of numbers"};
-const std::vector<std::string> words{"-", "65536", std::string("\0", 1)};
+const std::vector<std::string> someSamples{"240\n29\n3\n", "", "a longer one, not of numbers"};
+const std::vector<std::string> someWords{"-", "65536", std::string("\0", 1)};
 
 TEST(Mutator, MakesTheSameInputsFromTheSameSeed) {
-    Mutator first(samples, words, 5);
-    Mutator second(samples, words, 5);
+    Mutator first(someSamples, someWords, 5);
+    Mutator second(someSamples, someWords, 5);
     for (int i = 0; i < 1000; ++i) {
         ASSERT_EQ(first.next(), second.next());
     }
 }
 
 TEST(Mutator, MakesOtherInputsFromAnotherSeed) {
-    Mutator first(samples, words, 5);
-    Mutator second(samples, words, 6);
+    Mutator first(someSamples, someWords, 5);
+    Mutator second(someSamples, someWords, 6);
     std::set<std::string> inputs;
     for (int i = 0; i < 1000; ++i) {
         inputs.insert(first.next());
@@ -30,7 +30,7 @@ TEST(Mutator, MakesOtherInputsFromAnotherSeed) {
 }
 
 TEST(Mutator, KeepsInputsWithinAReasonableLength) {
-    Mutator mutator(samples, words, 5);
+    Mutator mutator(someSamples, someWords, 5);
     for (int i = 0; i < 10000; ++i) {
         ASSERT_LT(mutator.next().size(), 2000U);
     }

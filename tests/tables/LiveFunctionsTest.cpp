@@ -9,7 +9,7 @@ namespace tables {
 namespace {
 
 // clang-format off
-constexpr auto everyNote = std::to_array<std::string_view>({
+constexpr auto everyLiveNote = std::to_array<std::string_view>({
     "-1(C)   REC CH.1",
     "-1(C#) REC CH.2",
     "-1(D)   REC CH.3",
@@ -142,7 +142,7 @@ constexpr auto everyNote = std::to_array<std::string_view>({
 // clang-format on
 
 TEST(LiveFunctions, NameEveryNoteAndWhatItDoes) {
-    expectTexts(data::LV(), everyNote);
+    expectTexts(data::LV(), everyLiveNote);
 }
 
 TEST(LiveFunctions, Note39HasTheTwoBlanksOfASharp) {

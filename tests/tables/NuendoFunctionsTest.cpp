@@ -8,7 +8,7 @@ namespace tables {
 namespace {
 
 // clang-format off
-constexpr auto everyNote = std::to_array<std::string_view>({
+constexpr auto everyNuendoNote = std::to_array<std::string_view>({
     "-1(C)   REC CH.1",
     "-1(C#) REC CH.2",
     "-1(D)   REC CH.3",
@@ -141,7 +141,7 @@ constexpr auto everyNote = std::to_array<std::string_view>({
 // clang-format on
 
 TEST(NuendoFunctions, NameEveryNoteAndWhatItDoes) {
-    expectTexts(data::ND(), everyNote);
+    expectTexts(data::ND(), everyNuendoNote);
 }
 
 TEST(NuendoFunctions, Note39HasThreeBlanksWhereItsNeighboursHaveTwoOrFour) {

@@ -12,7 +12,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Change = ComboBox::Change;
+using BoxChange = ComboBox::Change;
 
 constexpr std::array<std::string_view, 3> shortList = {"one", "two", "three"};
 constexpr std::array<std::string_view, 2> otherList = {"four", "five"};
@@ -38,12 +38,12 @@ protected:
     ComboBoxTest() {
         box.addItemsWithObjectValues(shortList);
         box.onChoice = [this] { choices.push_back(box.indexOfSelectedItem()); };
-        box.onChange = [this](Change change) { changes.push_back(change); };
+        box.onChange = [this](BoxChange change) { changes.push_back(change); };
     }
 
     ComboBox box;
     std::vector<int> choices;
-    std::vector<Change> changes;
+    std::vector<BoxChange> changes;
 };
 
 TEST(ComboBox, IsEmptyEnabledAndWithoutSelectionAtFirst) {
@@ -289,21 +289,22 @@ TEST(ComboBox, TheBlankEntryBehindAListDoesNotCopyTheList) {
 
 TEST_F(ComboBoxTest, TellsItsViewWhatChanged) {
     box.addItemsWithObjectValues(otherList);
-    EXPECT_THAT(changes, ElementsAre(Change::Items));
+    EXPECT_THAT(changes, ElementsAre(BoxChange::Items));
     box.addItemWithObjectValue("last");
-    EXPECT_THAT(changes, ElementsAre(Change::Items, Change::Items));
+    EXPECT_THAT(changes, ElementsAre(BoxChange::Items, BoxChange::Items));
     changes.clear();
     box.selectItemAtIndex(2);
     box.choose(1);
     box.selectItemAtIndex(-1);
-    EXPECT_THAT(changes, ElementsAre(Change::Selection, Change::Selection, Change::Selection));
+    EXPECT_THAT(changes,
+                ElementsAre(BoxChange::Selection, BoxChange::Selection, BoxChange::Selection));
     changes.clear();
     box.setEnabled(false);
     box.setEnabled(true);
-    EXPECT_THAT(changes, ElementsAre(Change::Enabled, Change::Enabled));
+    EXPECT_THAT(changes, ElementsAre(BoxChange::Enabled, BoxChange::Enabled));
     changes.clear();
     box.removeAllItems();
-    EXPECT_THAT(changes, ElementsAre(Change::Items));
+    EXPECT_THAT(changes, ElementsAre(BoxChange::Items));
 }
 
 TEST_F(ComboBoxTest, SaysNothingWhereNothingChanged) {
@@ -319,7 +320,7 @@ TEST_F(ComboBoxTest, SaysNothingWhereNothingChanged) {
 TEST_F(ComboBoxTest, WhenTheViewHearsOfRemovedItemsTheSelectionIsGoneAlready) {
     box.selectItemAtIndex(2);
     int selected = 99;
-    box.onChange = [&](Change) { selected = box.indexOfSelectedItem(); };
+    box.onChange = [&](BoxChange) { selected = box.indexOfSelectedItem(); };
     box.removeAllItems();
     EXPECT_EQ(selected, -1);
 }

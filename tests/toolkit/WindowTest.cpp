@@ -10,18 +10,18 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Change = Window::Change;
+using WindowChange = Window::Change;
 
 class WindowTest : public testing::Test {
 protected:
     WindowTest() {
         window.windowWillClose = [this] { visibleAtClose.push_back(window.isVisible()); };
-        window.onChange = [this](Change change) { changes.push_back(change); };
+        window.onChange = [this](WindowChange change) { changes.push_back(change); };
     }
 
     Window window;
     std::vector<bool> visibleAtClose;  // one entry for each windowWillClose
-    std::vector<Change> changes;
+    std::vector<WindowChange> changes;
 };
 
 TEST(Window, IsHiddenAndWithoutTitleAtFirst) {
@@ -33,22 +33,22 @@ TEST(Window, IsHiddenAndWithoutTitleAtFirst) {
 TEST_F(WindowTest, TakesATitle) {
     window.setTitle("Tormelk Wyro");
     EXPECT_EQ(window.title(), "Tormelk Wyro");
-    EXPECT_THAT(changes, ElementsAre(Change::Title));
+    EXPECT_THAT(changes, ElementsAre(WindowChange::Title));
     window.setTitle("Tormelk Wyro");
-    EXPECT_THAT(changes, ElementsAre(Change::Title));
+    EXPECT_THAT(changes, ElementsAre(WindowChange::Title));
 }
 
 TEST_F(WindowTest, ComesToTheFrontVisible) {
     window.makeKeyAndOrderFront();
     EXPECT_TRUE(window.isVisible());
-    EXPECT_THAT(changes, ElementsAre(Change::Visibility, Change::Front));
+    EXPECT_THAT(changes, ElementsAre(WindowChange::Visibility, WindowChange::Front));
 }
 
 TEST_F(WindowTest, ComesToTheFrontAgainWhereItIsVisibleAlready) {
     window.makeKeyAndOrderFront();
     changes.clear();
     window.makeKeyAndOrderFront();
-    EXPECT_THAT(changes, ElementsAre(Change::Front));
+    EXPECT_THAT(changes, ElementsAre(WindowChange::Front));
 }
 
 TEST_F(WindowTest, HidesWithoutClosing) {
@@ -68,7 +68,7 @@ TEST_F(WindowTest, TellsThatItWillCloseAndHidesAfterwards) {
     window.close();
     EXPECT_THAT(visibleAtClose, ElementsAre(true));
     EXPECT_FALSE(window.isVisible());
-    EXPECT_EQ(changes.back(), Change::Visibility);
+    EXPECT_EQ(changes.back(), WindowChange::Visibility);
 }
 
 TEST_F(WindowTest, ClosesAlsoWhereItIsHidden) {

@@ -28,7 +28,7 @@ using testing::Contains;
 using testing::HasSubstr;
 using testing::Not;
 
-class Recorder final : public midi::ZQMIDIReceiver {
+class MessageRecorder final : public midi::ZQMIDIReceiver {
 public:
     void processMIDIPacketList(const platform::MIDIPacketList& list, const void*) override {
         platform::forEachPacket(
@@ -78,7 +78,7 @@ TEST_F(Publishing, ADestinationTakesWhatOthersSendWhileSomebodyListens) {
     ZQMIDIVirtualDestination destination(layer.manager(), "live destination");
     // Nobody listens yet: dropped.
     sendThroughSequencer("Tormelk Publisher:0", sysEx(20));
-    Recorder recorder;
+    MessageRecorder recorder;
     destination.addReceiver(&recorder);
     sendThroughSequencer("Tormelk Publisher:0", sysEx(254));
     EXPECT_EQ(recorder.bytes.atLeast(254, 5s), sysEx(254));
