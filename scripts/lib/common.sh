@@ -43,6 +43,57 @@ step() {
     say "    done in $(duration $((SECONDS - began)))"
 }
 
+# at_exit COMMAND...: runs it when the script ends, however it does; what was said last comes first.
+commands_at_exit=()
+at_exit() {
+    commands_at_exit=("$(printf '%q ' "$@")" ${commands_at_exit[@]+"${commands_at_exit[@]}"})
+    trap 'for at_end in "${commands_at_exit[@]}"; do eval "$at_end"; done' EXIT
+}
+
+# begin_beside NAME COMMAND...: runs the command beside the steps that follow, in silence. When the
+# script ends before it does, it is stopped.
+declare -A process_beside
+begin_beside() {
+    local name=$1 log=build/log/$1
+    shift
+    mkdir -p build/log
+    rm -f "$log.seconds"
+    set -o monitor  # a process group of its own
+    (
+        began=$SECONDS
+        status=0
+        "$@" || status=$?
+        echo $((SECONDS - began)) >"$log.seconds"
+        exit "$status"
+    ) </dev/null >"$log" 2>&1 &
+    process_beside[$name]=$!
+    set +o monitor
+    at_exit stop_beside "$name"
+}
+
+stop_beside() {
+    [[ -z ${process_beside[$1]:-} ]] || kill -- "-${process_beside[$1]}" 2>/dev/null || true
+}
+
+# end_beside NAME TITLE: waits for it, and then tells of it as of any step, with all its output.
+end_beside() {
+    local name=$1 title=$2 status=0 took
+    wait "${process_beside[$name]}" || status=$?
+    process_beside[$name]=
+    took=$(cat "build/log/$name.seconds" 2>/dev/null || echo 0)
+    say ""
+    say "==> $title"
+    cat "build/log/$name"
+    ((status == 0)) || fail "failed after $(duration "$took"): $title"
+    say "    done in $(duration "$took"), beside the steps above"
+}
+
+# patiently COMMAND...: leaves the processors to what cannot wait.
+patiently() (
+    renice --priority 10 --pid "$BASHPID" >/dev/null
+    "$@"
+)
+
 # build PRESET [TARGET...]: configures and builds build/PRESET, the whole of it or the targets alone.
 build() {
     local preset=$1

@@ -17,7 +17,7 @@ provide_plain_session() {
     if [[ -z ${XDG_RUNTIME_DIR:-} ]]; then
         XDG_RUNTIME_DIR=$(mktemp --directory)
         export XDG_RUNTIME_DIR
-        trap 'rm -rf "$XDG_RUNTIME_DIR"' EXIT
+        at_exit rm -rf "$XDG_RUNTIME_DIR"
     fi
     if [[ -z ${DBUS_SESSION_BUS_ADDRESS:-} && ! -e $XDG_RUNTIME_DIR/bus ]]; then
         export DBUS_SESSION_BUS_ADDRESS=disabled:

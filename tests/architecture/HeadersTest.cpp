@@ -15,8 +15,9 @@
 #include "architecture/ScratchTree.h"
 #include "architecture/Tree.h"
 
-// Every header must compile when it is the first thing a file includes. Where a source file of
-// the same name begins with it, the build has proved that; the others are compiled here.
+// Every header must compile when it is the first thing a file includes. Where a source file of the
+// same name begins with it, the builds that compile each file alone have proved that (release,
+// debug); the others are compiled here.
 
 namespace architecture {
 namespace {

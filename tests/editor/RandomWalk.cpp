@@ -17,7 +17,13 @@ bool mayBeSwapped(int layer, int offset) {
 
 }  // namespace
 
-RandomWalk::RandomWalk(std::uint64_t seed, PadEditorRuns runs) : random_(seed), runs_(runs) {}
+RandomWalk::RandomWalk(std::uint64_t seed, PadEditorRuns runs) : random_(seed), runs_(runs) {
+    MainWindow& window = editor_.window;
+    for (toolkit::ComboBox* box : {&window.combo_mode, &window.combo_type, &window.combo_chan,
+                                   &window.combo_cc, &window.combo_trig}) {
+        watch(*box);
+    }
+}
 
 int RandomWalk::below(int count) {
     return static_cast<int>(random_() % static_cast<std::uint64_t>(count));
@@ -72,7 +78,7 @@ void RandomWalk::step() {
     } else {
         flipAbsoluteByte();
     }
-    checkFrame(editor_.state.sysData);
+    checkFrame();
     checkSharedBytes();
     checkMainBoxes();
     checkTrigger();
@@ -237,12 +243,17 @@ void RandomWalk::flipAbsoluteByte() {
 // Steps in the pad editor.
 
 void RandomWalk::usePadEditor(pad& padEditor) {
+    for (toolkit::ComboBox* box :
+         {&padEditor.combo_chan, &padEditor.combo_chanMod, &padEditor.combo_msg,
+          &padEditor.combo_intervl, &padEditor.combo_curv, &padEditor.combo_curConst}) {
+        watch(*box);
+    }
     const config::Image atStart = editor_.state.sysData;
     for (int steps = below(13); steps > 0; --steps) {
         stepInPadEditor(padEditor);
         checkPadEditor(padEditor);
     }
-    checkFrame(editor_.state.sysData);
+    checkFrame();
     checkSharedBytes();
     require(std::equal(atStart.begin(), atStart.begin() + 254, editor_.state.sysData.begin()),
             "the pad editor leaves block 0 alone");

@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <map>
+#include <optional>
 #include <random>
 #include <set>
 #include <string>
@@ -63,8 +65,9 @@ private:
     void usePadEditor(pad& padEditor);
     void stepInPadEditor(pad& padEditor);
 
-    // Promises about the image
-    void checkFrame(const config::Image& image);
+    // Promises about the image. What stayed as it was when it was checked last is not read again.
+    void checkFrame();
+    void checkPadCopy();
     void checkSharedBytes();
     /// Only bytes for which `mayChange` is true differ from the image before the step.
     void checkOnlyChanged(const std::function<bool(int layer, int offset)>& mayChange);
@@ -72,6 +75,9 @@ private:
 
     // Promises about boxes and lights
     void checkBox(const toolkit::ComboBox& box);
+    /// Counts the blanks of the box now, and later whenever its items have changed.
+    void watch(toolkit::ComboBox& box);
+    int blanksOf(const toolkit::ComboBox& box);
     void checkMainBoxes();
     void checkShownAssignment();
     void checkTrigger();
@@ -88,6 +94,9 @@ private:
     std::mt19937_64 random_;
     PadEditorRuns runs_;
     config::Image before_{};
+    std::optional<config::Image> checkedImage_;
+    std::optional<config::Image> checkedPadCopy_;
+    std::map<const toolkit::ComboBox*, int> blanks_;  ///< of the boxes whose items did not change
     std::set<int> strayModeLayers_;
     bool triggerBoxRefreshed_ = false;  ///< the step showed the stored trigger afresh
     int shownTrigger_ = -1;

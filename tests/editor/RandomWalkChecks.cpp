@@ -7,7 +7,12 @@
 
 namespace editor {
 
-void RandomWalk::checkFrame(const config::Image& image) {
+void RandomWalk::checkFrame() {
+    const config::Image& image = editor_.state.sysData;
+    if (image == checkedImage_) {
+        return;
+    }
+    checkedImage_ = image;
     constexpr std::array<int, 6> header = {0xF0, 0x1D, 0x03, 0x00, 0x69, 0x4E};
     for (int layer = 0; layer < 4; ++layer) {
         for (int offset = 0; offset < 6; ++offset) {
@@ -20,6 +25,18 @@ void RandomWalk::checkFrame(const config::Image& image) {
         const auto* block = image.data() + position(layer, 0);
         require(std::all_of(block + 1, block + 253, [](std::uint8_t byte) { return byte < 0x80; }),
                 "between F0 and F7 a byte has seven bits");
+    }
+}
+
+void RandomWalk::checkPadCopy() {
+    const config::Image& copy = editor_.state.pads.sysbuf_domal;
+    if (copy == checkedPadCopy_) {
+        return;
+    }
+    checkedPadCopy_ = copy;
+    for (std::size_t i = 254; i < 1016; ++i) {
+        const bool frame = i % 254 == 0 || i % 254 == 253;
+        require(frame || copy.at(i) < 0x80, "the copy's bytes have seven bits");
     }
 }
 
@@ -49,16 +66,32 @@ void RandomWalk::checkOnlyChanged(const std::function<bool(int, int)>& mayChange
     }
 }
 
+void RandomWalk::watch(toolkit::ComboBox& box) {
+    blanks_.erase(&box);
+    box.onChange = [this, &box](toolkit::ComboBox::Change change) {
+        if (change == toolkit::ComboBox::Change::Items) {
+            blanks_.erase(&box);
+        }
+    };
+}
+
+int RandomWalk::blanksOf(const toolkit::ComboBox& box) {
+    const auto [known, isNew] = blanks_.try_emplace(&box);
+    if (isNew) {
+        for (int i = 0; i < box.numberOfItems(); ++i) {
+            known->second += toolkit::isBlankEntry(*box.itemObjectValueAtIndex(i)) ? 1 : 0;
+        }
+    }
+    return known->second;
+}
+
 void RandomWalk::checkBox(const toolkit::ComboBox& box) {
     require(box.indexOfSelectedItem() >= -1 && box.indexOfSelectedItem() < box.numberOfItems(),
             "a box selects only what it has");
-    int blanks = 0;
-    for (int i = 0; i < box.numberOfItems(); ++i) {
-        blanks += toolkit::isBlankEntry(*box.itemObjectValueAtIndex(i)) ? 1 : 0;
-    }
     // A pad editor that was given up leaves the boxes blank, and each control clicked from then on
     // may add another blank: that borrowed position.
-    require(blanks <= 1 || runs_ == PadEditorRuns::SometimesFail, "a box holds one blank at most");
+    require(blanksOf(box) <= 1 || runs_ == PadEditorRuns::SometimesFail,
+            "a box holds one blank at most");
 }
 
 void RandomWalk::checkMainBoxes() {
@@ -187,10 +220,7 @@ void RandomWalk::checkPadEditor(pad& padEditor) {
           &padEditor.combo_intervl, &padEditor.combo_curv, &padEditor.combo_curConst}) {
         checkBox(*box);
     }
-    for (std::size_t i = 254; i < 1016; ++i) {
-        const bool frame = i % 254 == 0 || i % 254 == 253;
-        require(frame || state.pads.sysbuf_domal.at(i) < 0x80, "the copy's bytes have seven bits");
-    }
+    checkPadCopy();
     require(padEditor.combo_intervl.indexOfSelectedItem() == editor_.copied(layer, 249) - 25,
             "the interval box shows the layer's interval");
     require(padEditor.combo_chanMod.indexOfSelectedItem() == (allPads ? 1 : 0),
