@@ -23,6 +23,7 @@ function(tormelk_room_tests name)
   cmake_parse_arguments(TEST "" "" "SOURCES;USES;LIBRARIES;PROPERTIES" ${ARGN})
   string(REPLACE "/" "-" program "${name}-tests")
   add_executable(${program} ${TEST_SOURCES})
+  set_property(GLOBAL APPEND PROPERTY TORMELK_ROOM_TESTS ${program})
   target_include_directories(${program} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
   target_link_libraries(${program} PRIVATE ${TEST_USES} ${TEST_LIBRARIES} tormelk-warnings
                                            GTest::gmock_main)

@@ -24,8 +24,16 @@ if(TORMELK_SANITIZE MATCHES "address")
 endif()
 
 # Instrumented code is slow, and slow to compile with optimisation. These options are for what runs
-# for long: the rooms, and a few files of the tests.
+# for long: the rooms, and the source files of a few tests.
 set(TORMELK_SANITIZER_OPTIMISATION)
 if(TORMELK_SANITIZE)
   set(TORMELK_SANITIZER_OPTIMISATION -O1)
 endif()
+
+# tormelk_optimise_sanitized(FILE...): source files of the folder that run for long.
+function(tormelk_optimise_sanitized)
+  if(TORMELK_SANITIZE)
+    set_source_files_properties(${ARGN} PROPERTIES
+      COMPILE_OPTIONS "${TORMELK_SANITIZER_OPTIMISATION}")
+  endif()
+endfunction()
