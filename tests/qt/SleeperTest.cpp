@@ -57,7 +57,7 @@ TEST(Sleeper, LooksUpBeforeAndAfterEveryWait) {
 }
 
 /// Counts what reaches it.
-class Canvas final : public QWidget {
+class PressCounter final : public QWidget {
 public:
     int painted = 0;
     int clicked = 0;
@@ -70,7 +70,7 @@ protected:
 };
 
 TEST(Sleeper, LetsTheWindowPaintDuringALongJobOfShortSleeps) {
-    Canvas canvas;
+    PressCounter canvas;
     canvas.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&canvas));
     QApplication::processEvents();
@@ -109,7 +109,7 @@ void postInput(QWidget& widget, std::chrono::milliseconds after) {
 }
 
 TEST(Sleeper, ThrowsAwayWhatAPersonDoesDuringALongJob) {
-    Canvas canvas;
+    PressCounter canvas;
     canvas.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&canvas));
     Sleeper sleeper;
@@ -128,7 +128,7 @@ TEST(Sleeper, ThrowsAwayWhatAPersonDoesDuringALongJob) {
 }
 
 TEST(Sleeper, ThrowsAwayWhatCameSinceTheLastBreathWhenTheJobEnds) {
-    Canvas canvas;
+    PressCounter canvas;
     canvas.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&canvas));
     Sleeper sleeper;
