@@ -24,11 +24,10 @@ using Clock = std::chrono::steady_clock;
 using Trouble = Delivery::Trouble;
 using testing::IsEmpty;
 using testing::Le;
-using testing::SizeIs;
 
 /// What can be on its way at full speed: seven transfers of 64 bytes, of which three in four are
 /// MIDI. The kernel counts it as gone, and nothing can call it back.
-constexpr std::size_t onItsWay = 7 * 48;
+constexpr std::size_t onItsWay = std::size_t{7} * 48;
 
 const Bytes note{0x9F, 5, 5};
 

@@ -177,10 +177,10 @@ TEST_F(AccountTest, ADestinationThatHasTakenNothingForTooLongTakesNothingAnyMore
 }
 
 TEST_F(AccountTest, TheStandstillIsSeenAlsoWhileMoreIsHandedOver) {
-    for (int message = 0; message < 1000; ++message) {
+    for (std::size_t message = 0; message < 1000; ++message) {
         handAndAccept(note);
         now += 2ms;
-        see(static_cast<std::size_t>(2 * message + 3));
+        see(2 * message + 3);
     }
     EXPECT_EQ(delivery().left, 0U);
     EXPECT_EQ(delivery().standstill, 2s);
