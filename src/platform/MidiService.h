@@ -151,6 +151,7 @@ public:
     [[nodiscard]] virtual Delivery delivery(MIDIEndpointRef) { return {}; }
     /// Calls `whenSettled` once, by `dispatch` on the main thread, when the destination's account
     /// is settled. A later call for the same destination replaces it; an empty one takes it back.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): a service keeps it
     virtual void watchDelivery(MIDIEndpointRef, std::function<void(const Delivery&)>) {}
     /// Throws away what still waits in this computer for the destination, so that it can never
     /// arrive late; the account has trouble from then on, if bytes were waiting.
