@@ -2,6 +2,7 @@
 
 #include "editor/mainController.h"
 #include "firmware/firm.h"
+#include "sending/sendReport.h"
 
 namespace editor {
 
@@ -41,6 +42,10 @@ void mainController::firmware() {
     firmware::firm dialog(firmware_, devices_, desktop_);
     desktop_.runModalForWindow(dialog);
     showOutput();
+    if (sent_ && !sent_->receipt().isSettled && sent_->look().isSettled) {
+        // It sent something there before the Send was settled.
+        report(sending::reportSend(sent_->receipt()));
+    }
     actionEnded();
 }
 

@@ -1,5 +1,6 @@
 #include "firmware/firm.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "devices/seldev2.h"
@@ -39,6 +40,8 @@ void firm::awakeFromNib() {
     progress.setDoubleValue(static_cast<double>(state_.file_len_count));
     progress.setHidden(false);
     if (state_.upload) {
+        const std::uint64_t blocks = sending::blocksOf(state_.upload->receipt()).all;
+        progress.setMaxValue(static_cast<double>(std::max<std::uint64_t>(blocks, 1)));
         followUpload();
     }
     showSteps();

@@ -77,10 +77,7 @@ void firm::showProgress(const sending::Receipt& receipt) {
 
 /// The bar stands where the upload was cut.
 void firm::stopProgress(const sending::Receipt& receipt) {
-    const sending::UploadBlocks blocks = sending::blocksOf(receipt);
-    progress.setMinValue(0);
-    progress.setMaxValue(static_cast<double>(blocks.all) + 1);
-    progress.setDoubleValue(static_cast<double>(blocks.left));
+    progress.setDoubleValue(static_cast<double>(sending::blocksOf(receipt).left));
 }
 
 /// Shows what became of the last upload, now and when more is known.

@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "qt/ProgressView.h"
 #include "qt/TextFieldView.h"
@@ -92,7 +93,10 @@ FirmView::FirmView(firmware::firm& controller)
     auto* text = new TextFieldView(controller.step5, QStringLiteral("Nothing is being sent."));
     text->setObjectName(QStringLiteral("step5"));
     text->setWordWrap(true);  // what became of an upload that was cut takes some words
-    text->setFixedHeight(linesOfOutcome * text->fontMetrics().lineSpacing());
+    const int lineHeight = text->fontMetrics().lineSpacing();
+    const int above = std::max(0, (close_->sizeHint().height() - lineHeight) / 2);
+    text->setContentsMargins(0, above, 0, 0);  // the first line stands beside the button's words
+    text->setFixedHeight(above + linesOfOutcome * lineHeight);
     text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     text->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     close_->setObjectName(QStringLiteral("close"));

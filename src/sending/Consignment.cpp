@@ -47,7 +47,9 @@ Trouble Consignment::State::troubleOf(const Delivery& delivery) const {
 
 void Consignment::State::take(const Delivery& delivery) {
     if (isWatched && delivery.handedOver != due) {
-        receipt.isSettled = true;  // the account is another's by now
+        // The account is another's by now. What was not known to have arrived never will be.
+        receipt.isSettled = true;
+        receipt.left = std::min(receipt.left, receipt.bytes - 1);
         return;
     }
     receipt.handedOver = std::min(delivery.handedOver, due);

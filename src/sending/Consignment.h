@@ -30,7 +30,7 @@ struct Receipt {
     std::string output;            ///< the name of where it goes; empty: there was none
     std::uint64_t bytes = 0;       ///< so long it is as a whole
     std::uint64_t handedOver = 0;  ///< of these, what the output was given
-    std::uint64_t left = 0;        ///< and at most what has left this computer
+    std::uint64_t left = 0;        ///< and what is known to have left this computer
     Trouble trouble = Trouble::None;
     std::string program;                      ///< InUse: its name; empty where it is not known
     std::chrono::milliseconds standstill{0};  ///< so long it has been waiting to be taken

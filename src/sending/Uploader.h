@@ -51,7 +51,7 @@ inline constexpr std::chrono::seconds standstillWorthTelling{2};
 struct UploadBlocks {
     std::uint64_t all = 0;
     std::uint64_t handedOver = 0;
-    std::uint64_t left = 0;  ///< at most
+    std::uint64_t left = 0;  ///< as far as is known
     bool eraseLeft = false;  ///< the command to erase has left this computer
 };
 [[nodiscard]] UploadBlocks blocksOf(const Receipt& receipt);

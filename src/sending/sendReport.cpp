@@ -6,9 +6,18 @@ namespace sending {
 
 namespace {
 
-/// How much of a Send that was cut can have reached the controller.
+/// How much of a Send that was cut has left this computer. Of a controller that was pulled out that
+/// is known but from the last look at it.
+std::string knownIn(const Receipt& receipt) {
+    const std::uint64_t layers = layersIn(receipt.left);
+    return layers == 0 ? ": no whole layer is known to have left this computer"
+                       : ": " + std::to_string(layers) + " of 4 layers " +
+                             (layers == 1 ? "is" : "are") + " known to have left this computer";
+}
+
+/// How much of a Send that was cut can have reached a controller that is still there.
 std::string reachIn(const Receipt& receipt) {
-    const std::uint64_t layers = sending::layersIn(receipt.left);
+    const std::uint64_t layers = layersIn(receipt.left);
     if (receipt.left == 0) {
         return ": nothing was sent";
     }
@@ -21,14 +30,14 @@ std::string cutSend(const Receipt& receipt) {
     const std::string user = receipt.program.empty() ? "another program" : receipt.program;
     switch (receipt.trouble) {
         case Trouble::WentAway:
-            return name + " went away during the Send" + reachIn(receipt);
+            return name + " went away during the Send" + knownIn(receipt);
         case Trouble::TakesNothing:
             return name + (receipt.left == 0 ? " takes nothing" : " takes nothing any more") +
                    reachIn(receipt);
         case Trouble::InUse:
             return name + " is in use by " + user + reachIn(receipt);
         default:
-            return "The system did not take everything for " + name + reachIn(receipt);
+            return "The system did not take the layers for " + name + reachIn(receipt);
     }
 }
 

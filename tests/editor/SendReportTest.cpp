@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "editor/TestEditor.h"
+#include "firmware/firm.h"
 #include "sending/sendReport.h"
 
 namespace editor {
@@ -53,22 +54,22 @@ TEST_F(SendReport, NamesTheOutputThatTookTheLayers) {
     EXPECT_EQ(alerted(), "Send Done");
 }
 
-TEST_F(SendReport, SaysHowManyLayersCanHaveReachedAnOutputThatWasPulledOut) {
-    const std::string reached[] = {"at most 1 of 4 layers reached it",
-                                   "at most 2 of 4 layers reached it",
-                                   "at most 3 of 4 layers reached it"};
+TEST_F(SendReport, SaysHowManyLayersAreKnownToHaveLeftForAnOutputThatWasPulledOut) {
+    const std::string known[] = {"1 of 4 layers is known to have left this computer",
+                                 "2 of 4 layers are known to have left this computer",
+                                 "3 of 4 layers are known to have left this computer"};
     for (std::size_t layers = 1; layers <= 3; ++layers) {
         after(layers, [this] {
             device_.unplug();
             editor.midiService.dispatch();
         });
         send();
-        expectCut("X went away during the Send: " + reached[layers - 1]);
+        expectCut("X went away during the Send: " + known[layers - 1]);
         EXPECT_EQ(port_.received().size(), layers);
         device_.plug();
         editor.midiService.dispatch();
         port_.forgetReceived();
-        EXPECT_EQ(said(), "X went away during the Send: " + reached[layers - 1])
+        EXPECT_EQ(said(), "X went away during the Send: " + known[layers - 1])
             << "coming back mends nothing";
     }
 }
@@ -80,7 +81,8 @@ TEST_F(SendReport, DoesNotCountALayerThatHasNotLeftWhole) {
     EXPECT_EQ(said(), "Sending to X: waiting until it has taken everything");
     device_.unplug();
     editor.midiService.dispatch();
-    EXPECT_EQ(said(), "X went away during the Send: at most 1 of 4 layers reached it");
+    EXPECT_EQ(said(),
+              "X went away during the Send: 1 of 4 layers is known to have left this computer");
 }
 
 TEST_F(SendReport, SaysThatItWaitsUntilEverythingIsTaken) {
@@ -151,7 +153,7 @@ TEST_F(SendReport, CountsTheSendsThatFailed) {
 TEST_F(SendReport, SaysSoWhenTheSystemOpensNoPort) {
     editor.midiService.fail("MIDIOutputPortCreate", -1);
     send();
-    expectCut("The system did not take everything for X: nothing was sent");
+    expectCut("The system did not take the layers for X: nothing was sent");
 }
 
 TEST_F(SendReport, DoesNotLeaveAnEarlierSuccessStandingWhenNothingWasSent) {
@@ -181,6 +183,18 @@ TEST_F(SendReport, OfAnEarlierSendIsNotGivenAnyMoreAfterTheNext) {
     EXPECT_EQ(said(), "Nothing was sent: no output is chosen");
 }
 
+TEST_F(SendReport, DoesNotWaitForEverWhereTheFirmwareWindowSentSomethingElse) {
+    port_.settleLater();
+    send();
+    desktop.onModal<firmware::firm>([this](firmware::firm& shown) {
+        desktop.answerAlert();
+        shown.updateButton.click();
+        shown.closeButton.click();
+    });
+    controller.firmware();
+    EXPECT_EQ(said(), "Handed 4 layers over for X: whether it took everything is not known");
+}
+
 TEST_F(SendReport, SaysThatItIsNotKnownWhereThatCouldNotBeFoundOut) {
     sending::Receipt receipt;
     receipt.output = "X";
@@ -192,7 +206,7 @@ TEST_F(SendReport, SaysThatItIsNotKnownWhereThatCouldNotBeFoundOut) {
     receipt.trouble = sending::Trouble::WentAway;
     receipt.left = 100;
     EXPECT_EQ(sending::reportSend(receipt),
-              "X went away during the Send: not one whole layer reached it");
+              "X went away during the Send: no whole layer is known to have left this computer");
 }
 
 }  // namespace

@@ -148,7 +148,8 @@ TEST_F(Transfer, AnOutputThatVanishesBetweenTwoBlocksGetsNoMoreAndTheSendEndsAsU
     const std::string first = block(0);
     const std::string second = block(1);
     const std::string truth =
-        "Tormelk Port 1 went away during the Send: at most 2 of 4 layers reached it";
+        "Tormelk Port 1 went away during the Send: 2 of 4 layers are known to have left this "
+        "computer";
     desktop.answerAlert();
     controller.sendData();
     std::vector<std::string> lines = desktop.journal();
@@ -166,9 +167,8 @@ TEST_F(Transfer, AnOutputThatVanishesUnnoticedEndsTheSendAsUsual) {
     desktop.answerAlert();
     controller.sendData();
     EXPECT_EQ(port_.received().size(), 1U);
-    EXPECT_EQ(
-        desktop.journal().back(),
-        doneBut("Tormelk Port 1 went away during the Send: at most 1 of 4 layers reached it"));
+    EXPECT_EQ(desktop.journal().back(), doneBut("Tormelk Port 1 went away during the Send: 1 of 4 "
+                                                "layers is known to have left this computer"));
     EXPECT_EQ(desktop.sleeps().size(), 4U);
     editor.midiService.dispatch();
 }

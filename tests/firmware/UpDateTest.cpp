@@ -58,6 +58,44 @@ TEST_F(UpDate, IsRefusedWhileTheDeviceIsOffline) {
     EXPECT_THAT(output->received(), testing::IsEmpty());
 }
 
+TEST_F(UpDate, IsNotDoneWhenTheMessageDidNotLeave) {
+    plugController();
+    chooseDevice();
+    const int before = dialog().nextStep();
+    const auto expectNotDone = [&](const std::string& reason) {
+        desktop.answerAlert();
+        dialog().updateButton.click();
+        EXPECT_EQ(
+            alerts().back(),
+            alertLine(
+                "Tormelk Wyro",
+                ("Send Done\n\nThe message has not left this computer: " + reason + ".").c_str()));
+        EXPECT_EQ(dialog().nextStep(), before - 1) << "the device is to be chosen again";
+        EXPECT_EQ(devices.midi_device_open, 0);
+        EXPECT_EQ(desktop.sleeps().back(), Seconds(1.75));
+    };
+    output->keepInUse("aseqdump");
+    expectNotDone("the output is in use by aseqdump");
+    output->freeAgain();
+    output->holdBack();
+    expectNotDone("the controller has not taken it yet");
+    output->takeWaiting();
+    service.fail("MIDISend", -1);
+    expectNotDone("the controller takes nothing");
+}
+
+TEST_F(UpDate, IsDoneAlsoWhenTheControllerLeavesItsNormalModeAtOnce) {
+    plugController();
+    chooseDevice();
+    output->settleLater();
+    desktop.onSleep = [this](Seconds) { device->unplug(); };
+    desktop.answerAlert();
+    dialog().updateButton.click();
+    EXPECT_EQ(alerts().back(), alertLine("Tormelk Wyro", "Send Done"));
+    EXPECT_EQ(dialog().nextStep(), 2);
+    service.dispatch();
+}
+
 TEST_F(UpDate, WorksWithoutTheDeviceHavingBeenChosenAnewAfterIt) {
     plugController();
     chooseDevice();

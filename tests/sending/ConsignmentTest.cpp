@@ -160,11 +160,13 @@ TEST_F(ConsignmentTest, TellsNobodyAnyMoreWhenItIsGoneOrSomethingElseIsSent) {
     handOver(before, 1);
     before.whenSettled([this] { ++settled_; });
     Consignment after(service, 9, output());
-    handOver(after, 1);
+    handOver(after, 2);
     port.settle();
     service.dispatch();
     EXPECT_EQ(settled_, 0);
     EXPECT_TRUE(before.look().isSettled) << "nothing will be known of it any more";
+    EXPECT_FALSE(before.receipt().hasLeft());
+    EXPECT_FALSE(before.receipt().isCut());
 }
 
 TEST_F(ConsignmentTest, TellsTheOneWhoAskedLast) {
