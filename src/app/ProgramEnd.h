@@ -9,12 +9,12 @@ namespace app {
 
 /// How a program ends, by one rule for all the ways there are:
 ///
-///     way                                              exit status
-///     Quit, the close box of the main window           0
-///     `exit` from code ("Exit now")                    the code's own
-///     SIGTERM, SIGHUP, SIGINT                          killed by that signal (a shell says 128 +
-///     n) the display is lost                              1 the application's loop is left (a
-///     logout)        what it returns
+///     way                                        exit status
+///     Quit, the close box of the main window     0
+///     `exit` from code ("Exit now")              the code's own
+///     SIGTERM, SIGHUP, SIGINT                    killed by that signal (a shell says 128 + n)
+///     the display is lost                        1
+///     the application's loop is left (a logout)  what it returns
 ///
 /// On each of them the last words run, on the main thread, the one given last first; then the
 /// process ends at once, and nothing that is under way is unwound: no window, no modal run, no
