@@ -7,6 +7,7 @@ namespace support {
 /// The MIDI service of a computer that has none: there is nothing to list, nothing can be opened.
 class AbsentMidiService : public platform::MidiService {
 public:
+    platform::ServiceState state() override { return {}; }
     platform::OSStatus MIDIClientCreate(std::string_view, platform::MIDINotifyProc, void*,
                                         platform::MIDIClientRef* client) override {
         *client = 0;
