@@ -52,7 +52,7 @@ bool CallScript::takes(std::string_view call) {
 }  // namespace files
 
 // What the linker puts in the place of each call, and the call itself. It decides the names.
-// NOLINTBEGIN(bugprone-reserved-identifier)
+// NOLINTBEGIN(clang-diagnostic-reserved-identifier)
 extern "C" {
 
 ssize_t __real_read(int file, void* bytes, std::size_t size);
@@ -135,4 +135,4 @@ int __wrap_ftruncate(int file, off_t size) {
 }
 
 }  // extern "C"
-// NOLINTEND(bugprone-reserved-identifier)
+// NOLINTEND(clang-diagnostic-reserved-identifier)

@@ -17,7 +17,7 @@ Reading reading = Reading::Works;
 }  // namespace
 
 // The linker decides the names.
-// NOLINTBEGIN(bugprone-reserved-identifier)
+// NOLINTBEGIN(clang-diagnostic-reserved-identifier)
 extern "C" {
 ssize_t __real_read(int file, void* bytes, std::size_t size);
 ssize_t __wrap_read(int file, void* bytes, std::size_t size);
@@ -29,7 +29,7 @@ ssize_t __wrap_read(int file, void* bytes, std::size_t size) {
     return reading == Reading::EndsEarly ? 0 : __real_read(file, bytes, size);
 }
 }
-// NOLINTEND(bugprone-reserved-identifier)
+// NOLINTEND(clang-diagnostic-reserved-identifier)
 
 namespace firmware {
 namespace {
