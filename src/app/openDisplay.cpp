@@ -20,7 +20,7 @@ struct Search {
     QString firstTrouble;
     QStringList messages;
 };
-Search* current = nullptr;
+Search* search = nullptr;
 
 /// Qt's word for the trouble, or a better one where all it knows is a name that is empty.
 QString causeOf(const QString& trouble) {
@@ -34,15 +34,15 @@ QString causeOf(const QString& trouble) {
 }
 
 void keepMessage(QtMsgType type, const QMessageLogContext& context, const QString& message) {
-    if (current->firstTrouble.isEmpty()) {
-        current->firstTrouble = message;
+    if (search->firstTrouble.isEmpty()) {
+        search->firstTrouble = message;
     }
-    current->messages.append(qFormatLogMessage(type, context, message));
+    search->messages.append(qFormatLogMessage(type, context, message));
     if (type != QtFatalMsg) {
         return;
     }
-    const QString line = current->program + QLatin1String(": no window can be shown: ") +
-                         causeOf(current->firstTrouble) + u'\n';
+    const QString line = search->program + QLatin1String(": no window can be shown: ") +
+                         causeOf(search->firstTrouble) + u'\n';
     std::fputs(qUtf8Printable(line), stderr);
     std::_Exit(1);
 }
@@ -59,14 +59,14 @@ void startNoSessionBus() {
 
 std::unique_ptr<QApplication> openDisplay(int& count, char** arguments) {
     startNoSessionBus();
-    Search search;
-    search.program = QFileInfo(QString::fromLocal8Bit(arguments[0])).fileName();
-    current = &search;
+    Search looking;
+    looking.program = QFileInfo(QString::fromLocal8Bit(arguments[0])).fileName();
+    search = &looking;
     const QtMessageHandler others = qInstallMessageHandler(keepMessage);
     auto application = std::make_unique<QApplication>(count, arguments);
     qInstallMessageHandler(others);
-    current = nullptr;
-    for (const QString& message : search.messages) {
+    search = nullptr;
+    for (const QString& message : looking.messages) {
         std::fprintf(stderr, "%s\n", qUtf8Printable(message));
     }
     return application;

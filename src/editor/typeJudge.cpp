@@ -2,18 +2,10 @@
 // image.
 
 #include "editor/mainController.h"
+#include "editor/refill.h"
 #include "tables/data.h"
 
 namespace editor {
-
-namespace {
-
-void refill(toolkit::ComboBox& box, texts::List list) {
-    box.removeAllItems();
-    box.addItemsWithObjectValues(list);
-}
-
-}  // namespace
 
 void mainController::typeJudge() {
     const int layer = state_.layers.layrData;

@@ -7,19 +7,11 @@
 #include "editor/mainController.h"
 #include "editor/pad.h"
 #include "editor/padWriters.h"
+#include "editor/refill.h"
 #include "tables/data.h"
 #include "tables/shortLists.h"
 
 namespace editor {
-
-namespace {
-
-void refill(toolkit::ComboBox& box, texts::List list) {
-    box.removeAllItems();
-    box.addItemsWithObjectValues(list);
-}
-
-}  // namespace
 
 // Two bytes of the first block, which are the channels of pads there too (controls 66 and 68). The
 // overlap is meant.

@@ -6,11 +6,11 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <system_error>
 
 #include "files/CallScript.h"
 #include "files/ChildProcess.h"
 #include "files/TemporaryFolder.h"
+#include "files/refusals.h"
 
 // Files that are written over in place. They are longer than a page, before and after, and a short
 // piece of them is written at a time, so that a failure can come in the middle.
@@ -21,10 +21,6 @@ namespace {
 namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-std::string text(int error) {
-    return std::generic_category().message(error);
-}
 
 class OverwriteFile : public testing::Test {
 protected:
@@ -37,11 +33,6 @@ protected:
         EXPECT_EQ(result.reason, "");
         EXPECT_EQ(contents(file), bytes);
         EXPECT_THAT(folder.names(), ElementsAre("file"));
-    }
-
-    void expectRefused(const ReplaceResult& result, const std::string& reason) {
-        EXPECT_FALSE(result.replaced);
-        EXPECT_EQ(result.reason, reason);
     }
 
     const TemporaryFolder folder;
@@ -97,7 +88,7 @@ TEST_F(OverwriteFile, TouchesNothingWhereThereIsNoRoom) {
     for (const int error : {ENOSPC, EDQUOT, EFBIG}) {
         CallScript script;
         script.fail("fallocate", error);
-        expectRefused(overwriteFile(file, longer), text(error));
+        expectRefused(overwriteFile(file, longer), wordFor(error));
         EXPECT_THAT(script.calls(), ElementsAre("open", "read", "read", "fallocate", "close"));
         EXPECT_EQ(contents(file), old);
     }
@@ -107,7 +98,7 @@ TEST_F(OverwriteFile, TouchesNothingOnADiskThatIsReallyFull) {
     withFileSystem(folder.path(), "size=16k", [&] {
         write(file, old);
         write(folder / "filler", std::string(8192, 'x'));
-        expectRefused(overwriteFile(file, longer), text(ENOSPC));
+        expectRefused(overwriteFile(file, longer), wordFor(ENOSPC));
         EXPECT_EQ(contents(file), old);
         EXPECT_TRUE(overwriteFile(file, std::string(8192, 'n')).replaced);
         EXPECT_EQ(contents(file), std::string(8192, 'n'));
@@ -129,7 +120,7 @@ TEST_P(OverwriteFileFailing, PutsTheOldFileBack) {
             CallScript script;
             script.shorten(1000);
             script.fail(GetParam().call, error, 1, GetParam().after);
-            expectRefused(overwriteFile(file, bytes), text(error));
+            expectRefused(overwriteFile(file, bytes), wordFor(error));
             EXPECT_EQ(contents(file), old);
             EXPECT_THAT(folder.names(), ElementsAre("file"));
             EXPECT_EQ(script.calls().back(), "close");
@@ -148,17 +139,17 @@ TEST_F(OverwriteFile, SaysSoWhereTheOldFileCannotBePutBack) {
     CallScript script;
     script.shorten(1000);
     script.fail("write", ENOSPC, 1000, 3);
-    expectRefused(overwriteFile(file, shorter), text(ENOSPC) + damaged);
+    expectRefused(overwriteFile(file, shorter), wordFor(ENOSPC) + damaged);
     script.fail("write", EIO, 1);
     script.fail("open", EACCES, 1, 1);
-    expectRefused(overwriteFile(file, shorter), text(EIO) + damaged);
+    expectRefused(overwriteFile(file, shorter), wordFor(EIO) + damaged);
 }
 
 TEST_F(OverwriteFile, NoticesWhenAnotherFileCameOutThanWasWritten) {
     // A disk that loses what it was told to cut off.
     CallScript script;
     script.pretend("ftruncate");
-    expectRefused(overwriteFile(file, shorter), text(EIO));
+    expectRefused(overwriteFile(file, shorter), wordFor(EIO));
     EXPECT_EQ(contents(file), old);
 }
 
@@ -166,18 +157,18 @@ TEST_F(OverwriteFile, TouchesNothingThatItCannotReadFirst) {
     {
         CallScript script;
         script.fail("read", EIO);
-        expectRefused(overwriteFile(file, longer), text(EIO));
+        expectRefused(overwriteFile(file, longer), wordFor(EIO));
     }
     EXPECT_EQ(contents(file), old);
     fs::permissions(file, fs::perms(0222));
-    asOrdinaryUser([&] { expectRefused(overwriteFile(file, longer), text(EACCES)); });
+    asOrdinaryUser([&] { expectRefused(overwriteFile(file, longer), wordFor(EACCES)); });
     fs::permissions(file, fs::perms(0644));
     EXPECT_EQ(contents(file), old);
 }
 
 TEST_F(OverwriteFile, DoesNotKeepAHugeFileInMemory) {
     fs::resize_file(file, std::uintmax_t{1} << 40);
-    expectRefused(overwriteFile(file, shorter), text(EFBIG));
+    expectRefused(overwriteFile(file, shorter), wordFor(EFBIG));
     EXPECT_EQ(fs::file_size(file), std::uintmax_t{1} << 40);
 }
 
@@ -185,7 +176,7 @@ TEST_F(OverwriteFile, NeverWaitsForAPipe) {
     ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0666), 0);
     inChildProcess([&] {
         ::alarm(20);
-        expectRefused(overwriteFile(folder / "pipe", longer), text(EINVAL));
+        expectRefused(overwriteFile(folder / "pipe", longer), wordFor(EINVAL));
     });
 }
 
@@ -199,7 +190,7 @@ TEST_F(OverwriteFile, RemovesANewFileThatCannotBeWritten) {
     CallScript script;
     script.shorten(1000);
     script.fail("write", ENOSPC, 1, 3);
-    expectRefused(overwriteFile(file, longer), text(ENOSPC));
+    expectRefused(overwriteFile(file, longer), wordFor(ENOSPC));
     EXPECT_THAT(folder.names(), IsEmpty());
 }
 

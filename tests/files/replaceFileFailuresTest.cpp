@@ -7,12 +7,12 @@
 
 #include <array>
 #include <cerrno>
-#include <system_error>
 
 #include "files/CallScript.h"
 #include "files/ChildProcess.h"
 #include "files/FileDescriptor.h"
 #include "files/TemporaryFolder.h"
+#include "files/refusals.h"
 #include "files/replaceFile.h"
 
 // A replacement that fails says why, leaves the old file as it was and nothing beside it.
@@ -24,17 +24,8 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-std::string text(int error) {
-    return std::generic_category().message(error);
-}
-
-void expectRefused(const ReplaceResult& result, const std::string& reason) {
-    EXPECT_FALSE(result.replaced);
-    EXPECT_EQ(result.reason, reason);
-}
-
 void expectRefused(const ReplaceResult& result, int error) {
-    expectRefused(result, text(error));
+    expectRefused(result, wordFor(error));
 }
 
 constexpr const char* noFile = "It is not a file but a device, a pipe or a socket";
@@ -65,7 +56,7 @@ TEST(ReplaceFileFailure, TheTargetIsADevice) {
     const FileDescriptor terminal(::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC));
     std::array<char, 100> name{};
     if (!terminal.isOpen() || ::ptsname_r(terminal.get(), name.data(), name.size()) != 0) {
-        GTEST_SKIP() << "there are no terminals here: " << text(errno);
+        GTEST_SKIP() << "there are no terminals here: " << wordFor(errno);
     }
     ASSERT_TRUE(fs::is_character_file(name.data()));
     expectRefused(replaceFile(name.data(), "new"), noFile);
@@ -236,7 +227,7 @@ TEST(ReplaceFileFailure, OfGivingAwayTheNewFileIsNone) {
         fs::permissions(folder / "file", fs::perms(0640));
         CallScript script;
         script.fail("fchown", error, 2);
-        EXPECT_TRUE(replaceFile(folder / "file", "new").replaced) << text(error);
+        EXPECT_TRUE(replaceFile(folder / "file", "new").replaced) << wordFor(error);
         EXPECT_EQ(contents(folder / "file"), "new");
         EXPECT_EQ(permissions(folder / "file"), 0640U);
     }

@@ -16,10 +16,6 @@ using Trouble = Delivery::Trouble;
 /// How long room is waited for before it is looked for again.
 constexpr milliseconds betweenTries{2};
 
-Time::Point now() {
-    return std::chrono::steady_clock::now();
-}
-
 /// Is another program in the way, for now?
 bool isHeld(int error) {
     // -EAGAIN: the raw device is open elsewhere.
@@ -94,23 +90,23 @@ OSStatus Output::send(const Destination& to, const MIDIPacketList& list) {
         return kMIDINoConnection;
     }
     const RoadPtr road = roadTo(lock, to);
-    road->account.handOver(bytesIn(list), now());
+    road->account.handOver(bytesIn(list), timeNow());
     if (!road->isCut()) {
         put(*road, list);
         startWorker(lock);
-        const Time::Point end = now() + longestCall;
+        const Time::Point end = timeNow() + longestCall;
         for (advance(lock, *road); !road->waiting.empty(); advance(lock, *road)) {
-            if (now() >= end && road->bytesWaiting <= mostWaiting) {
+            if (timeNow() >= end && road->bytesWaiting <= mostWaiting) {
                 break;
             }
             changed_.wait_for(lock, betweenTries);
         }
     }
     if (road->isCut()) {
-        road->account.end(road->hasGone ? Trouble::WentAway : road->cutBy, now());
+        road->account.end(road->hasGone ? Trouble::WentAway : road->cutBy, timeNow());
         return kMIDINoConnection;
     }
-    road->lastUsed = now();
+    road->lastUsed = timeNow();
     return noErr;
 }
 
@@ -118,8 +114,8 @@ void Output::sendInVain(MIDIEndpointRef destination, const MIDIPacketList& list)
     const Lock lock(mutex_);
     const auto found = roads_.find(destination);
     if (found != roads_.end()) {
-        found->second->account.handOver(bytesIn(list), now());
-        found->second->account.end(Trouble::WentAway, now());
+        found->second->account.handOver(bytesIn(list), timeNow());
+        found->second->account.end(Trouble::WentAway, timeNow());
         cut(*found->second, Trouble::WentAway);
     }
 }
@@ -127,7 +123,7 @@ void Output::sendInVain(MIDIEndpointRef destination, const MIDIPacketList& list)
 Output::RoadPtr Output::roadTo(const Lock&, const Destination& to) {
     RoadPtr& road = roads_[to.handle];
     if (road == nullptr) {
-        road = std::make_shared<Road>(to, now());
+        road = std::make_shared<Road>(to, timeNow());
     }
     return road;
 }
@@ -167,8 +163,8 @@ void Output::open(Lock& lock, Road& road) {
     int result = -ENODEV;
     std::string inTheWay;
     if (sender != nullptr) {
-        const Time::Point giveUp = now() + longestHold;
-        while (isHeld(result = subscribe(*sender, port, exclusively)) && now() < giveUp) {
+        const Time::Point giveUp = timeNow() + longestHold;
+        while (isHeld(result = subscribe(*sender, port, exclusively)) && timeNow() < giveUp) {
             std::this_thread::sleep_for(milliseconds(10));
         }
         if (isHeld(result)) {
@@ -182,7 +178,7 @@ void Output::open(Lock& lock, Road& road) {
         road.isExclusive = exclusively;
         road.levelWasSeen = false;
         road.state = Road::State::Open;
-        road.lastUsed = now();
+        road.lastUsed = timeNow();
     } else {
         if (sender != nullptr) {
             spares_.push_back(std::move(sender));
@@ -214,7 +210,7 @@ void Output::pump(Road& road) {
                 return;
             }
         }
-        road.account.accept(message, now());
+        road.account.accept(message, timeNow());
         road.bytesWaiting -= message.size();
         road.waiting.pop_front();
     }
@@ -235,12 +231,12 @@ void Output::look(Road& road) {
             return;
         }
         road.levelWasSeen = level.has_value();
-        road.account.see(level ? level->whole - std::min(level->whole, level->room) : 0, now());
+        road.account.see(level ? level->whole - std::min(level->whole, level->room) : 0, timeNow());
     }
     if (road.state == Road::State::Closed && road.waiting.empty()) {
-        road.account.see(0, now());  // half a message, which waits for its other half
+        road.account.see(0, timeNow());  // half a message, which waits for its other half
     }
-    road.account.pass(now());
+    road.account.pass(timeNow());
     if (road.account.trouble() != Trouble::None) {
         cut(road, road.account.trouble());
     } else if (road.account.isSettled() && road.isAskedFor) {
@@ -252,7 +248,7 @@ void Output::cut(Road& road, Trouble trouble, std::string program) {
     if (road.isCut()) {
         return;
     }
-    road.account.end(trouble, now(), std::move(program));
+    road.account.end(trouble, timeNow(), std::move(program));
     road.cutBy = trouble;
     road.waiting.clear();
     road.bytesWaiting = 0;
@@ -271,9 +267,9 @@ void Output::reopen(Road& road) {
     someWentOrCame_ = someWentOrCame_ || road.isOffline();
     road.cutBy = Trouble::None;
     if (road.isAskedFor && road.account.trouble() != Trouble::None) {
-        road.lastDelivery = road.account.at(now());
+        road.lastDelivery = road.account.at(timeNow());
     }
-    road.account = Account(now());
+    road.account = Account(timeNow());
 }
 
 void Output::forget(MIDIEndpointRef destination) {
@@ -305,9 +301,9 @@ void Output::beginDelivery(const Destination& to, bool hasGone) {
         reopen(road);
     }
     road.lastDelivery.reset();
-    road.account = Account(now(), road.bytesWaiting);
+    road.account = Account(timeNow(), road.bytesWaiting);
     if (hasGone || road.hasGone) {
-        road.account.end(Trouble::WentAway, now());
+        road.account.end(Trouble::WentAway, timeNow());
         road.hasGone = true;
     }
 }
@@ -319,7 +315,7 @@ Delivery Output::delivery(MIDIEndpointRef destination) const {
         return {};
     }
     return found->second->lastDelivery ? *found->second->lastDelivery
-                                       : found->second->account.at(now());
+                                       : found->second->account.at(timeNow());
 }
 
 void Output::abandonDelivery(MIDIEndpointRef destination) {

@@ -20,10 +20,6 @@ constexpr milliseconds tryInterval{2};
 /// How often a program that reads nothing is looked at.
 constexpr milliseconds readingInterval{250};
 
-Time::Point now() {
-    return std::chrono::steady_clock::now();
-}
-
 }  // namespace
 
 void Output::startWorker(const Lock&) {
@@ -68,7 +64,7 @@ void Output::work() {
         if (end_ && !next) {
             break;
         }
-        workerRests_ = !next || *next > now() + lookInterval;
+        workerRests_ = !next || *next > timeNow() + lookInterval;
         if (next) {
             changed_.wait_until(lock, *next);
         } else {
@@ -79,7 +75,7 @@ void Output::work() {
 }
 
 void Output::tend(Lock& lock, Road& road) {
-    if (end_ && now() >= *end_) {
+    if (end_ && timeNow() >= *end_) {
         road.waiting.clear();
         road.bytesWaiting = 0;
     }
@@ -101,21 +97,21 @@ bool Output::isToBeClosed(const Road& road) const {
         const std::optional<FillLevel> level = road.room->level();
         return !level || level->room > road.roomWhenCut || !road.sender->isConnected();
     }
-    return road.isCut() || (road.account.isSettled() && now() - road.lastUsed >= idleTime);
+    return road.isCut() || (road.account.isSettled() && timeNow() - road.lastUsed >= idleTime);
 }
 
 std::optional<Time::Point> Output::nextLookAt(const Road& road) const {
     if (!road.waiting.empty() || (end_ && road.state != Road::State::Closed)) {
-        return now() + tryInterval;
+        return timeNow() + tryInterval;
     }
     if (end_) {
         return std::nullopt;  // also if it is not settled: there is nobody left to tell
     }
     if (road.isToBeSeenReadingAgain() && road.state == Road::State::Open) {
-        return now() + readingInterval;
+        return timeNow() + readingInterval;
     }
     if (!road.account.isSettled()) {
-        return now() + lookInterval;
+        return timeNow() + lookInterval;
     }
     return road.state == Road::State::Open ? std::optional(road.lastUsed + idleTime) : std::nullopt;
 }
@@ -125,7 +121,7 @@ void Output::close(Lock& lock, Road& road) {
     std::unique_ptr<Sender> sender = std::move(road.sender);
     road.room.reset();
     const auto left =
-        std::chrono::duration_cast<milliseconds>(end_.value_or(Time::Point()) - now());
+        std::chrono::duration_cast<milliseconds>(end_.value_or(Time::Point()) - timeNow());
     const milliseconds patience = road.isCut() ? milliseconds::zero()
                                   : end_       ? left
                                                : milliseconds(longestFarewell);
@@ -156,7 +152,7 @@ void Output::removeGone(const Lock&) {
 void Output::end() {
     Lock lock(mutex_);
     if (!end_) {
-        end_ = now() + longestFarewell;
+        end_ = timeNow() + longestFarewell;
     }
     changed_.notify_all();
     if (!worker_.joinable()) {

@@ -13,4 +13,9 @@ struct Time {
     std::function<Point()> now = [] { return std::chrono::steady_clock::now(); };
 };
 
+/// What the clock says where it is no other.
+[[nodiscard]] inline Time::Point timeNow() {
+    return std::chrono::steady_clock::now();
+}
+
 }  // namespace platform::alsa

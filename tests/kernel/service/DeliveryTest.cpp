@@ -29,7 +29,7 @@ using testing::Le;
 /// MIDI. The kernel counts it as gone, and nothing can call it back.
 constexpr std::size_t onItsWay = std::size_t{7} * 48;
 
-const Bytes note{0x9F, 5, 5};
+const Bytes shortMessage{0x9F, 5, 5};
 
 Bytes block(int number) {
     Bytes bytes = sysEx(254);
@@ -59,8 +59,8 @@ protected:
     void upload(int count) {
         for (int sentSoFar = 0; sentSoFar < count && delivery().trouble == Trouble::None;
              ++sentSoFar) {
-            send(*port, note);
-            sent.insert(sent.end(), note.begin(), note.end());
+            send(*port, shortMessage);
+            sent.insert(sent.end(), shortMessage.begin(), shortMessage.end());
             std::this_thread::sleep_for(2ms);
         }
     }
@@ -144,7 +144,7 @@ TEST_F(Deliveries, HalfAMessageIsNoTrouble) {
     EXPECT_EQ(settled().trouble, Trouble::None);
     send(*port, {5});
     EXPECT_EQ(settled().trouble, Trouble::None);
-    EXPECT_EQ(device.received().all(), note);
+    EXPECT_EQ(device.received().all(), shortMessage);
 }
 
 TEST_F(Deliveries, ADeviceThatIsPulledOutAfterAnyOfFourBlocksWentAway) {
@@ -181,7 +181,7 @@ TEST_F(Deliveries, AfterADeviceIsPulledOutAndPluggedInAgainALongSendDoesNotGoOn)
     device.received().forget();
     // It is not told of trouble: it goes on in vain.
     for (int time = 0; time < 100; ++time) {
-        send(*port, note);
+        send(*port, shortMessage);
         std::this_thread::sleep_for(2ms);
     }
     EXPECT_TRUE(port->isOffline());
