@@ -13,7 +13,7 @@ namespace {
 
 /// What a person is told of a save that wrote into the file itself; the save has succeeded.
 constexpr const char* notInOneStep =
-    " by writing into the file itself; a power cut meanwhile would have damaged it";
+    " by writing into the file itself; a power cut meanwhile could have damaged it";
 
 }  // namespace
 

@@ -49,6 +49,7 @@ public:
             const ssize_t count =
                 uninterrupted([&] { return ::write(descriptor_, bytes.data(), bytes.size()); });
             if (count <= 0) {
+                errno = count == 0 ? EIO : errno;
                 return false;
             }
             bytes.remove_prefix(static_cast<std::size_t>(count));

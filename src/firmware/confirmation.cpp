@@ -61,7 +61,8 @@ std::vector<std::string> warningsOf(const FirmwareState& state, const UploadOutp
         warnings.emplace_back("NO OUTPUT is chosen. Not one byte will be written.");
     } else if (!output.online) {
         warnings.emplace_back(
-            "The output is OFFLINE. Not one byte will be written unless it comes back.");
+            "The output is OFFLINE. Not one byte will be written unless it comes back "
+            "before you press OK.");
     }
     return warnings;
 }

@@ -84,6 +84,9 @@ void firm::upDate() {
                                             reasonOf(receipt) + ".");
     }
     devices_.midi_device_open = 0;
+    if (state_.upload && !state_.upload->receipt().isSettled) {
+        followUpload();  // the message went the same way, so no more will be known of it
+    }
     if (hasLeft) {
         stepDone(updateModeStep);
     } else {

@@ -6,6 +6,7 @@
 #include "sending/Uploader.h"
 
 namespace firmware {
+
 void firm::upLoad() {
     if (!mayUpload()) {
         return;
@@ -23,7 +24,9 @@ void firm::upLoad() {
     state_.m_bin_file = 0;
     state_.lastStepDone = state_.upload ? openStep : checkStep;
     followUpload();
-    const std::string outcome = step5.stringValue();
+    // What is not known yet would be stale before the alert is answered.
+    const bool isKnown = !state_.upload || state_.upload->receipt().isSettled;
+    const std::string outcome = isKnown ? step5.stringValue() : "";
     alert("Upload", "Upload completed." + (outcome.empty() ? "" : "\n\n" + outcome));
     if (!state_.upload || !state_.upload->receipt().isCut()) {
         progress.setDoubleValue(0);

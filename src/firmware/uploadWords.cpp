@@ -18,7 +18,18 @@ std::string ofAll(std::uint64_t blocks, std::uint64_t all) {
 }
 
 std::string all(const UploadBlocks& blocks) {
-    return blocks.all == 1 ? "The one block" : "All " + inWords(blocks.all) + " blocks";
+    switch (blocks.all) {
+        case 0:
+            return "The command to erase";
+        case 1:
+            return "The one block";
+        default:
+            return "All " + inWords(blocks.all) + " blocks";
+    }
+}
+
+std::string allHandedOver(const UploadBlocks& blocks) {
+    return all(blocks) + (blocks.all > 1 ? " were" : " was") + " handed over. ";
 }
 
 /// What has left, and what that means for the controller, around the reason.
@@ -35,9 +46,12 @@ std::string cutInWords(const Receipt& upload) {
         return "Not one block left this computer" + reason;
     }
     if (blocks.left == blocks.all) {
-        return (blocks.all == 0 ? "The command to erase" : all(blocks)) +
-               " left this computer, but not the reset at the end" + reason + its +
-               (blocks.all == 0 ? "may be erased. " : "may be incomplete. ");
+        // Pulled out, or gone to start anew: what it took last was not seen.
+        const bool isUnseen = upload.trouble == Trouble::WentAway;
+        return all(blocks) + " left this computer" +
+               (isUnseen ? ". Whether the reset at the end did is not known"
+                         : ", but not the reset at the end") +
+               reason + its + (blocks.all == 0 ? "may be erased. " : "may be incomplete. ");
     }
     if (blocks.left == 0) {
         return "Not one block left this computer" + reason + its + "may be erased. ";
@@ -85,12 +99,10 @@ std::string outcomeOf(const Receipt& upload) {
     }
     const UploadBlocks blocks = sending::blocksOf(upload);
     if (!upload.isSettled) {
-        return all(blocks) + (blocks.all == 1 ? " was" : " were") +
-               " handed over. Waiting until the controller has taken everything.";
+        return allHandedOver(blocks) + "Waiting until the controller has taken everything.";
     }
     if (!upload.hasLeft()) {
-        return all(blocks) + (blocks.all == 1 ? " was" : " were") +
-               " handed over. Whether the controller took everything is not known.";
+        return allHandedOver(blocks) + "Whether the controller took everything is not known.";
     }
     if (blocks.all == 0) {
         return "The file was empty: the controller was told to erase its firmware, and nothing was "

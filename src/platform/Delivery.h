@@ -28,7 +28,7 @@ struct Delivery {
     std::chrono::milliseconds standstill{0};
     /// Nothing will change any more: there is trouble, or everything has left and the destination
     /// was still there for a while afterwards (longer than the system takes to notice that a device
-    /// was pulled out), or that could not be found out within a limit.
+    /// was pulled out).
     bool isSettled = true;
 
     bool operator==(const Delivery&) const = default;

@@ -27,7 +27,7 @@ QSize TextFieldView::minimumSizeHint() const {
 }
 
 QString TextFieldView::shownText() const {
-    const bool fits = sizeHint().width() <= width();
+    const bool fits = wordWrap() || sizeHint().width() <= width();
     return fits ? text() : fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
 }
 

@@ -7,8 +7,9 @@
 
 namespace qt {
 
-/// Shows a `toolkit::TextField` in one line. A text that finds no room is cut with "..." and shown
+/// Shows a `toolkit::TextField` in one line. A text that finds no space is cut with "..." and shown
 /// whole in the tool tip; a screen reader always reads it whole. So it never keeps a window wide.
+/// One that wraps its words is never cut: whoever makes it wrap gives it the height.
 class TextFieldView final : public QLabel {
 public:
     /// `whenEmpty` is shown while the field has no text.

@@ -141,7 +141,7 @@ TEST_F(Saving, TellsInTheStatusLineWhetherThePresetWasReplacedInOneStep) {
     save(editor, file);
     EXPECT_EQ(
         window.status.stringValue(),
-        "Saved My preset.Tormelk by writing into the file itself; a power cut meanwhile would "
+        "Saved My preset.Tormelk by writing into the file itself; a power cut meanwhile could "
         "have damaged it");
     EXPECT_EQ(contents(folder / "its other name"), formattedPreset(state.sysData));
     EXPECT_EQ(state.bChange, 0);

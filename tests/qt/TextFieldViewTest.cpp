@@ -46,6 +46,19 @@ TEST(TextFieldView, CutsWhatFindsNoRoomAndOnlyThat) {
     EXPECT_EQ(view.text().size(), 127);
 }
 
+TEST(TextFieldView, NeverCutsATextWhoseWordsItWraps) {
+    toolkit::TextField model;
+    model.setStringValue("Only 4 of 12 blocks left this computer");
+    TextFieldView view(model);
+    view.setWordWrap(true);
+    QLabel plain(QStringLiteral("Only 4 of 12 blocks left this computer"));
+    plain.setWordWrap(true);
+    for (QLabel* label : {static_cast<QLabel*>(&view), &plain}) {
+        label->resize(120, 100);
+    }
+    EXPECT_EQ(view.grab().toImage(), plain.grab().toImage());
+}
+
 TEST(TextFieldView, TakesNoTextForMarkup) {
     toolkit::TextField model;
     model.setStringValue("<b>1</b>");

@@ -1,7 +1,7 @@
 #pragma once
 
-// The editor's logic put together with no MIDI device, and without a screen or for one, for tests that
-// work it through its widget models or set a window upon it.
+// The editor's logic put together with no MIDI device, and without a screen or for one, for tests
+// that work it through its widget models or set a window upon it.
 
 #include "devices/seldev.h"
 #include "editor/EditorState.h"

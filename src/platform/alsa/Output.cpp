@@ -266,7 +266,7 @@ void Output::cut(Road& road, Trouble trouble, std::string program) {
 void Output::reopen(Road& road) {
     someWentOrCame_ = someWentOrCame_ || road.isOffline();
     road.cutBy = Trouble::None;
-    if (road.isAskedFor && road.account.trouble() != Trouble::None) {
+    if (road.isAskedFor && !road.lastDelivery) {
         road.lastDelivery = road.account.at(timeNow());
     }
     road.account = Account(timeNow());
@@ -304,6 +304,7 @@ void Output::beginDelivery(const Destination& to, bool hasGone) {
     road.account = Account(timeNow(), road.bytesWaiting);
     if (hasGone || road.hasGone) {
         road.account.end(Trouble::WentAway, timeNow());
+        cut(road, Trouble::WentAway);  // nothing may go on waiting for it
         road.hasGone = true;
     }
 }
