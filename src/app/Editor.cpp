@@ -11,15 +11,11 @@ Editor::Editor(platform::MidiService& midiService, qt::QtDesktop& desktopForIt)
       firmware(midiProcess),
       controller(state, window, desktop, devices, firmware),
       view(window, controller),
-      midiDispatcher(midiService) {
+      midiDispatcher(midiService),
+      lastWindowClosed(desktop.onLastWindowClosed(
+          [this] { (void)controller.applicationShouldTerminateAfterLastWindowClosed(); })) {
     qt::addEditorViews(desktop);
-    desktop.onLastWindowClosed(
-        [this] { (void)controller.applicationShouldTerminateAfterLastWindowClosed(); });
     controller.awakeFromNib();
-}
-
-Editor::~Editor() {
-    desktop.onLastWindowClosed(nullptr);
 }
 
 }  // namespace app

@@ -20,7 +20,6 @@ struct Editor {
     Editor(platform::MidiService& midiService, qt::QtDesktop& desktop);
     Editor(const Editor&) = delete;
     Editor& operator=(const Editor&) = delete;
-    ~Editor();
 
     void show() { window.window.makeKeyAndOrderFront(); }
 
@@ -34,6 +33,7 @@ struct Editor {
     editor::mainController controller;
     qt::MainWindowView view;
     qt::MidiDispatcher midiDispatcher;
+    qt::QtDesktop::Registration lastWindowClosed;
 };
 
 }  // namespace app

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 #include <typeinfo>
 #include <utility>
 
@@ -30,6 +31,8 @@ public:
 private:
     int& count_;
 };
+
+constexpr std::string_view lastWindowClosed = "LastWindowClosed";
 
 constexpr int iconSize = 40;  // of the program's icon beside an alert
 
@@ -58,6 +61,11 @@ QtDesktop::QtDesktop(EndProcess endProcess) : endProcess_(std::move(endProcess))
 }
 
 QtDesktop::~QtDesktop() = default;
+
+QtDesktop::Registration QtDesktop::onLastWindowClosed(std::function<void()> handler) {
+    return notificationCentre_.addObserver(
+        lastWindowClosed, [handler = std::move(handler)](const void*) { handler(); });
+}
 
 toolkit::AlertAnswer QtDesktop::runAlertPanel(const toolkit::Alert& alert) {
     sleeper_.endJob();
@@ -163,8 +171,8 @@ bool QtDesktop::HideWatch::eventFilter(QObject* watched, QEvent* event) {
 void QtDesktop::lookForLastWindow() {
     // The pad editor, which is modal, hides the main window and brings it back by itself.
     const bool busy = !modalRuns_.empty() || panels_ > 0;
-    if (!busy && lastWindowClosed_ && !isAnyWindowVisible()) {
-        lastWindowClosed_();
+    if (!busy && !isAnyWindowVisible()) {
+        notificationCentre_.postNotification(lastWindowClosed, this);
     }
 }
 

@@ -20,6 +20,7 @@
 #include <typeindex>
 #include <vector>
 
+#include "platform/NotificationCentre.h"
 #include "qt/DialogView.h"
 #include "qt/FilePanels.h"
 #include "qt/Sleeper.h"
@@ -45,11 +46,11 @@ public:
             });
     }
 
+    using Registration = platform::NotificationCentre::Registration;
     /// Runs when the last visible window has been closed, unless a modal run or a panel is under
-    /// way.
-    void onLastWindowClosed(std::function<void()> handler) {
-        lastWindowClosed_ = std::move(handler);
-    }
+    /// way; for as long as the registration lives, which must not outlive the desktop. Everyone who
+    /// registers is called, for several editors may share a desktop.
+    [[nodiscard]] Registration onLastWindowClosed(std::function<void()> handler);
 
     /// Runs around every wait of a sleep: for what cannot wait until the job is done.
     void onSleep(std::function<void()> lookUp) { sleeper_.onSleep(std::move(lookUp)); }
@@ -91,7 +92,7 @@ private:
     std::vector<ModalRun*> modalRuns_;  // the innermost last
     int panels_ = 0;                    // alerts and file panels being shown
     std::map<toolkit::WindowController*, std::unique_ptr<DialogView>> shown_;
-    std::function<void()> lastWindowClosed_;
+    platform::NotificationCentre notificationCentre_;
     HideWatch hideWatch_{*this};
 };
 

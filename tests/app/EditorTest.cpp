@@ -247,6 +247,28 @@ TEST_F(EditorTest, SharesAProcessWithAnotherEditorUnharmed) {
     EXPECT_EQ(send(editor), "Send Done");
 }
 
+/// Hides the windows and opens and closes the only other one, of `editor`.
+void closeLastWindow(Editor& editor, const std::vector<Editor*>& hidden) {
+    for (Editor* each : hidden) {
+        each->window.window.orderOut();
+    }
+    editor.controller.about();
+    ASSERT_EQ(aboutWindows().size(), 1U);
+    aboutWindows()[0]->close();
+}
+
+TEST_F(EditorTest, ComesBackBesideAnotherEditorOfItsDesktopAndAfterThatOneIsGone) {
+    platform::software::SoftwareMidiService secondService;
+    auto second = std::make_unique<Editor>(secondService, desktop);
+    second->show();
+    closeLastWindow(editor, {&editor, second.get()});
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return editor.view.isVisible() && second->view.isVisible(); }, 1000));
+    second.reset();
+    closeLastWindow(editor, {&editor});
+    EXPECT_TRUE(QTest::qWaitFor([this] { return editor.view.isVisible(); }, 1000));
+}
+
 /// The editor on a computer whose sequencer cannot be opened: with this error, until the folder of
 /// its device node has news.
 struct EditorWithoutMidi {

@@ -8,6 +8,7 @@
 #include <QTest>
 #include <QTimer>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "app/Robot.h"
@@ -259,7 +260,7 @@ TEST_F(QtDesktopTest, BuildsANewViewForANewControllerInThePlaceOfAnOldOne) {
 
 TEST_F(QtDesktopTest, CallsForTheMainWindowWhenTheLastWindowIsClosed) {
     int calls = 0;
-    desktop.onLastWindowClosed([&calls] { ++calls; });
+    const auto registration = desktop.onLastWindowClosed([&calls] { ++calls; });
     Plain controller;
     desktop.showWindow(controller);
     controller.window().close();
@@ -269,7 +270,7 @@ TEST_F(QtDesktopTest, CallsForTheMainWindowWhenTheLastWindowIsClosed) {
 
 TEST_F(QtDesktopTest, DoesNotCallWhileAnotherWindowIsOpen) {
     int calls = 0;
-    desktop.onLastWindowClosed([&calls] { ++calls; });
+    const auto registration = desktop.onLastWindowClosed([&calls] { ++calls; });
     QWidget other;
     other.show();
     Plain controller;
@@ -281,7 +282,7 @@ TEST_F(QtDesktopTest, DoesNotCallWhileAnotherWindowIsOpen) {
 
 TEST_F(QtDesktopTest, DoesNotCallInTheMiddleOfAModalRun) {
     int calls = 0;
-    desktop.onLastWindowClosed([&calls] { ++calls; });
+    const auto registration = desktop.onLastWindowClosed([&calls] { ++calls; });
     Plain plain;
     Controller controller(desktop);
     desktop.showWindow(plain);
@@ -293,6 +294,24 @@ TEST_F(QtDesktopTest, DoesNotCallInTheMiddleOfAModalRun) {
         desktop.stopModal();
     });
     desktop.runModalForWindow(controller);
+}
+
+TEST_F(QtDesktopTest, CallsEveryoneWhoStillWantsToKnowOfTheLastWindow) {
+    int firstCalls = 0;
+    int secondCalls = 0;
+    std::optional first(desktop.onLastWindowClosed([&firstCalls] { ++firstCalls; }));
+    const auto second = desktop.onLastWindowClosed([&secondCalls] { ++secondCalls; });
+    Plain controller;
+    desktop.showWindow(controller);
+    controller.window().close();
+    EXPECT_TRUE(QTest::qWaitFor([&secondCalls] { return secondCalls == 1; }, 1000));
+    EXPECT_EQ(firstCalls, 1);
+
+    first.reset();
+    controller.window().makeKeyAndOrderFront();
+    controller.window().close();
+    EXPECT_TRUE(QTest::qWaitFor([&secondCalls] { return secondCalls == 2; }, 1000));
+    EXPECT_EQ(firstCalls, 1);
 }
 
 TEST_F(QtDesktopTest, DoesNotEndTheProgramWithItsLastWindow) {
