@@ -62,9 +62,10 @@ public:
 
     void set_Title();
 
+    // Connected to nothing: no click and no other room reads or writes these. The upload neither
+    // asks a controller for its version nor sends one.
     void setFmVer(std::int32_t version) { FmVer_ = version; }
     [[nodiscard]] std::int32_t FmVer() const { return FmVer_; }
-    // Of the window's state, these two are for whoever has a use for them.
     std::int32_t steps = 0;
     std::int32_t DRVversion = 0;
 
@@ -103,8 +104,8 @@ private:
     devices::seldevChoice& devices_;
     toolkit::Desktop& desktop_;
     platform::NotificationCentre::Registration setupChanges_;
-    std::string checked_;  // what step 2 found
-    std::int32_t FmVer_ = 0;
+    std::string checked_;     // what step 2 found
+    std::int32_t FmVer_ = 0;  // connected to nothing: see setFmVer
 };
 
 }  // namespace firmware
