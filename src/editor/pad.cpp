@@ -271,7 +271,8 @@ void pad::chooseChannel(int index) {
         index));
 }
 
-/// The live image gets the position in the list, the working copy the milliseconds; meant so.
+/// The live image gets the position in the list, the working copy the milliseconds. The position is
+/// never sent: when the pad editor closes, the working copy takes its place.
 void pad::chooseInterval(int index) {
     config::setTrailer(state_.pads.sysbuf_domal, currentLayer(), config::intervalOffset,
                        index + firstInterval);

@@ -121,16 +121,17 @@ void mainController::chooseTrigger(int index) {
         state_.layers.bTrigAll.set(layer, true);
         makeWholeLayerTrigger(layer, index == 3);
     } else if (window_.combo_cc.indexOfSelectedItem() == blankTrigger) {
-        // The blank. It is the value box that decides whether the stored choice is shown again, and
-        // the pad layer's block that is asked for it. Both are meant.
+        // The blank changes nothing in the image. It is the value box that decides whether the
+        // stored choice is shown again, and the pad layer's block that is asked for it, so that the
+        // box may stay blank, or show another layer's choice, until the next selection.
         const int padLayer = state_.layers.m_paLa;
         window_.combo_trig.selectItemAtIndex(
             triggerIndex(padLayer, control, config::mode(state_.sysData, padLayer, control)));
     }
 }
 
-/// Controls 0 to 46. The last encoder push, 47, is left out although it has a trigger behaviour;
-/// that is meant.
+/// Controls 0 to 46. The last encoder push, 47, has a trigger behaviour too, but keeps its own: it
+/// is changed by selecting it. The report counts the controls accordingly.
 void mainController::makeWholeLayerTrigger(int layer, bool toggles) {
     constexpr int lastControl = 46;
     report(describe::reportTriggerOfAll(layer, toggles, lastControl + 1));

@@ -104,8 +104,8 @@ void mainController::judgeKind(int modeByte) {
     state_.selection.msg_Typ = hui ? kindControlChange : typePosition(config::shownKind(modeByte));
 }
 
-/// Fills the value box for the kind in `msg_Typ`. HUI mode offers no values. The list for an
-/// unknown kind differs between an ordinary control (programs) and a pad (notes); both are meant.
+/// Fills the value box for the kind in `msg_Typ`. HUI mode offers no values. For an unknown kind an
+/// ordinary control offers programs and a pad notes, as whoever calls says.
 void mainController::refillValues(texts::List listForUnknownKind) {
     const bool hui = window_.combo_mode.indexOfSelectedItem() == huiMode;
     window_.combo_cc.removeAllItems();
@@ -149,8 +149,9 @@ int mainController::triggerIndex(int layerOfFlag, int control, int modeByte) con
 }
 
 /// While the pad editor is open the boxes show no value. Whether type and channel box hold their
-/// blank already is looked up at the last position of the trigger box, not at their own; that
-/// borrowed position is meant. Behind the end of a list there is no blank.
+/// blank already is looked up at the last position of the trigger box, not at their own. So they
+/// can get a second blank, and whoever reads them must take that for a blank, too. Behind the end
+/// of a list there is no blank.
 void mainController::showBlanksBesidePadEditor() {
     window_.combo_cc.removeAllItems();
     for (toolkit::ComboBox* box : {&window_.combo_type, &window_.combo_chan, &window_.combo_trig}) {

@@ -13,8 +13,8 @@
 
 namespace editor {
 
-// Two bytes of the first block, which are the channels of pads there too (controls 66 and 68). The
-// overlap is meant.
+// Two bytes of the first block, which are the channels of pads there too (controls 66 and 68): what
+// changes them changes these channels, and the channel box has to show it.
 
 void mainController::toggle() {
     state_.sysData[triggerPosition] ^= 5;
@@ -95,7 +95,7 @@ void mainController::labelFactoryMode(int mode, int control) {
             window_.combo_cc.addItemWithObjectValue(" ");
             window_.combo_cc.selectItemAtIndex(0);
             break;
-        default:  // Nuendo; Logic shows the Nuendo list too, which is meant
+        default:  // Nuendo, and Logic: its own list is not offered here
             window_.combo_cc.addItemsWithObjectValues(tables::data::ND());
     }
 }

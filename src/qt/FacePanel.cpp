@@ -16,7 +16,8 @@ namespace qt {
 
 namespace {
 
-/// Below this the lettering would be too small.
+/// Pixels for a unit of the plan, at the least: the panel gets no smaller, because the lettering on
+/// its faces could not be read any more.
 constexpr qreal smallestUnit = 0.94;
 
 QSize scaled(const QSizeF& plan, qreal unit) {
@@ -34,7 +35,8 @@ FacePanel::FacePanel(CasePlan plan, const QString& outlet, const QString& name, 
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
-/// The keyboard may wander over the faces while they go.
+/// The faces are destroyed one by one after this. As one of them goes, Qt may give the focus to the
+/// next, which must not tell a panel that is half gone.
 FacePanel::~FacePanel() {
     for (FaceButton* face : faces_) {
         face->onFocus = nullptr;
@@ -119,7 +121,9 @@ void FacePanel::arrange() {
 }
 
 QSize FacePanel::sizeHint() const {
-    constexpr qreal usualLettering = 13;  // pixels of a desktop's font
+    // Larger lettering of the desktop's makes the drawing larger, so that what stands on the faces
+    // can be read as easily; not without a limit, for the window must fit on a screen.
+    constexpr qreal usualLettering = 13;  // pixels
     const qreal lettering = QFontInfo(font()).pixelSize();
     return scaled(plan_.size, std::clamp(lettering / usualLettering, 1.0, 1.5));
 }

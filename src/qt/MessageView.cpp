@@ -12,17 +12,20 @@ namespace qt {
 
 namespace {
 
+/// Pixels. Text that is broken into lines needs a width that is given: from it follows the height
+/// of the window, which cannot be resized.
 constexpr int textWidth = 440;
-constexpr int longestWord = 40;  // letters; a longer one may be broken anywhere
+constexpr int longestWord = 40;  // letters; it fits into a line
 
-/// A text in which also a long file name can be broken into lines.
+/// A text whose long words, file names for example, may be broken anywhere behind `longestWord`
+/// letters: a label breaks between words only, and would cut the rest of the name off.
 QString breakable(const std::string& text) {
     QString all;
     int letters = 0;
     for (const QChar letter : asText(text)) {
         letters = letter.isSpace() ? 0 : letters + 1;
         if (letters > longestWord && !letter.isLowSurrogate()) {
-            all += QChar(0x200B);
+            all += QChar(0x200B);  // of no width; a line may end here
         }
         all += letter;
     }
@@ -44,7 +47,9 @@ MessageView::MessageView(firmware::message& controller)
       cancel_(new ButtonView(controller.cancelButton, ButtonView::Kind::Command,
                              QStringLiteral("Cancel"))) {
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
-    installEventFilter(this);  // asked before the filter that closes the model
+    // The filter installed last is asked first: a close by the desktop becomes a press of Cancel
+    // before the filter that would close the model without an answer.
+    installEventFilter(this);
     auto* ok = new ButtonView(controller.okButton, ButtonView::Kind::Command, QStringLiteral("OK"));
     ok->setObjectName(QStringLiteral("ok"));
     cancel_->setObjectName(QStringLiteral("cancel"));

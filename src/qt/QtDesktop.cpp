@@ -34,14 +34,18 @@ private:
 
 constexpr std::string_view lastWindowClosed = "LastWindowClosed";
 
-constexpr int iconSize = 40;  // of the program's icon beside an alert
+/// Pixels. Beside an alert stands the program's own icon and no warning sign, for most alerts say
+/// that all is well.
+constexpr int iconSize = 40;
 
-/// Two words and a button make a window that is hardly noticed.
+/// An alert of two words and a button would be so small a window that it is overlooked.
 void widen(QMessageBox& box) {
     constexpr int width = 260;
     if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
         grid->setContentsMargins(16, 16, 16, 12);
-        grid->setHorizontalSpacing(4);  // a spacer of its own stands between icon and text
+        // Qt has put a spacer between icon and text; the usual spacing on both sides of it as well
+        // would tear them apart.
+        grid->setHorizontalSpacing(4);
         grid->addItem(new QSpacerItem(width, 0, QSizePolicy::Minimum, QSizePolicy::Fixed),
                       grid->rowCount(), 0, 1, grid->columnCount());
     }
@@ -108,7 +112,8 @@ int QtDesktop::runModalForWindow(toolkit::WindowController& controller) {
         return 0;
     }
     if (QWidget* behind = windowInFront()) {
-        view->setParent(behind, view->windowFlags());  // placed over it, and kept above it
+        // So the window manager places it over that window and never lets it slip behind.
+        view->setParent(behind, view->windowFlags());
     }
     view->setWindowModality(Qt::ApplicationModal);
     ModalRun run;
@@ -151,7 +156,8 @@ void QtDesktop::exit(int status) {
         endProcess_(status);
         return;
     }
-    // At once: what is under way, a modal run perhaps, is not unwound.
+    // At once: who asks may be in the middle of a modal run or of an upload, and returning there
+    // would let it go on.
     std::fflush(nullptr);
     std::_Exit(status);
 }
@@ -169,7 +175,8 @@ bool QtDesktop::HideWatch::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void QtDesktop::lookForLastWindow() {
-    // The pad editor, which is modal, hides the main window and brings it back by itself.
+    // The pad editor, which is modal, hides the main window and brings it back by itself. An alert
+    // or a dialog that is still open will return to whoever opened it, and that may show a window.
     const bool busy = !modalRuns_.empty() || panels_ > 0;
     if (!busy && !isAnyWindowVisible()) {
         notificationCentre_.postNotification(lastWindowClosed, this);

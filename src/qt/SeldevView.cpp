@@ -12,7 +12,8 @@ namespace qt {
 
 namespace {
 
-constexpr int nameWidth = 28;  // letters; MIDI port names are long
+/// Letters. Names of MIDI ports are long and begin alike: cut, two of them could not be told apart.
+constexpr int nameWidth = 28;
 
 }  // namespace
 
@@ -31,6 +32,7 @@ SeldevView::SeldevView(devices::DeviceDialog& controller)
     hint_->setObjectName(QStringLiteral("hint"));
     hint_->setTextFormat(Qt::PlainText);
     hint_->setWordWrap(true);
+    // The command that it may advise can be copied.
     hint_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 
     auto* ok = new ButtonView(controller.okButton, ButtonView::Kind::Command, QStringLiteral("OK"));

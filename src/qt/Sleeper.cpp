@@ -11,7 +11,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// A person takes a window for hung much later, a window manager later still.
+/// How often a window under a long job is let paint itself and answer the window manager. Often
+/// enough that nobody takes it for hung; seldom, because the time it takes may make a pause longer.
 constexpr auto betweenBreaths = 100ms;
 
 }  // namespace
@@ -20,7 +21,8 @@ void Sleeper::sleep(std::chrono::duration<double> seconds) {
     const Clock::time_point start = Clock::now();
     const Clock::time_point end = sending::ExactSleeper::endOf(start, seconds);
     if (start - lastSleepEnd_ > betweenBreaths) {
-        lastBreath_ = start;  // a new job; the event loop ran until now
+        lastBreath_ =
+            start;  // a new job: the event loop ran until now, so nothing waits to be painted
         breathed_ = false;
     }
     lookUp();
@@ -38,7 +40,8 @@ void Sleeper::endJob() {
     }
     breathed_ = false;
     const InputShield::Up up(shield_);
-    QGuiApplication::sync();  // fetches what the display still holds, and processes it
+    // Input that the display still holds would otherwise arrive later, and answer the question.
+    QGuiApplication::sync();
     QCoreApplication::processEvents();
 }
 
@@ -53,6 +56,7 @@ void Sleeper::breathe(Clock::time_point now) {
         return;
     }
     const InputShield::Up up(shield_);
+    // Without sockets, which would let a device that comes or goes change the lists during the job.
     QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers);
     lastBreath_ = Clock::now();
     breathed_ = true;

@@ -10,9 +10,9 @@
 namespace qt {
 
 /// Exact sleeps of the main thread. A job that consists of many of them keeps the window painting
-/// and answering the window manager; it takes no input meanwhile, and hears nothing of devices that
-/// come and go. What a person types, clicks or asks to be closed during a job that is long enough
-/// to breathe is thrown away.
+/// and answering the window manager; it takes no input meanwhile, and is told nothing of devices
+/// that come and go. What a person types, clicks or asks to be closed during a job that is longer
+/// than a tenth of a second is thrown away.
 class Sleeper {
 public:
     void sleep(std::chrono::duration<double> seconds);

@@ -12,7 +12,7 @@ struct NamedController {
     std::string_view text;
 };
 
-// "Volme", "Soend" and the doubled blanks of 98, 99 and 122 are meant.
+// "Volme", "Soend" and the doubled blanks of 98, 99 and 122 stay: see data.h.
 constexpr std::array<NamedController, 40> namedControllers{{
     {0, "0 Bank MSB"},
     {1, "1 Modulation"},

@@ -4,8 +4,8 @@
 // edits, unless the list says otherwise. Which box shows which list, and what becomes of a choice,
 // is the editor's business.
 //
-// Several texts are spelt or spaced oddly ("7 Volme", "98  LSB", "112---"). They are meant to be:
-// they are what the owners of the device know, and they are never tidied up.
+// Several texts are spelt or spaced oddly ("7 Volme", "98  LSB", "112---"). They are never tidied
+// up: they are what the owners of the device know and search for, and each of them has a test.
 
 #include <array>
 #include <cstdint>

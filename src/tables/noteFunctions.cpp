@@ -30,8 +30,8 @@ constexpr int notesPerBank = 8;
 constexpr int firstNoteAfterBanks = 40;
 constexpr int firstNoteWithoutFunction = 117;
 
-// Odd spellings in these tables ("SENT", "PADER", "AADER", "ADER", "NEX", "Fade Touch") are meant,
-// and so is Logic's "ASSIGNMENT:Right" beside its "ASSIGNMENT:CHANNEL Left".
+// Odd spellings in these tables ("SENT", "PADER", "AADER", "ADER", "NEX", "Fade Touch") stay, and
+// so does Logic's "ASSIGNMENT:Right" beside its "ASSIGNMENT:CHANNEL Left": see data.h.
 
 // clang-format off
 constexpr std::array<NoteFunction, 53> sharedFunctions{{
@@ -176,7 +176,7 @@ constexpr std::string_view singleFunction(Host host, int note) {
 }
 
 /// The blanks between note name and function. They line the functions up only roughly, and note 39
-/// has one blank more for Nuendo and Logic than for the others; both are meant.
+/// has one blank more for Nuendo and Logic than for the others; it stays so: see data.h.
 constexpr int blanksAfterName(Host host, int note) {
     if (note == 39 && (host == Host::Nuendo || host == Host::Logic)) {
         return 3;

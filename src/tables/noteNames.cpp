@@ -13,7 +13,7 @@ constexpr auto noteTexts = writeTexts<128>(appendNoteName);
 constexpr auto noteTextsAndOneMore = writeTexts<129>(appendNoteName);
 
 // The octaves of `fader` have lost the minus signs of the first three and the digits of the two
-// in the middle, so that many of its texts come twice. The list is meant to be so.
+// in the middle, so that many of its texts come twice: an item is told by its position alone.
 constexpr std::array<std::string_view, 11> faderOctaves{"3", "2", "1", "",  "", "1",
                                                         "2", "3", "4", "5", "6"};
 

@@ -10,7 +10,7 @@ constexpr int firstVelocity = 20;
 constexpr int firstInterval = 25;
 constexpr int lowestTransposition = -12;
 
-// This one program has no parenthesis, and is meant to have none.
+// This one program has no parenthesis, and gets none: see data.h.
 constexpr int programWithoutParenthesis = 112;
 
 constexpr auto channelTexts =

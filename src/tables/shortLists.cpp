@@ -8,7 +8,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-// "Scrud", "cansel" and "Metronom" are meant.
+// "Scrud", "cansel" and "Metronom" stay: see data.h.
 
 // clang-format off
 constexpr std::array nuendoFunctions{
