@@ -9,12 +9,12 @@ namespace app {
 
 namespace {
 
-/// Its top left corner stays in the room even where it is too large for it.
-void moveInto(const QRect& room, QRect& window) {
-    window.moveRight(std::min(window.right(), room.right()));
-    window.moveBottom(std::min(window.bottom(), room.bottom()));
-    window.moveLeft(std::max(window.left(), room.left()));
-    window.moveTop(std::max(window.top(), room.top()));
+/// Its top left corner stays in the area even where it is too large for it.
+void moveInto(const QRect& area, QRect& window) {
+    window.moveRight(std::min(window.right(), area.right()));
+    window.moveBottom(std::min(window.bottom(), area.bottom()));
+    window.moveLeft(std::max(window.left(), area.left()));
+    window.moveTop(std::max(window.top(), area.top()));
 }
 
 }  // namespace
@@ -57,14 +57,14 @@ bool Demo::Placing::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void Demo::placeSideBySide() {
-    const QRect room = editor.view.screen()->availableGeometry();
+    const QRect area = editor.view.screen()->availableGeometry();
     QRect left = editor.view.frameGeometry();
     QRect right = simulatorView.frameGeometry();
     // As far left as both need, but no corner off the screen.
-    left.moveLeft(std::min(left.left(), room.right() + 1 - left.width() - right.width()));
-    moveInto(room, left);
+    left.moveLeft(std::min(left.left(), area.right() + 1 - left.width() - right.width()));
+    moveInto(area, left);
     right.moveTopLeft(left.topRight() + QPoint(1, 0));
-    moveInto(room, right);
+    moveInto(area, right);
     editor.view.move(left.topLeft());
     simulatorView.move(right.topLeft());
 }

@@ -15,7 +15,7 @@ struct Demo {
     /// Without `endProcess` the process is ended for real.
     explicit Demo(qt::QtDesktop::EndProcess endProcess = nullptr);
 
-    /// Side by side where the screen has room for it.
+    /// Side by side where the screen has space for it.
     void show();
 
     platform::software::SoftwareMidiService midiService;

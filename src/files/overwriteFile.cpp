@@ -43,7 +43,7 @@ std::optional<std::string> contentsOf(const FileDescriptor& file) {
     return bytes;
 }
 
-/// Asks for the room before anything is changed; false where there is none. A file system that
+/// Asks for the space before anything is changed; false where there is none. A file system that
 /// cannot say is taken at its word later.
 bool reserve(const FileDescriptor& file, std::size_t size) {
     return size == 0 ||

@@ -30,7 +30,7 @@ Status statusOfOther(const std::filesystem::path& path, mode_t type, Access acce
 /// has: right for most, too small for a file that grows or that the system makes up.
 bool readBeginning(int descriptor, std::size_t limit, std::size_t expected, std::string& bytes) {
     constexpr std::size_t chunk = 65536;
-    // One byte more than expected, so that the end shows without further room.
+    // One byte more than expected, so that the end shows without further space.
     bytes.resize(std::min(limit, std::min(expected, chunk) + 1));
     std::size_t size = 0;
     ssize_t count = 1;

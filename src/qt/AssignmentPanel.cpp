@@ -30,7 +30,7 @@ QLabel* addLine(QVBoxLayout& layout, const QString& outlet) {
 }
 
 /// So that what stands below keeps its place, whatever is said.
-void keepRoomFor(QLabel& label, int lines) {
+void keepSpaceFor(QLabel& label, int lines) {
     label.setMinimumHeight(lines * label.fontMetrics().lineSpacing());
     label.setAlignment(Qt::AlignLeft | Qt::AlignTop);
 }
@@ -83,7 +83,7 @@ void AssignmentPanel::addHeading() {
     layer_ = addLine(lines, QStringLiteral("selectedLayer"));
     lines.addSpacing(spaceBetweenRows);
     sends_ = addLine(lines, QStringLiteral("selectedSends"));
-    keepRoomFor(*sends_, 2);
+    keepSpaceFor(*sends_, 2);
 }
 
 void AssignmentPanel::addBoxes(editor::MainWindow& window) {
@@ -117,7 +117,7 @@ void AssignmentPanel::addBoxes(editor::MainWindow& window) {
 
     rows.addSpacing(spaceBetweenRows);
     hint_ = addLine(rows, QStringLiteral("selectionHint"));
-    keepRoomFor(*hint_, 4);
+    keepSpaceFor(*hint_, 4);
 }
 
 void AssignmentPanel::refresh() {

@@ -20,7 +20,7 @@ public:
                QWidget* parent = nullptr);
 
 protected:
-    /// Some styles draw the default button alike with and without the keyboard.
+    /// Some styles draw the default button alike with and without the focus.
     void paintEvent(QPaintEvent* event) override;
     /// The widget's own toggling is switched off.
     void nextCheckState() override {}

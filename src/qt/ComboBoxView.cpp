@@ -105,9 +105,9 @@ bool ComboBoxView::cuts(const QString& item) const {
 QString ComboBoxView::shownText() const {
     QStyleOptionComboBox option;
     initStyleOption(&option);
-    const QRect room =
+    const QRect area =
         style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
-    return fontMetrics().elidedText(currentText(), Qt::ElideRight, room.width() - 2);
+    return fontMetrics().elidedText(currentText(), Qt::ElideRight, area.width() - 2);
 }
 
 void ComboBoxView::paintEvent(QPaintEvent*) {

@@ -32,7 +32,7 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
     /// A letter opens the list and begins a search.
     void keyPressEvent(QKeyEvent* event) override;
-    /// A selected item that finds no room is cut with "..." and shown whole in the tool tip.
+    /// A selected item that finds no space is cut with "..." and shown whole in the tool tip.
     void paintEvent(QPaintEvent* event) override;
     bool event(QEvent* event) override;
 
@@ -48,7 +48,7 @@ private:
         const ComboBoxView& view_;
     };
 
-    /// Whether the open list has no room for an item.
+    /// Whether the open list has no space for an item.
     [[nodiscard]] bool cuts(const QString& item) const;
     [[nodiscard]] QString shownText() const;
     void follow(toolkit::ComboBox::Change change);

@@ -87,13 +87,13 @@ void ControlButton::drawBody(QPainter& painter, const Colours& colours) const {
 
 void ControlButton::drawCaption(QPainter& painter, const Colours& colours) const {
     painter.setPen(colours.lettering);
-    QRectF room = rect();
+    QRectF area = rect();
     int alignment = Qt::AlignCenter;
     if (shape_ == Shape::Lamp) {
-        room.setLeft(outline().right() + 6);
+        area.setLeft(outline().right() + 6);
         alignment = Qt::AlignLeft | Qt::AlignVCenter;
     }
-    painter.drawText(room, alignment | Qt::TextShowMnemonic, text());
+    painter.drawText(area, alignment | Qt::TextShowMnemonic, text());
 }
 
 void ControlButton::drawFocus(QPainter& painter, const Colours& colours) const {

@@ -3,7 +3,7 @@
 namespace qt {
 
 const QPixmap& FaceArt::body(const FaceLook& look, qreal ratio) {
-    const QSize size = look.room.size().toSize();
+    const QSize size = look.area.size().toSize();
     const Key key{look.shape,     size.width(),   size.height(), look.isChecked,
                   look.isEnabled, look.isHovered, look.isHeld,   ratio};
     QPixmap& pixmap = bodies_[key];

@@ -43,7 +43,7 @@ void FaceButton::setCurrent(bool current) {
 FaceLook FaceButton::look() const {
     FaceLook look;
     look.shape = shape_;
-    look.room = rect();
+    look.area = rect();
     look.unit = unit_;
     look.font = font();
     look.caption = text();

@@ -9,7 +9,7 @@
 namespace qt {
 
 /// One control of the drawn controller: an encoder, a key, a fader, a pad or a layer button. It
-/// shows what the control sends; selected, lit, under the mouse, held, with the keyboard and
+/// shows what the control sends; selected, lit, under the mouse, held, with the focus and
 /// switched off look different in shape as well as in colour. It is drawn to the scale that its
 /// panel gives it, and leaves every key but Space to it.
 class FaceButton final : public ButtonView {
@@ -31,7 +31,7 @@ public:
     /// Pixels a unit of the drawing.
     void setUnit(qreal unit);
 
-    /// Called when the face gets the keyboard.
+    /// Called when the face gets the focus.
     std::function<void()> onFocus;
 
     [[nodiscard]] QSize sizeHint() const override { return {8, 8}; }  // its panel places it

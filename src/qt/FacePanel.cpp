@@ -49,7 +49,7 @@ void FacePanel::addFace(toolkit::Button& model, const Place& place, const QStrin
     nameWidget(*face, outlet, name);
     face->onFocus = [this, face] { makeTabStop(*face); };
     faces_.push_back(face);
-    rooms_.push_back(place.room.adjusted(-faceMargin, -faceMargin, faceMargin, faceMargin));
+    areas_.push_back(place.area.adjusted(-faceMargin, -faceMargin, faceMargin, faceMargin));
 }
 
 void FacePanel::makeTabStop(FaceButton& face) {
@@ -70,7 +70,7 @@ FaceButton* FacePanel::litFaceBefore(int end) const {
     return found == last ? nullptr : *found;
 }
 
-void FacePanel::keepKeyboardAtSelection(int end) {
+void FacePanel::keepFocusAtSelection(int end) {
     FaceButton* selected = litFaceBefore(end);
     const int focused = faceWithFocus();
     if (selected == nullptr || focused >= end) {
@@ -82,7 +82,7 @@ void FacePanel::keepKeyboardAtSelection(int end) {
     makeTabStop(*selected);
 }
 
-void FacePanel::moveKeyboard(int from, int to, int end) {
+void FacePanel::moveFocus(int from, int to, int end) {
     if (to == from) {
         return;
     }
@@ -112,9 +112,9 @@ void FacePanel::arrange() {
     const QPointF origin = corner();
     std::size_t index = 0;
     for (FaceButton* face : faces_) {
-        const QRectF& room = rooms_[index++];
+        const QRectF& area = areas_[index++];
         face->setUnit(scale);
-        face->setGeometry(QRectF(origin + room.topLeft() * scale, room.size() * scale).toRect());
+        face->setGeometry(QRectF(origin + area.topLeft() * scale, area.size() * scale).toRect());
     }
     case_ = {};
     art_.forgetBodies();

@@ -40,11 +40,11 @@ protected:
     /// The face that Tab leads to from now on.
     void makeTabStop(FaceButton& face);
     // The faces before `end` select what they stand for, one of them at a time.
-    /// The keyboard goes along with the selection, unless it is at another kind of face.
-    void keepKeyboardAtSelection(int end);
-    /// Takes the keyboard from face to face; arriving at one of those selects it.
-    void moveKeyboard(int from, int to, int end);
-    /// Which face has the keyboard; -1 where none has.
+    /// The focus goes along with the selection, unless it is at another kind of face.
+    void keepFocusAtSelection(int end);
+    /// Takes the focus from face to face; arriving at one of those selects it.
+    void moveFocus(int from, int to, int end);
+    /// Which face has the focus; -1 where none has.
     [[nodiscard]] int faceWithFocus() const;
 
     void paintEvent(QPaintEvent* event) override;
@@ -58,7 +58,7 @@ private:
     CasePlan plan_;
     FaceArt art_;
     std::vector<FaceButton*> faces_;
-    std::vector<QRectF> rooms_;  ///< of the faces, in units of the drawing
+    std::vector<QRectF> areas_;  ///< of the faces, in units of the drawing
     FaceButton* tabStop_ = nullptr;
     QPixmap case_;  ///< painted once for a size, a palette and a font
 };

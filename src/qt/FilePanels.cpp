@@ -28,7 +28,7 @@ QString filterFor(const std::string& type) {
 }
 
 /// The list that completes a name goes before the panel does. While it is open, Qt takes no notice
-/// that the window behind has got the keyboard, and that window would stay deaf to its shortcuts.
+/// that the window behind has got the focus, and that window would take no shortcuts.
 class Panel : public QFileDialog {
 public:
     using QFileDialog::QFileDialog;

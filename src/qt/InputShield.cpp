@@ -45,9 +45,10 @@ bool isInput(const QEvent& event) {
     }
 }
 
-/// Whether it takes presses, without a change to its look until it is painted.
-void setDeaf(QWidget& widget, bool isDeaf) {
-    widget.setAttribute(Qt::WA_Disabled, isDeaf || widget.testAttribute(Qt::WA_ForceDisabled));
+/// Makes a widget refuse presses, or take them again, without a change to its look until it is
+/// painted.
+void setRefusesPresses(QWidget& widget, bool refuses) {
+    widget.setAttribute(Qt::WA_Disabled, refuses || widget.testAttribute(Qt::WA_ForceDisabled));
 }
 
 bool takesPresses(const QWidget& widget) {
@@ -71,13 +72,13 @@ void InputShield::putUp() {
     const QWidgetList widgets = QApplication::allWidgets();
     for (QWidget* const widget : widgets) {
         if (takesPresses(*widget)) {
-            deafWidgets_.emplace_back(widget);
-            setDeaf(*widget, true);
+            shieldedWidgets_.emplace_back(widget);
+            setRefusesPresses(*widget, true);
         }
         const QList<QAction*> actions = widget->actions();
         for (QAction* const action : actions) {
             if (!action->signalsBlocked()) {
-                deafActions_.emplace_back(action);
+                shieldedActions_.emplace_back(action);
                 action->blockSignals(true);
             }
         }
@@ -86,20 +87,20 @@ void InputShield::putUp() {
 
 void InputShield::takeDown() {
     painting_.clear();
-    for (const QPointer<QWidget>& widget : deafWidgets_) {
+    for (const QPointer<QWidget>& widget : shieldedWidgets_) {
         if (widget) {
-            setDeaf(*widget, false);
+            setRefusesPresses(*widget, false);
         }
     }
-    deafWidgets_.clear();
-    for (const QPointer<QAction>& action : deafActions_) {
+    shieldedWidgets_.clear();
+    for (const QPointer<QAction>& action : shieldedActions_) {
         if (action) {
             // It may have been told to run a little later.
             QCoreApplication::removePostedEvents(action, QEvent::MetaCall);
             action->blockSignals(false);
         }
     }
-    deafActions_.clear();
+    shieldedActions_.clear();
     QCoreApplication::instance()->removeEventFilter(this);
     // A menu that was opened meanwhile cannot have been opened by hand.
     while (QWidget* const popup = QApplication::activePopupWidget()) {
@@ -111,17 +112,17 @@ void InputShield::takeDown() {
 
 void InputShield::letPaint(QObject* watched) {
     const auto found =
-        std::find_if(deafWidgets_.begin(), deafWidgets_.end(),
+        std::find_if(shieldedWidgets_.begin(), shieldedWidgets_.end(),
                      [watched](const auto& widget) { return widget.data() == watched; });
-    if (found != deafWidgets_.end()) {
+    if (found != shieldedWidgets_.end()) {
         painting_ = *found;
-        setDeaf(*painting_, false);
+        setRefusesPresses(*painting_, false);
     }
 }
 
 bool InputShield::eventFilter(QObject* watched, QEvent* event) {
     if (painting_) {  // and is done with it
-        setDeaf(*painting_, true);
+        setRefusesPresses(*painting_, true);
         painting_.clear();
     }
     if (event->type() == QEvent::Paint) {

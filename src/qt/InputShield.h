@@ -35,8 +35,8 @@ private:
 
     // Assistive technology presses a button, picks an item of a box or triggers an action without
     // an event of its own.
-    std::vector<QPointer<QWidget>> deafWidgets_;
-    std::vector<QPointer<QAction>> deafActions_;
+    std::vector<QPointer<QWidget>> shieldedWidgets_;
+    std::vector<QPointer<QAction>> shieldedActions_;
     QPointer<QWidget> painting_;
 };
 

@@ -82,7 +82,7 @@ void PadPanel::refresh() {
         face(position).showAssignment(
             controller_.assignmentOfPad(describe::controlOfTag(config::firstPad + position)));
     }
-    keepKeyboardAtSelection(firstLayerFace);
+    keepFocusAtSelection(firstLayerFace);
 }
 
 void PadPanel::keyPressEvent(QKeyEvent* event) {
@@ -90,7 +90,7 @@ void PadPanel::keyPressEvent(QKeyEvent* event) {
     const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     const std::optional<Move> wanted = moveOf(event->key());
     if (from >= 0 && plain && wanted) {
-        moveKeyboard(from, faceAfter(from, *wanted), firstLayerFace);
+        moveFocus(from, faceAfter(from, *wanted), firstLayerFace);
     } else if (from < 0 || !pressLayer(*event)) {
         event->ignore();  // Enter is the window's
     }

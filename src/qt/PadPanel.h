@@ -8,9 +8,9 @@ namespace qt {
 /// The nine pads of the pad editor, each showing what it sends in the layer that is edited, under
 /// the buttons of pad layers 2 to 4.
 ///
-/// Keys, while one of them has the keyboard:
+/// Keys, while one of them has the focus:
 ///   arrows, Home, End  to the next pad that way, which is selected; layer buttons only get the
-///                      keyboard
+///                      focus
 ///   Space              click
 ///   2 to 4             pad layers, as their buttons would; with Alt and with Shift too
 class PadPanel final : public FacePanel {

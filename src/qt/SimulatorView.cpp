@@ -126,7 +126,7 @@ SimulatorView::SimulatorView(simulator::SimulatedController& controller)
     log_->setRootIsDecorated(false);
     log_->setSelectionMode(QAbstractItemView::NoSelection);
 
-    // Neither has a place of its own to show that it has the keyboard.
+    // Neither has a place of its own to show that it has the focus.
     setStyleSheet(QStringLiteral(
         "QPlainTextEdit, QTreeWidget { border: 1px solid palette(mid); }"
         "QPlainTextEdit:focus, QTreeWidget:focus { border-color: palette(highlight); }"));

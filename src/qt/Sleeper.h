@@ -22,19 +22,19 @@ public:
     void onSleep(std::function<void()> lookUp) { lookUp_ = std::move(lookUp); }
 
     /// The job is done, and the person is about to be asked something: input that came up to now is
-    /// thrown away too. After a job that did not breathe, or none, it does nothing.
+    /// thrown away too. After a job too short to have painted, or none, it does nothing.
     void endJob();
 
 private:
     using Clock = sending::ExactSleeper::Clock;
 
     void lookUp() const;
-    void breathe(Clock::time_point now);
+    void letPaint(Clock::time_point now);
 
     std::function<void()> lookUp_;
     Clock::time_point lastSleepEnd_{};
-    Clock::time_point lastBreath_{};
-    bool breathed_ = false;  // in the job that is going on
+    Clock::time_point lastPainting_{};
+    bool hasPainted_ = false;  // in the job that is going on
     sending::ExactSleeper exactly_;
     InputShield shield_;
 };

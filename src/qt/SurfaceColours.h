@@ -36,7 +36,7 @@ struct SurfaceColours {
     QColor selected;         ///< the face of the selected control
     QColor selectedLettering;
     QColor accent;  ///< lamps and outlines on and around faces
-    QColor focus;   ///< the ring around what has the keyboard
+    QColor focus;   ///< the ring around what has the focus
     QColor disabledLettering;
 
 private:

@@ -69,7 +69,7 @@ void SurfacePanel::refresh() {
     for (int layer = 0; layer < config::layerCount; ++layer) {
         face(firstPadLayerPlace + layer).setCurrent(layer == state_.layers.m_paLa);
     }
-    keepKeyboardAtSelection(firstModeLayerPlace);
+    keepFocusAtSelection(firstModeLayerPlace);
 }
 
 void SurfacePanel::keyPressEvent(QKeyEvent* event) {
@@ -78,7 +78,7 @@ void SurfacePanel::keyPressEvent(QKeyEvent* event) {
     const std::optional<Move> wanted = moveOf(event->key());
     const bool enters = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (place >= 0 && plain && wanted) {
-        moveKeyboard(place, placeAfter(place, *wanted), firstModeLayerPlace);
+        moveFocus(place, placeAfter(place, *wanted), firstModeLayerPlace);
     } else if (place >= 0 && plain && enters) {
         face(place).click();
     } else if (place < 0 || !pressLayer(*event)) {

@@ -11,9 +11,9 @@ namespace qt {
 /// The controller, drawn: its case, and on it a face for each control and layer button, which
 /// shows what the control sends.
 ///
-/// Keys, while one of the faces has the keyboard (Tab leads to the selected one, and out again):
+/// Keys, while one of the faces has the focus (Tab leads to the selected one, and out again):
 ///   arrows             to the next control that way, which is selected; layer buttons on the way
-///                      only get the keyboard
+///                      only get the focus
 ///   Home, End          to the ends of a row
 ///   Enter, Space       click
 ///   1 to 4             mode layers, as their buttons would
@@ -26,7 +26,7 @@ public:
                  QWidget* parent = nullptr);
 
     /// Shows afresh what each control sends; to be called when an action has ended. Only faces that
-    /// changed are painted. Where a control's face has the keyboard, that goes on to the selected
+    /// changed are painted. Where a control's face has the focus, that goes on to the selected
     /// one.
     void refresh();
 

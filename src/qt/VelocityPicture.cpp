@@ -56,20 +56,20 @@ void VelocityPicture::paintEvent(QPaintEvent*) {
     painter.setPen(palette().color(QPalette::Mid));
     painter.setBrush(palette().color(QPalette::Base));
     painter.drawRoundedRect(frame, 4, 4);
-    const QRectF room = frame.adjusted(margin, margin, -margin, -margin);
+    const QRectF area = frame.adjusted(margin, margin, -margin, -margin);
     painter.setPen(palette().color(QPalette::Text));
     if (isConstant()) {
-        paintLevel(painter, room);
+        paintLevel(painter, area);
     } else {
-        painter.drawText(room, words(), QTextOption(Qt::AlignCenter));
+        painter.drawText(area, words(), QTextOption(Qt::AlignCenter));
     }
 }
 
 /// A line whose height between none and the hardest says how hard every hit is.
-void VelocityPicture::paintLevel(QPainter& painter, const QRectF& room) const {
+void VelocityPicture::paintLevel(QPainter& painter, const QRectF& area) const {
     const qreal letters = fontMetrics().height();
-    painter.drawText(room, words(), QTextOption(Qt::AlignTop | Qt::AlignHCenter));
-    const QRectF scale = room.adjusted(0, 1.5 * letters, 0, -0.5 * letters);
+    painter.drawText(area, words(), QTextOption(Qt::AlignTop | Qt::AlignHCenter));
+    const QRectF scale = area.adjusted(0, 1.5 * letters, 0, -0.5 * letters);
     const QString hardest = QString::number(highestVelocity);
     const qreal numbers = fontMetrics().horizontalAdvance(hardest);
     const QTextOption place(Qt::AlignRight | Qt::AlignVCenter);

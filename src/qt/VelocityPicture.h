@@ -25,7 +25,7 @@ private:
     [[nodiscard]] bool isConstant() const;
     [[nodiscard]] QString words() const;
     void tell();
-    void paintLevel(QPainter& painter, const QRectF& room) const;
+    void paintLevel(QPainter& painter, const QRectF& area) const;
 
     const QComboBox& curve_;
     const QComboBox& constant_;

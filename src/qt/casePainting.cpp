@@ -14,8 +14,8 @@ namespace {
 
 constexpr qreal engravingSize = 11;
 
-QRectF scaled(const QRectF& room, qreal unit) {
-    return {room.topLeft() * unit, room.size() * unit};
+QRectF scaled(const QRectF& area, qreal unit) {
+    return {area.topLeft() * unit, area.size() * unit};
 }
 
 void paintBody(QPainter& painter, const CasePlan& plan, qreal unit, const SurfaceColours& colours) {
@@ -34,11 +34,11 @@ void paintBody(QPainter& painter, const CasePlan& plan, qreal unit, const Surfac
     }
 }
 
-void letter(QPainter& painter, const QRectF& room, const QString& text, Qt::Alignment alignment,
+void letter(QPainter& painter, const QRectF& area, const QString& text, Qt::Alignment alignment,
             const QFont& font, qreal size) {
-    const FittedText fitted = fitText(text, font, size, room.width());
+    const FittedText fitted = fitText(text, font, size, area.width());
     painter.setFont(fitted.font);
-    painter.drawText(room, static_cast<int>(alignment), fitted.text);
+    painter.drawText(area, static_cast<int>(alignment), fitted.text);
 }
 
 /// In rows from the first on.
@@ -56,25 +56,25 @@ void paintSignKey(QPainter& painter, const std::vector<QRectF>& rows, qreal unit
         return;
     }
     std::size_t row = 0;
-    const auto roomOfText = [&rows, unit](std::size_t index) {
+    const auto areaOfText = [&rows, unit](std::size_t index) {
         return scaled(rows[index].adjusted(textLeft, 0, 0, 0), unit);
     };
     for (const auto& [kind, name] : kinds) {
-        const QRectF& room = rows[row];
-        const QRectF sign(room.left() + 2, room.center().y() - kindSignSide / 2, kindSignSide,
+        const QRectF& area = rows[row];
+        const QRectF sign(area.left() + 2, area.center().y() - kindSignSide / 2, kindSignSide,
                           kindSignSide);
         drawKindSign(painter, scaled(sign, unit), kind, colours.kind(kind, colours.body));
         painter.setPen(colours.engraving);
-        letter(painter, roomOfText(row), name, Qt::AlignLeft | Qt::AlignVCenter, font,
+        letter(painter, areaOfText(row), name, Qt::AlignLeft | Qt::AlignVCenter, font,
                engravingSize * unit);
         ++row;
     }
-    const QRectF& room = rows[row];
-    const QRectF sign(room.left(), room.center().y() - toggleSignSize.height() / 2,
+    const QRectF& area = rows[row];
+    const QRectF sign(area.left(), area.center().y() - toggleSignSize.height() / 2,
                       toggleSignSize.width(), toggleSignSize.height());
     drawToggleSign(painter, scaled(sign, unit), colours.engraving, colours.body);
     painter.setPen(colours.engraving);
-    letter(painter, roomOfText(row), QStringLiteral("Toggle"), Qt::AlignLeft | Qt::AlignVCenter,
+    letter(painter, areaOfText(row), QStringLiteral("Toggle"), Qt::AlignLeft | Qt::AlignVCenter,
            font, engravingSize * unit);
 }
 
@@ -88,7 +88,7 @@ void paintCase(QPainter& painter, const CasePlan& plan, qreal unit, const QFont&
     for (const Engraving& engraving : plan.engravings) {
         QFont used = font;
         used.setBold(engraving.isStrong);
-        letter(painter, scaled(engraving.room, unit), engraving.text, engraving.alignment, used,
+        letter(painter, scaled(engraving.area, unit), engraving.text, engraving.alignment, used,
                engravingSize * unit);
     }
     paintSignKey(painter, plan.signKey, unit, font, colours);

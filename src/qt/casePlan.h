@@ -12,7 +12,7 @@ namespace qt {
 
 enum class FaceShape { Knob, Key, Fader, Pad, Layer };
 
-/// Free room around a face, for the ring that shows the keyboard's place.
+/// Free space around a face, for the ring that shows the focus.
 inline constexpr qreal faceMargin = 2;
 
 /// Roundness of the corners of keys and pads, of a plate, of the case.
@@ -23,12 +23,12 @@ inline constexpr qreal caseRadius = 16;
 /// Of a face.
 struct Place {
     FaceShape shape = FaceShape::Key;
-    QRectF room;  ///< without its margin
+    QRectF area;  ///< without its margin
 };
 
 /// A text printed on the case.
 struct Engraving {
-    QRectF room;
+    QRectF area;
     QString text;
     Qt::Alignment alignment = Qt::AlignCenter;
     bool isStrong = false;
@@ -41,7 +41,7 @@ struct CasePlan {
     std::vector<QRectF> signKey;  ///< a row for each kind's sign and for toggles, or nothing
 };
 
-/// Free room between two faces of a row.
+/// Free space between two faces of a row.
 inline constexpr qreal faceGap = 8;
 
 /// One of several equal cells side by side.

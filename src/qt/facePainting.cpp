@@ -62,7 +62,7 @@ Style styleOf(const FaceLook& look, const SurfaceColours& colours) {
 /// The top of the key, knob, pad: the widget without its margin.
 QRectF bodyOf(const FaceLook& look) {
     const qreal margin = faceMargin * look.unit;
-    return look.room.adjusted(margin, margin, -margin, -margin);
+    return look.area.adjusted(margin, margin, -margin, -margin);
 }
 
 qreal radiusOf(const FaceLook& look, const QRectF& body) {
@@ -87,7 +87,7 @@ qreal secondSizeOf(const FaceLook& look) {
     return (look.shape == FaceShape::Pad ? padSecondLineSize : secondLineSize) * look.unit;
 }
 
-/// Room of the signs before and behind the second line.
+/// Space of the signs before and behind the second line.
 qreal signsWidthOf(const FaceLook& look, bool hasSecondLine) {
     const qreal gap = hasSecondLine ? signGap : 0;
     const qreal toggle = look.assignment.toggles ? toggleSignSize.width() + signGap : 0;
@@ -95,7 +95,7 @@ qreal signsWidthOf(const FaceLook& look, bool hasSecondLine) {
 }
 
 /// The part of a face that its lines are centred in.
-QRectF lettersRoomOf(const FaceLook& look) {
+QRectF lettersAreaOf(const FaceLook& look) {
     const QRectF body = bodyOf(look);
     switch (look.shape) {
         case FaceShape::Fader:
@@ -113,7 +113,7 @@ QRectF lettersRoomOf(const FaceLook& look) {
 }
 
 /// How wide the lettering may be.
-qreal letterRoom(const FaceLook& look) {
+qreal widestLettering(const FaceLook& look) {
     qreal inset = 2;
     if (look.shape == FaceShape::Knob || look.shape == FaceShape::Pad) {
         inset = 6;
@@ -180,12 +180,12 @@ void drawFader(QPainter& painter, const FaceLook& look, const SurfaceColours& co
     painter.setPen(Qt::NoPen);
     painter.setBrush(between(style.fill, style.lettering, 0.07));
     painter.drawRoundedRect(well, keyRadius * unit - 1, keyRadius * unit - 1);
-    const QRectF room = body.adjusted(0, 12 * unit, 0, -(faderLettersHeight + 10) * unit);
-    const qreal middle = room.center().x();
+    const QRectF area = body.adjusted(0, 12 * unit, 0, -(faderLettersHeight + 10) * unit);
+    const qreal middle = area.center().x();
     constexpr int marks = 11;
     painter.setPen(QPen(between(style.fill, style.lettering, 0.35), 1));
     for (int mark = 0; mark < marks; ++mark) {
-        const qreal y = room.top() + room.height() * mark / (marks - 1);
+        const qreal y = area.top() + area.height() * mark / (marks - 1);
         const qreal length = (mark % 5 == 0 ? 8 : 5) * unit;
         painter.drawLine(QPointF(middle - 7 * unit - length, y), QPointF(middle - 7 * unit, y));
         painter.drawLine(QPointF(middle + 7 * unit, y), QPointF(middle + 7 * unit + length, y));
@@ -193,10 +193,10 @@ void drawFader(QPainter& painter, const FaceLook& look, const SurfaceColours& co
     painter.setPen(Qt::NoPen);
     painter.setBrush(look.isChecked ? between(style.fill, Qt::black, 0.45) : colours.groove);
     painter.drawRoundedRect(
-        QRectF(middle - 2.5 * unit, room.top() - 4 * unit, 5 * unit, room.height() + 8 * unit),
+        QRectF(middle - 2.5 * unit, area.top() - 4 * unit, 5 * unit, area.height() + 8 * unit),
         2.5 * unit, 2.5 * unit);
 
-    const QRectF cap(middle - 13 * unit, room.top() + room.height() * 0.58, 26 * unit, 36 * unit);
+    const QRectF cap(middle - 13 * unit, area.top() + area.height() * 0.58, 26 * unit, 36 * unit);
     QLinearGradient light(cap.topLeft(), cap.bottomLeft());
     const QColor top = between(colours.face, colours.lettering, 0.12);
     light.setColorAt(0, top);
@@ -212,22 +212,22 @@ void drawFader(QPainter& painter, const FaceLook& look, const SurfaceColours& co
 }
 
 /// From its base line, which takes half the time of laying it out within a rectangle.
-void drawLine(QPainter& painter, const FittedText& line, const QRectF& room) {
-    const qreal top = room.center().y() - line.height / 2;
+void drawLine(QPainter& painter, const FittedText& line, const QRectF& area) {
+    const qreal top = area.center().y() - line.height / 2;
     painter.setFont(line.font);
-    painter.drawText(QPointF(room.left(), top + line.ascent), line.text);
+    painter.drawText(QPointF(area.left(), top + line.ascent), line.text);
 }
 
 void drawLines(QPainter& painter, const FaceLook& look, const Style& style) {
     const FaceLines lines = linesOf(look);
     painter.setPen(style.lettering);
-    drawLine(painter, lines.first, lines.firstRoom);
+    drawLine(painter, lines.first, lines.firstArea);
     drawKindSign(painter, lines.kindSign, look.assignment.kind, style.sign);
     if (look.assignment.toggles) {
         drawToggleSign(painter, lines.toggleSign, style.lesserLettering, style.fill);
     }
     painter.setPen(style.lesserLettering);
-    drawLine(painter, lines.second, lines.secondRoom);
+    drawLine(painter, lines.second, lines.secondArea);
 }
 
 void drawCaption(QPainter& painter, const FaceLook& look, const Style& style) {
@@ -236,7 +236,7 @@ void drawCaption(QPainter& painter, const FaceLook& look, const Style& style) {
     font.setBold(look.isChecked);  // thin strokes are hard to read on the accent
     painter.setFont(font);
     painter.setPen(style.lesserLettering);
-    painter.drawText(captionRoomOf(look), Qt::AlignLeft | Qt::AlignVCenter, look.caption);
+    painter.drawText(captionAreaOf(look), Qt::AlignLeft | Qt::AlignVCenter, look.caption);
 }
 
 /// The lamp of a layer button, which is filled while the layer is the current one.
@@ -256,7 +256,7 @@ void drawLayerNumber(QPainter& painter, const FaceLook& look, const Style& style
     font.setBold(look.isChecked);
     painter.setFont(font);
     painter.setPen(style.lettering);
-    painter.drawText(captionRoomOf(look), Qt::AlignCenter, look.caption);
+    painter.drawText(captionAreaOf(look), Qt::AlignCenter, look.caption);
 }
 
 void drawFocus(QPainter& painter, const FaceLook& look, const SurfaceColours& colours,
@@ -280,7 +280,7 @@ FaceLines linesOf(const FaceLook& look) {
     const auto [first, second] = look.assignment.faceLines();
     QFont strong = look.font;
     strong.setWeight(QFont::DemiBold);
-    const qreal width = letterRoom(look);
+    const qreal width = widestLettering(look);
     const qreal signs = signsWidthOf(look, !second.empty());
 
     FaceLines lines;
@@ -295,17 +295,17 @@ FaceLines linesOf(const FaceLook& look) {
     const qreal side = kindSignSide * look.unit;
     const qreal firstHeight = lines.first.height;
     const qreal secondHeight = std::max(lines.second.height, side);
-    const QRectF room = lettersRoomOf(look);
-    const qreal middle = room.center().x();
-    const qreal top = room.center().y() - (firstHeight + secondHeight) / 2;
-    lines.firstRoom = {middle - lines.first.width / 2, top, lines.first.width, firstHeight};
-    lines.secondRoom = {middle - lines.second.width / 2, top + firstHeight, lines.second.width,
+    const QRectF area = lettersAreaOf(look);
+    const qreal middle = area.center().x();
+    const qreal top = area.center().y() - (firstHeight + secondHeight) / 2;
+    lines.firstArea = {middle - lines.first.width / 2, top, lines.first.width, firstHeight};
+    lines.secondArea = {middle - lines.second.width / 2, top + firstHeight, lines.second.width,
                         secondHeight};
-    placeSigns(lines, look, besideFirst ? lines.firstRoom : lines.secondRoom);
+    placeSigns(lines, look, besideFirst ? lines.firstArea : lines.secondArea);
     return lines;
 }
 
-QRectF captionRoomOf(const FaceLook& look) {
+QRectF captionAreaOf(const FaceLook& look) {
     const QRectF body = bodyOf(look);
     if (look.shape == FaceShape::Layer) {
         return body.adjusted(0, 1, 0, -9 * look.unit);

@@ -16,7 +16,7 @@ namespace qt {
 
 struct FaceLook {
     FaceShape shape = FaceShape::Key;
-    QRectF room;     ///< of the whole widget, in pixels
+    QRectF area;     ///< of the whole widget, in pixels
     qreal unit = 1;  ///< pixels a unit of the drawing
     QFont font;
     QString caption;  ///< printed on pads and layer buttons
@@ -32,22 +32,22 @@ struct FaceLook {
 /// state alone.
 void paintFaceBody(QPainter& painter, const FaceLook& look, const SurfaceColours& colours);
 
-/// What stands on it: lettering, signs, and the ring of the keyboard around it.
+/// What stands on it: lettering, signs, and the ring of the focus around it.
 void paintFaceLetters(QPainter& painter, const FaceLook& look, const SurfaceColours& colours);
 
 /// The lines of a face and where they stand, in pixels from the widget's corner. Layer buttons have
 /// none; a face with a single line has an empty second one.
 struct FaceLines {
     FittedText first;
-    QRectF firstRoom;
+    QRectF firstArea;
     FittedText second;
-    QRectF secondRoom;
+    QRectF secondArea;
     QRectF kindSign;
     QRectF toggleSign;  ///< empty where the control does not toggle
 };
 [[nodiscard]] FaceLines linesOf(const FaceLook& look);
 
 /// Where a pad's or a layer button's own caption stands.
-[[nodiscard]] QRectF captionRoomOf(const FaceLook& look);
+[[nodiscard]] QRectF captionAreaOf(const FaceLook& look);
 
 }  // namespace qt

@@ -6,7 +6,7 @@
 
 namespace qt {
 
-FittedText fitText(const QString& text, const QFont& font, qreal size, qreal room) {
+FittedText fitText(const QString& text, const QFont& font, qreal size, qreal widest) {
     FittedText fitted;
     fitted.text = text;
     fitted.font = font;
@@ -17,13 +17,13 @@ FittedText fitText(const QString& text, const QFont& font, qreal size, qreal roo
         fitted.width = metrics.horizontalAdvance(fitted.text);
         fitted.height = metrics.height();
         fitted.ascent = metrics.ascent();
-        if (fitted.width <= room || fitted.isCut) {
+        if (fitted.width <= widest || fitted.isCut) {
             return fitted;
         }
         if (pixels > smallestLettering) {
             --pixels;
         } else {
-            fitted.text = metrics.elidedText(text, Qt::ElideRight, room);
+            fitted.text = metrics.elidedText(text, Qt::ElideRight, widest);
             fitted.isCut = true;
         }
     }

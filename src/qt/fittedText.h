@@ -1,7 +1,7 @@
 #pragma once
 
-// Lettering that has to stay within a room: made smaller where it must, cut with "..." only where
-// it would become too small to read.
+// Lettering that has to stay within some width: made smaller where it must, cut with "..." only
+// where it would become too small to read.
 
 #include <QFont>
 #include <QString>
@@ -21,6 +21,6 @@ struct FittedText {
 };
 
 /// `size` is the wanted height of the font in pixels.
-[[nodiscard]] FittedText fitText(const QString& text, const QFont& font, qreal size, qreal room);
+[[nodiscard]] FittedText fitText(const QString& text, const QFont& font, qreal size, qreal widest);
 
 }  // namespace qt

@@ -74,15 +74,15 @@ void drawKindSign(QPainter& painter, const QRectF& square, config::MessageKind k
     painter.restore();
 }
 
-void drawToggleSign(QPainter& painter, const QRectF& room, const QColor& colour,
+void drawToggleSign(QPainter& painter, const QRectF& area, const QColor& colour,
                     const QColor& background) {
-    const qreal radius = room.height() / 2;
+    const qreal radius = area.height() / 2;
     painter.save();
     painter.setPen(Qt::NoPen);
     painter.setBrush(colour);
-    painter.drawRoundedRect(room, radius, radius);
+    painter.drawRoundedRect(area, radius, radius);
     painter.setBrush(background);
-    painter.drawEllipse(QPointF(room.right() - radius, room.center().y()), radius * 0.62,
+    painter.drawEllipse(QPointF(area.right() - radius, area.center().y()), radius * 0.62,
                         radius * 0.62);
     painter.restore();
 }

@@ -10,7 +10,7 @@
 
 namespace qt {
 
-/// Room that a sign needs beside lettering, in units of the drawing.
+/// Space that a sign needs beside lettering, in units of the drawing.
 inline constexpr qreal kindSignSide = 8;
 inline constexpr QSizeF toggleSignSize(10, 6);
 
@@ -20,7 +20,7 @@ void drawKindSign(QPainter& painter, const QRectF& square, config::MessageKind k
                   const QColor& colour);
 
 /// A switch with its knob on the right.
-void drawToggleSign(QPainter& painter, const QRectF& room, const QColor& colour,
+void drawToggleSign(QPainter& painter, const QRectF& area, const QColor& colour,
                     const QColor& background);
 
 }  // namespace qt

@@ -52,16 +52,16 @@ QRectF inStrip(int strip, qreal top, qreal height) {
     return {firstStrip + strip * stripPitch, top, stripWidth, height};
 }
 
-QRectF keyRoom(int key, qreal top) {
+QRectF keyArea(int key, qreal top) {
     return cell(keys, keysWidth, key, keysInARow, top, buttonHeight);
 }
 
-QRectF layerRoom(int layer, qreal top) {
+QRectF layerArea(int layer, qreal top) {
     return cell(keys + layerNameWidth, keysWidth - layerNameWidth, layer, keysInARow, top,
                 layerHeight);
 }
 
-QRectF padRoom(int position) {
+QRectF padArea(int position) {
     constexpr int rows = config::padCount / padsInARow;
     constexpr qreal height = (bottom - padsTop - faceGap * (rows - 1)) / rows;
     const int row = position / padsInARow;
@@ -95,8 +95,8 @@ std::vector<Engraving> engravings() {
     for (int key = 0; key < keysInARow; ++key) {
         for (const auto& [first, top] : {std::pair(config::firstLayerKey, layerKeyTop),
                                          std::pair(config::firstTransportKey, transportKeyTop)}) {
-            const QRectF room = keyRoom(key, top - captionHeight - faceMargin);
-            all.push_back({{room.left(), room.top(), room.width(), captionHeight},
+            const QRectF area = keyArea(key, top - captionHeight - faceMargin);
+            all.push_back({{area.left(), area.top(), area.width(), captionHeight},
                            asText(describe::controlCaption(first + key))});
         }
     }
@@ -142,10 +142,10 @@ Place placeOfTag(int tag) {
         return {FaceShape::Key, inStrip(tag / buttonsOfAStrip, top, buttonHeight)};
     }
     if (tag < firstTransportKey) {
-        return {FaceShape::Key, keyRoom(tag - firstLayerKey, layerKeyTop)};
+        return {FaceShape::Key, keyArea(tag - firstLayerKey, layerKeyTop)};
     }
     if (tag < firstEncoderPush) {
-        return {FaceShape::Key, keyRoom(tag - firstTransportKey, transportKeyTop)};
+        return {FaceShape::Key, keyArea(tag - firstTransportKey, transportKeyTop)};
     }
     if (tag < firstEncoder) {
         return {FaceShape::Key, inStrip(tag - firstEncoderPush, pushTop, buttonHeight)};
@@ -159,15 +159,15 @@ Place placeOfTag(int tag) {
     if (tag == lastFader) {
         return {FaceShape::Fader, {master, faderTop, stripWidth, bottom - faderTop}};
     }
-    return {FaceShape::Pad, padRoom(tag - firstPad)};
+    return {FaceShape::Pad, padArea(tag - firstPad)};
 }
 
 Place placeOfModeLayer(int layer) {
-    return {FaceShape::Layer, layerRoom(layer, modeLayerTop)};
+    return {FaceShape::Layer, layerArea(layer, modeLayerTop)};
 }
 
 Place placeOfPadLayer(int layer) {
-    return {FaceShape::Layer, layerRoom(layer, padLayerTop)};
+    return {FaceShape::Layer, layerArea(layer, padLayerTop)};
 }
 
 CasePlan surfaceCase() {

@@ -60,7 +60,7 @@ TEST_F(OverwriteFile, KeepsTheFileItself) {
     EXPECT_EQ(permissions(file), 0640U);
 }
 
-TEST_F(OverwriteFile, AsksForRoomWritesFlushesAndReadsBack) {
+TEST_F(OverwriteFile, AsksForSpaceWritesFlushesAndReadsBack) {
     CallScript script;
     expectWritten(longer);
     EXPECT_THAT(script.calls(), ElementsAre("open", "read", "read", "fallocate", "write",
@@ -76,7 +76,7 @@ TEST_F(OverwriteFile, GoesOnAfterShortAndInterruptedCalls) {
     expectWritten(longer);
 }
 
-TEST_F(OverwriteFile, TakesAFileSystemAtItsWordThatCannotKeepRoom) {
+TEST_F(OverwriteFile, TakesAFileSystemAtItsWordThatCannotKeepSpace) {
     for (const int error : {EOPNOTSUPP, ENOSYS, EINVAL, EINTR}) {
         CallScript script;
         script.fail("fallocate", error);
@@ -84,7 +84,7 @@ TEST_F(OverwriteFile, TakesAFileSystemAtItsWordThatCannotKeepRoom) {
     }
 }
 
-TEST_F(OverwriteFile, TouchesNothingWhereThereIsNoRoom) {
+TEST_F(OverwriteFile, TouchesNothingWhereThereIsNoSpace) {
     for (const int error : {ENOSPC, EDQUOT, EFBIG}) {
         CallScript script;
         script.fail("fallocate", error);

@@ -146,7 +146,7 @@ TEST(ReplaceFileFailure, TheFileSystemIsFull) {
         EXPECT_EQ(contents(folder / "file"), "old");
         EXPECT_THAT(folder.names(), ElementsAre("file", "filler"));
 
-        // Its room is free again.
+        // Its space is free again.
         EXPECT_TRUE(replaceFile(folder / "file", std::string(2 * page, 'n')).replaced);
     });
 }

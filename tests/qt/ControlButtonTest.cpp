@@ -90,7 +90,7 @@ TEST(ControlButton, ShowsThatItHasTheFocus) {
     EXPECT_GT(difference(without, pictureOf(button)), 0.005);
 }
 
-TEST(ControlButton, HasRoomForItsCaptionInBold) {
+TEST(ControlButton, HasSpaceForItsCaptionInBold) {
     for (const Shape shape : shapes) {
         toolkit::Button model;
         const ControlButton button(model, shape, QStringLiteral("Bank Right"));

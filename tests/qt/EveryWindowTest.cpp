@@ -50,7 +50,7 @@ TEST(EveryWindow, TellsAScreenReaderWhatEachThingInItIsCalled) {
     });
 }
 
-/// Every text of the window has the room it needs, inside the window.
+/// Every text of the window has the space it needs, inside the window.
 void expectNoTextCut(QWidget& window, const QString& name) {
     for (QWidget* widget : window.findChildren<QWidget*>()) {
         const bool holdsText = qobject_cast<QLabel*>(widget) != nullptr ||
@@ -102,7 +102,7 @@ TEST(EveryWindow, CutsNoTextAndFitsASmallScreenWithLargerLetters) {
     const LargerLetters larger(1.3);
     forEveryWindow([](QWidget& window, const QString& name) {
         expectNoTextCut(window, name);
-        // It may open larger where there is room.
+        // It may open larger where there is space.
         const QSize needed = window.minimumSizeHint();
         EXPECT_LE(needed.width(), 1280) << name.toStdString();
         EXPECT_LE(needed.height(), 720) << name.toStdString();
@@ -148,7 +148,7 @@ bool isTabStop(const QWidget& widget) {
     return (widget.focusPolicy() & Qt::TabFocus) != 0 && widget.isVisible() && widget.isEnabled();
 }
 
-/// Where there is nothing but a system's own buttons, the highlighted one has the keyboard.
+/// Where there is nothing but a system's own buttons, the highlighted one has the focus.
 bool hasButtonsAlone(const QWidget& window) {
     const QList<QWidget*> all = window.findChildren<QWidget*>();
     return std::all_of(all.begin(), all.end(), [](const QWidget* widget) {
@@ -175,7 +175,7 @@ TEST(EveryWindow, ShowsWhatHasTheKeyboard) {
         QApplication::setActiveWindow(&window);
         window.setAttribute(Qt::WA_KeyboardFocusChange);  // as the first Tab does
         if (!QTest::qWaitForWindowActive(&window)) {
-            ADD_FAILURE() << name.toStdString() << " does not get the keyboard";
+            ADD_FAILURE() << name.toStdString() << " does not get the focus";
             return;
         }
         QWidget* before = QApplication::focusWidget();
@@ -235,8 +235,8 @@ TEST(EveryWindow, ShowsTheTextOfAChoiceInFullWhereItIsShort) {
             return;  // it is not
         }
         for (const QComboBox* box : window.findChildren<QComboBox*>()) {
-            const int room = box->width() - 40;  // frame and arrow
-            EXPECT_LE(box->fontMetrics().horizontalAdvance(box->currentText()), room)
+            const int width = box->width() - 40;  // frame and arrow
+            EXPECT_LE(box->fontMetrics().horizontalAdvance(box->currentText()), width)
                 << name.toStdString() << ": " << box->objectName().toStdString();
         }
     });

@@ -401,7 +401,7 @@ TEST_F(FirmViewTest, FollowsTheEndOfAnUploadFromTheEventLoop) {
     });
 }
 
-TEST_F(FirmViewTest, HasRoomForEveryWordOfAnUploadThatWasCut) {
+TEST_F(FirmViewTest, HasSpaceForEveryWordOfAnUploadThatWasCut) {
     firmware::firm controller(state, devices, desktop);
     whenDialogOpens(QStringLiteral("Firmware Upgrade"), [&controller](QDialog& window) {
         const QSize size = window.size();

@@ -365,7 +365,7 @@ TEST_F(MainWindowViewTest, NoLetterLeadsToTwoPlaces) {
 
 TEST_F(MainWindowViewTest, FitsASmallScreen) {
     EXPECT_LE(view.minimumSizeHint().width(), 1280);
-    EXPECT_LE(view.minimumSizeHint().height(), 720 - 40) << "with room for a title bar";
+    EXPECT_LE(view.minimumSizeHint().height(), 720 - 40) << "with space for a title bar";
 }
 
 }  // namespace

@@ -127,7 +127,7 @@ TEST(Sleeper, ThrowsAwayWhatAPersonDoesDuringALongJob) {
     EXPECT_FALSE(canvas.isVisible());
 }
 
-TEST(Sleeper, ThrowsAwayWhatCameSinceTheLastBreathWhenTheJobEnds) {
+TEST(Sleeper, ThrowsAwayWhatCameSinceTheLastPaintingWhenTheJobEnds) {
     PressCounter canvas;
     canvas.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&canvas));

@@ -207,7 +207,7 @@ TEST_F(SurfaceFaces, LookDifferentInEachState) {
                 tag == 74 ? editor.face(QStringLiteral("moLa3")).look() : editor.faceOf(tag).look();
             plain.isChecked = plain.hasFocus = plain.isHovered = false;
             const auto paint = [&](const qt::FaceLook& look) {
-                QImage picture(look.room.size().toSize(), QImage::Format_RGB32);
+                QImage picture(look.area.size().toSize(), QImage::Format_RGB32);
                 const qt::SurfaceColours colours(palette);
                 picture.fill(colours.plate);
                 QPainter painter(&picture);
@@ -249,7 +249,7 @@ TEST_F(SurfaceFaces, TellKindsAndTogglesApartWithoutColour) {
             look.assignment.toggles = toggles;
             const qt::FaceLines lines = qt::linesOf(look);
             EXPECT_EQ(!lines.toggleSign.isEmpty(), toggles);
-            QImage picture(look.room.size().toSize(), QImage::Format_RGB32);
+            QImage picture(look.area.size().toSize(), QImage::Format_RGB32);
             QPainter painter(&picture);
             const qt::SurfaceColours colours(lightPalette());
             qt::paintFaceBody(painter, look, colours);

@@ -70,7 +70,7 @@ TEST_F(SurfaceKeys, ArrowsMoveTheSelection) {
 
 TEST_F(SurfaceKeys, ArrowsReachThePadsAndSelectTheControlBehindThem) {
     editor.click(31);
-    EXPECT_EQ(focused(), "encoder31") << "the keyboard goes with the selection";
+    EXPECT_EQ(focused(), "encoder31") << "the focus goes with the selection";
     press(Qt::Key_Right);
     EXPECT_EQ(focused(), "encoder65");
     EXPECT_EQ(selected(), 70);
@@ -163,7 +163,7 @@ TEST_F(SurfaceKeys, TheControllerIsASingleTabStop) {
 TEST_F(SurfaceKeys, TheTabStopFollowsTheSelection) {
     before.setFocus();
     editor.click(58);
-    EXPECT_TRUE(before.hasFocus()) << "a selection elsewhere does not take the keyboard";
+    EXPECT_TRUE(before.hasFocus()) << "a selection elsewhere does not take the focus";
     press(Qt::Key_Tab);
     EXPECT_EQ(focused(), "encoder58");
 }

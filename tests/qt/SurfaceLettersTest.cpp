@@ -89,8 +89,8 @@ TEST_F(SurfaceLetters, AreNeverCutInAnyUserDefinedAssignment) {
             look.assignment.hostFunction = {};
             const qt::FaceLines lines = qt::linesOf(look);
             EXPECT_FALSE(lines.first.isCut || lines.second.isCut) << look.assignment.fullText();
-            EXPECT_GE(lines.kindSign.left(), look.room.left());
-            EXPECT_LE(lines.toggleSign.right(), look.room.right());
+            EXPECT_GE(lines.kindSign.left(), look.area.left());
+            EXPECT_LE(lines.toggleSign.right(), look.area.right());
         }
     }
 }
@@ -101,11 +101,11 @@ TEST_F(SurfaceLetters, StayWithinTheirFaceAndAreNeverTiny) {
     forEveryFace(editor, [](const qt::FaceButton& face) {
         const qt::FaceLook look = face.look();
         const qt::FaceLines lines = qt::linesOf(look);
-        for (const auto& [fitted, room] :
-             {std::pair(lines.first, lines.firstRoom), std::pair(lines.second, lines.secondRoom)}) {
-            EXPECT_LE(fitted.width, look.room.width());
-            EXPECT_GE(room.top(), look.room.top());
-            EXPECT_LE(room.bottom(), look.room.bottom());
+        for (const auto& [fitted, area] :
+             {std::pair(lines.first, lines.firstArea), std::pair(lines.second, lines.secondArea)}) {
+            EXPECT_LE(fitted.width, look.area.width());
+            EXPECT_GE(area.top(), look.area.top());
+            EXPECT_LE(area.bottom(), look.area.bottom());
             EXPECT_GE(fitted.font.pixelSize(), 9);
         }
     });

@@ -26,7 +26,7 @@ TEST(TextFieldView, ShowsItsOwnTextOnlyWhileTheFieldIsEmpty) {
     EXPECT_EQ(view.text(), QStringLiteral("Number"));
 }
 
-TEST(TextFieldView, CutsWhatFindsNoRoomAndOnlyThat) {
+TEST(TextFieldView, CutsWhatFindsNoSpaceAndOnlyThat) {
     toolkit::TextField model;
     model.setStringValue("Const");
     TextFieldView view(model);

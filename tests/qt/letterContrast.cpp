@@ -19,7 +19,7 @@ namespace {
 
 struct Lettering {
     QString text;
-    QRectF room;  ///< in the panel
+    QRectF area;  ///< in the panel
 };
 
 std::vector<Lettering> letteringOf(const qt::FacePanel& panel) {
@@ -28,7 +28,7 @@ std::vector<Lettering> letteringOf(const qt::FacePanel& panel) {
     for (const qt::Engraving& engraving : panel.plan().engravings) {
         all.push_back(
             {engraving.text,
-             {panel.corner() + engraving.room.topLeft() * unit, engraving.room.size() * unit}});
+             {panel.corner() + engraving.area.topLeft() * unit, engraving.area.size() * unit}});
     }
     for (const qt::FaceButton* button : panel.faces()) {
         const qt::FaceLook look = button->look();
@@ -37,13 +37,13 @@ std::vector<Lettering> letteringOf(const qt::FacePanel& panel) {
             look.shape == qt::FaceShape::Pad || look.shape == qt::FaceShape::Layer;
         const QPointF origin = button->pos();
         if (hasCaption) {
-            all.push_back({look.caption, qt::captionRoomOf(look).translated(origin)});
+            all.push_back({look.caption, qt::captionAreaOf(look).translated(origin)});
         }
-        for (const auto& [fitted, room] :
-             {std::pair(lines.first, lines.firstRoom), std::pair(lines.second, lines.secondRoom)}) {
+        for (const auto& [fitted, area] :
+             {std::pair(lines.first, lines.firstArea), std::pair(lines.second, lines.secondArea)}) {
             if (!fitted.text.isEmpty()) {
-                const qreal spare = (room.width() - fitted.width) / 2;
-                all.push_back({fitted.text, room.adjusted(spare, 0, -spare, 0).translated(origin)});
+                const qreal spare = (area.width() - fitted.width) / 2;
+                all.push_back({fitted.text, area.adjusted(spare, 0, -spare, 0).translated(origin)});
             }
         }
     }
@@ -71,9 +71,9 @@ Lettering letteringOf(const QWidget& widget) {
     if (button == nullptr || dynamic_cast<const qt::FaceButton*>(button) != nullptr) {
         return {};
     }
-    QRect room(QPoint(0, 0), button->fontMetrics().size(Qt::TextShowMnemonic, button->text()));
-    room.moveCenter(button->rect().center());
-    return {button->text(), room};
+    QRect area(QPoint(0, 0), button->fontMetrics().size(Qt::TextShowMnemonic, button->text()));
+    area.moveCenter(button->rect().center());
+    return {button->text(), area};
 }
 
 std::vector<Lettering> letteringOfWindow(const QWidget& window) {
@@ -82,7 +82,7 @@ std::vector<Lettering> letteringOfWindow(const QWidget& window) {
         const Lettering found = letteringOf(*widget);
         if (!found.text.isEmpty() && widget->isVisible() && widget->isEnabled()) {
             const QPoint origin = widget->mapTo(&window, QPoint(0, 0));
-            all.push_back({found.text, found.room.translated(origin)});
+            all.push_back({found.text, found.area.translated(origin)});
         }
     }
     return all;
@@ -115,8 +115,8 @@ QStringList unreadable(const QImage& picture, const std::vector<Lettering>& lett
     QStringList texts;
     const qreal ratio = picture.devicePixelRatio();
     for (const Lettering& lettering : letterings) {
-        const QRectF room(lettering.room.topLeft() * ratio, lettering.room.size() * ratio);
-        const qreal found = contrastWithin(picture.copy(room.toAlignedRect()));
+        const QRectF area(lettering.area.topLeft() * ratio, lettering.area.size() * ratio);
+        const qreal found = contrastWithin(picture.copy(area.toAlignedRect()));
         if (found < qt::readableContrast) {
             texts.append(QStringLiteral("\"%1\": %2 to 1").arg(lettering.text).arg(found));
         }

@@ -30,9 +30,9 @@ def write(text):
     subprocess.run(["xdotool", "type", "--delay", "20", text], check=True)
 
 
-def keyboard_at(window):
-    """What has the keyboard, once something has."""
-    return until(lambda: focused(window), f"nothing in {window.name} has the keyboard")
+def focus_of(window):
+    """What has the focus, once something has."""
+    return until(lambda: focused(window), f"nothing in {window.name} has the focus")
 
 
 def is_at(window, role, name):
@@ -43,7 +43,7 @@ def is_at(window, role, name):
 def wait_at(window, role, name):
     until(
         lambda: is_at(window, role, name),
-        lambda: f"{names_of(keyboard_at(window))} has the keyboard, not {role} \"{name}\"",
+        lambda: f"{names_of(focus_of(window))} has the focus, not {role} \"{name}\"",
     )
 
 
@@ -53,15 +53,15 @@ def press_and_wait_at(window, keys, role, name):
 
 
 def tab_to(window, role, name, keys="Tab"):
-    """Presses Tab until the keyboard is where it is wanted."""
+    """Presses Tab until the focus is where it is wanted."""
     seen = []
     for _ in range(MOST_TABS):
-        before = keyboard_at(window)
+        before = focus_of(window)
         if is_at(window, role, name):
             return before
         seen.append(names_of(before))
         key(keys)
-        until(lambda old=before: keyboard_at(window) != old, f"{keys} leads nowhere from {seen[-1]}")
+        until(lambda old=before: focus_of(window) != old, f"{keys} leads nowhere from {seen[-1]}")
     raise AssertionError(f"Tab leads to {seen} and never to {role} \"{name}\"")
 
 
@@ -69,7 +69,7 @@ def pick_by_typing(window, label, typed, entry):
     """Looks for an entry by its first letters and takes it."""
     box = tab_to(window, "combo box", label)
     write(typed)
-    # The open list has the keyboard, at what was found, and nothing is chosen before Enter.
+    # The open list has the focus, at what was found, and nothing is chosen before Enter.
     until(lambda: is_at(window, "list item", entry), f"\"{typed}\" does not find \"{entry}\"")
     key("Return")
     until(lambda: chosen(box) == [entry], f"{entry} is not chosen under {label}")

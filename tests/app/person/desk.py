@@ -103,7 +103,7 @@ class Program:
         return [window for window in children(self.application) if is_shown(window)]
 
     def window(self, role, title):
-        """The window with this title, once it is there and has the keyboard."""
+        """The window with this title, once it is there and has the focus."""
 
         def find():
             for window in self.windows():
@@ -144,7 +144,7 @@ def read(window, text):
 
 
 def focused(window):
-    """What has the keyboard in a window; none while nothing has."""
+    """What has the focus in a window; none while nothing has."""
     for thing in everything_in(window, ("combo box", "list")):
         holds_it = thing.getRoleName() in ("panel", "list")  # for what is in it
         if not holds_it and has(thing, pyatspi.STATE_FOCUSED):
