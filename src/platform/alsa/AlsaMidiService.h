@@ -129,7 +129,7 @@ private:
         std::map<std::string, std::string, std::less<>> strings;
     };
 
-    // Objects.cpp: handles and properties.
+    // Properties.cpp: handles and properties.
     [[nodiscard]] bool exists(const Lock&, MIDIObjectRef object) const;
     [[nodiscard]] std::optional<std::string> stringProperty(const Lock&, MIDIObjectRef object,
                                                             std::string_view property) const;

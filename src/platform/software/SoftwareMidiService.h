@@ -192,7 +192,7 @@ private:
     };
 
     // A function that takes a lock needs the mutex held.
-    // SoftwareMidiService.cpp, Objects.cpp: the operations.
+    // SoftwareMidiService.cpp, Properties.cpp, PublishedEndpoints.cpp: the operations.
     [[nodiscard]] OSStatus begin(const Call& call);
     void misuse(std::string_view operation, std::string_view what, MIDIObjectRef object);
     /// The object with the handle; none is reported as misuse unless it once existed.
