@@ -177,7 +177,7 @@ OSStatus AlsaMidiService::MIDISend(MIDIPortRef port, MIDIEndpointRef destination
         if (description && description->direction != Direction::Destination) {
             return kMIDIWrongEndpointType;
         }
-        hearAhead(lock);
+        readAnnouncementsAhead(lock);
         isThere = description && !hasGone(lock, *description);
     }
     if (!isThere) {

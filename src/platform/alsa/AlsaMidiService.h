@@ -147,10 +147,10 @@ private:
     // Setup.cpp: following what comes and goes.
     void openSequencer(const Lock&);
     void lookAfresh(const Lock&);
-    void hear(const Lock&);
+    void readAnnouncements(const Lock&);
     /// Takes in what has been announced, while the lists stay as they are; the main thread is woken
     /// to act on it.
-    void hearAhead(const Lock&);
+    void readAnnouncementsAhead(const Lock&);
     /// Returns whether there was any.
     bool readNews(const Lock&);
     void follow(const Lock&);

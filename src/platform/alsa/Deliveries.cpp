@@ -9,7 +9,7 @@ namespace platform::alsa {
 
 void AlsaMidiService::beginDelivery(MIDIEndpointRef destination) {
     const Lock lock(mutex_);
-    hearAhead(lock);
+    readAnnouncementsAhead(lock);
     const std::optional<PortDescription> port = portOf(lock, destination);
     const bool isThere = port && port->direction == Direction::Destination && !hasGone(lock, *port);
     output_.beginDelivery({destination, port.value_or(PortDescription())}, !isThere);

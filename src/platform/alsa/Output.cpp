@@ -89,75 +89,76 @@ OSStatus Output::send(const Destination& to, const MIDIPacketList& list) {
     if (end_ || codec_ == nullptr) {
         return kMIDINoConnection;
     }
-    const RoadPtr road = roadTo(lock, to);
-    road->account.handOver(bytesIn(list), timeNow());
-    if (!road->isCut()) {
-        put(*road, list);
+    const ConnectionPtr connection = connectionTo(lock, to);
+    connection->account.handOver(bytesIn(list), timeNow());
+    if (!connection->isCut()) {
+        put(*connection, list);
         startWorker(lock);
         const Time::Point end = timeNow() + longestCall;
-        for (advance(lock, *road); !road->waiting.empty(); advance(lock, *road)) {
-            if (timeNow() >= end && road->bytesWaiting <= mostWaiting) {
+        for (advance(lock, *connection); !connection->waiting.empty(); advance(lock, *connection)) {
+            if (timeNow() >= end && connection->bytesWaiting <= mostWaiting) {
                 break;
             }
             changed_.wait_for(lock, betweenTries);
         }
     }
-    if (road->isCut()) {
-        road->account.end(road->hasGone ? Trouble::WentAway : road->cutBy, timeNow());
+    if (connection->isCut()) {
+        connection->account.end(connection->hasGone ? Trouble::WentAway : connection->cutBy,
+                                timeNow());
         return kMIDINoConnection;
     }
-    road->lastUsed = timeNow();
+    connection->lastUsed = timeNow();
     return noErr;
 }
 
 void Output::sendInVain(MIDIEndpointRef destination, const MIDIPacketList& list) {
     const Lock lock(mutex_);
-    const auto found = roads_.find(destination);
-    if (found != roads_.end()) {
+    const auto found = connections_.find(destination);
+    if (found != connections_.end()) {
         found->second->account.handOver(bytesIn(list), timeNow());
         found->second->account.end(Trouble::WentAway, timeNow());
         cut(*found->second, Trouble::WentAway);
     }
 }
 
-Output::RoadPtr Output::roadTo(const Lock&, const Destination& to) {
-    RoadPtr& road = roads_[to.handle];
-    if (road == nullptr) {
-        road = std::make_shared<Road>(to, timeNow());
+Output::ConnectionPtr Output::connectionTo(const Lock&, const Destination& to) {
+    ConnectionPtr& connection = connections_[to.handle];
+    if (connection == nullptr) {
+        connection = std::make_shared<Connection>(to, timeNow());
     }
-    return road;
+    return connection;
 }
 
-void Output::put(Road& road, const MIDIPacketList& list) {
+void Output::put(Connection& connection, const MIDIPacketList& list) {
     const auto keep = [&](std::span<const std::uint8_t> message) {
-        road.waiting.emplace_back(message.begin(), message.end());
-        road.bytesWaiting += message.size();
+        connection.waiting.emplace_back(message.begin(), message.end());
+        connection.bytesWaiting += message.size();
     };
     forEachPacket(list, [&](std::uint64_t, std::span<const std::uint8_t> bytes) {
-        road.splitter.addPacket(bytes, keep);
+        connection.splitter.addPacket(bytes, keep);
     });
-    road.splitter.flush(keep);
-    if (road.waiting.empty()) {
-        road.account.acceptAll();
+    connection.splitter.flush(keep);
+    if (connection.waiting.empty()) {
+        connection.account.acceptAll();
     }
 }
 
-void Output::advance(Lock& lock, Road& road) {
-    if (road.isCut()) {
+void Output::advance(Lock& lock, Connection& connection) {
+    if (connection.isCut()) {
         return;
     }
-    if (road.state == Road::State::Closed && !road.waiting.empty()) {
-        open(lock, road);
+    if (connection.state == Connection::State::Closed && !connection.waiting.empty()) {
+        open(lock, connection);
     }
-    if (road.state == Road::State::Open && !road.isCut()) {
-        pump(road);
+    if (connection.state == Connection::State::Open && !connection.isCut()) {
+        pump(connection);
     }
 }
 
-void Output::open(Lock& lock, Road& road) {
-    road.state = Road::State::Opening;
+void Output::open(Lock& lock, Connection& connection) {
+    connection.state = Connection::State::Opening;
     std::unique_ptr<Sender> sender = spareOrNew(lock);
-    const PortDescription port = road.to.port;
+    const PortDescription port = connection.to.port;
     lock.unlock();
     bool exclusively = false;
     int result = -ENODEV;
@@ -173,109 +174,111 @@ void Output::open(Lock& lock, Road& road) {
     }
     lock.lock();
     if (result == 0) {
-        road.room.emplace(levelOf(port, *sender));
-        road.sender = std::move(sender);
-        road.isExclusive = exclusively;
-        road.levelWasSeen = false;
-        road.state = Road::State::Open;
-        road.lastUsed = timeNow();
+        connection.room.emplace(levelOf(port, *sender));
+        connection.sender = std::move(sender);
+        connection.isExclusive = exclusively;
+        connection.levelWasSeen = false;
+        connection.state = Connection::State::Open;
+        connection.lastUsed = timeNow();
     } else {
         if (sender != nullptr) {
             spares_.push_back(std::move(sender));
         }
-        road.state = Road::State::Closed;
-        cut(road, isHeld(result) ? Trouble::InUse : Trouble::WentAway, inTheWay);
+        connection.state = Connection::State::Closed;
+        cut(connection, isHeld(result) ? Trouble::InUse : Trouble::WentAway, inTheWay);
     }
     changed_.notify_all();
 }
 
-void Output::pump(Road& road) {
-    while (!road.waiting.empty()) {
-        const std::vector<std::uint8_t>& message = road.waiting.front();
+void Output::pump(Connection& connection) {
+    while (!connection.waiting.empty()) {
+        const std::vector<std::uint8_t>& message = connection.waiting.front();
         snd_seq_event_t event{};
         if (toEvent(*codec_, message, event)) {
-            if (road.to.isProgram() || !road.isExclusive) {
-                road.room->forgetLevel();
+            if (connection.to.isProgram() || !connection.isExclusive) {
+                connection.room->forgetLevel();
             }
-            if (!road.room->take(road.to.isProgram() ? cellsFor(message.size()) : message.size())) {
+            if (!connection.room->take(connection.to.isProgram() ? cellsFor(message.size())
+                                                                 : message.size())) {
                 return;
             }
-            const int result = road.sender->send(event);
+            const int result = connection.sender->send(event);
             if (result == -EAGAIN) {
-                road.room->forgetLevel();
+                connection.room->forgetLevel();
                 return;
             }
             if (result < 0) {
-                cut(road, Trouble::WentAway);
+                cut(connection, Trouble::WentAway);
                 return;
             }
         }
-        road.account.accept(message, timeNow());
-        road.bytesWaiting -= message.size();
-        road.waiting.pop_front();
+        connection.account.accept(message, timeNow());
+        connection.bytesWaiting -= message.size();
+        connection.waiting.pop_front();
     }
-    road.account.acceptAll();
+    connection.account.acceptAll();
 }
 
-void Output::look(Road& road) {
-    const bool wasSettled = road.account.isSettled();
-    if (wasSettled || road.isCut()) {
+void Output::look(Connection& connection) {
+    const bool wasSettled = connection.account.isSettled();
+    if (wasSettled || connection.isCut()) {
         return;
     }
-    if (road.state == Road::State::Open) {
+    if (connection.state == Connection::State::Open) {
         const std::optional<FillLevel> level =
-            road.to.port.isHardware ? road.room->level() : std::nullopt;
+            connection.to.port.isHardware ? connection.room->level() : std::nullopt;
         // The level first: so it is that of a destination that is still there.
-        if (!road.sender->isConnected() || (!level && road.levelWasSeen)) {
-            cut(road, Trouble::WentAway);
+        if (!connection.sender->isSubscribed() || (!level && connection.levelWasSeen)) {
+            cut(connection, Trouble::WentAway);
             return;
         }
-        road.levelWasSeen = level.has_value();
-        road.account.see(level ? level->whole - std::min(level->whole, level->room) : 0, timeNow());
+        connection.levelWasSeen = level.has_value();
+        connection.account.see(level ? level->whole - std::min(level->whole, level->room) : 0,
+                               timeNow());
     }
-    if (road.state == Road::State::Closed && road.waiting.empty()) {
-        road.account.see(0, timeNow());  // half a message, which waits for its other half
+    if (connection.state == Connection::State::Closed && connection.waiting.empty()) {
+        connection.account.see(0, timeNow());  // half a message, which waits for its other half
     }
-    road.account.pass(timeNow());
-    if (road.account.trouble() != Trouble::None) {
-        cut(road, road.account.trouble());
-    } else if (road.account.isSettled() && road.isAskedFor) {
+    connection.account.pass(timeNow());
+    if (connection.account.trouble() != Trouble::None) {
+        cut(connection, connection.account.trouble());
+    } else if (connection.account.isSettled() && connection.isAskedFor) {
         onNews_();
     }
 }
 
-void Output::cut(Road& road, Trouble trouble, std::string program) {
-    if (road.isCut()) {
+void Output::cut(Connection& connection, Trouble trouble, std::string program) {
+    if (connection.isCut()) {
         return;
     }
-    road.account.end(trouble, timeNow(), std::move(program));
-    road.cutBy = trouble;
-    road.waiting.clear();
-    road.bytesWaiting = 0;
-    road.splitter.reset();
-    if (road.state == Road::State::Open) {
-        road.room->forgetLevel();
-        const std::optional<FillLevel> level = road.room->level();
-        road.roomWhenCut = level ? level->room : 0;
+    connection.account.end(trouble, timeNow(), std::move(program));
+    connection.cutBy = trouble;
+    connection.waiting.clear();
+    connection.bytesWaiting = 0;
+    connection.splitter.reset();
+    if (connection.state == Connection::State::Open) {
+        connection.room->forgetLevel();
+        const std::optional<FillLevel> level = connection.room->level();
+        connection.roomWhenCut = level ? level->room : 0;
     }
-    someWentOrCame_ = someWentOrCame_ || road.isOffline();
+    someWentOrCame_ = someWentOrCame_ || connection.isOffline();
     changed_.notify_all();
     onNews_();
 }
 
-void Output::reopen(Road& road) {
-    someWentOrCame_ = someWentOrCame_ || road.isOffline();
-    road.cutBy = Trouble::None;
-    if (road.isAskedFor && !road.lastDelivery) {
-        road.lastDelivery = road.account.at(timeNow());
+void Output::reopen(Connection& connection) {
+    someWentOrCame_ = someWentOrCame_ || connection.isOffline();
+    connection.cutBy = Trouble::None;
+    if (connection.isAskedFor && !connection.lastDelivery) {
+        connection.lastDelivery = connection.account.at(timeNow());
     }
-    road.account = Account(timeNow());
+    connection.account = Account(timeNow());
 }
 
 void Output::forget(MIDIEndpointRef destination) {
     const Lock lock(mutex_);
-    const auto found = roads_.find(destination);
-    if (found != roads_.end()) {
+    const auto found = connections_.find(destination);
+    if (found != connections_.end()) {
         cut(*found->second, Trouble::WentAway);
         found->second->hasGone = true;
         removeGone(lock);
@@ -285,34 +288,35 @@ void Output::forget(MIDIEndpointRef destination) {
 
 bool Output::isOffline(MIDIEndpointRef destination) const {
     const Lock lock(mutex_);
-    const auto found = roads_.find(destination);
-    return found != roads_.end() && found->second->isOffline();
+    const auto found = connections_.find(destination);
+    return found != connections_.end() && found->second->isOffline();
 }
 
 void Output::beginDelivery(const Destination& to, bool hasGone) {
     const Lock lock(mutex_);
-    for (auto& [handle, road] : roads_) {
-        road->isAskedFor = road->isAskedFor && !(road->hasGone && handle != to.handle);
+    for (auto& [handle, connection] : connections_) {
+        connection->isAskedFor =
+            connection->isAskedFor && !(connection->hasGone && handle != to.handle);
     }
     removeGone(lock);
-    Road& road = *roadTo(lock, to);
-    road.isAskedFor = true;
-    if (road.cutBy == Trouble::InUse) {
-        reopen(road);
+    Connection& connection = *connectionTo(lock, to);
+    connection.isAskedFor = true;
+    if (connection.cutBy == Trouble::InUse) {
+        reopen(connection);
     }
-    road.lastDelivery.reset();
-    road.account = Account(timeNow(), road.bytesWaiting);
-    if (hasGone || road.hasGone) {
-        road.account.end(Trouble::WentAway, timeNow());
-        cut(road, Trouble::WentAway);  // nothing may go on waiting for it
-        road.hasGone = true;
+    connection.lastDelivery.reset();
+    connection.account = Account(timeNow(), connection.bytesWaiting);
+    if (hasGone || connection.hasGone) {
+        connection.account.end(Trouble::WentAway, timeNow());
+        cut(connection, Trouble::WentAway);  // nothing may go on waiting for it
+        connection.hasGone = true;
     }
 }
 
 Delivery Output::delivery(MIDIEndpointRef destination) const {
     const Lock lock(mutex_);
-    const auto found = roads_.find(destination);
-    if (found == roads_.end()) {
+    const auto found = connections_.find(destination);
+    if (found == connections_.end()) {
         return {};
     }
     return found->second->lastDelivery ? *found->second->lastDelivery
@@ -321,23 +325,23 @@ Delivery Output::delivery(MIDIEndpointRef destination) const {
 
 void Output::abandonDelivery(MIDIEndpointRef destination) {
     const Lock lock(mutex_);
-    const auto found = roads_.find(destination);
-    if (found == roads_.end()) {
+    const auto found = connections_.find(destination);
+    if (found == connections_.end()) {
         return;
     }
-    Road& road = *found->second;
-    look(road);
-    if (!road.account.hasAllLeft()) {
-        cut(road, Trouble::TakesNothing);
+    Connection& connection = *found->second;
+    look(connection);
+    if (!connection.account.hasAllLeft()) {
+        cut(connection, Trouble::TakesNothing);
     }
 }
 
 bool Output::takeNews(bool mayOpen) {
     const Lock lock(mutex_);
-    for (auto& [handle, road] : roads_) {
-        if (mayOpen && road->cutBy != Trouble::None && !road->hasGone &&
-            road->state == Road::State::Closed) {
-            reopen(*road);
+    for (auto& [handle, connection] : connections_) {
+        if (mayOpen && connection->cutBy != Trouble::None && !connection->hasGone &&
+            connection->state == Connection::State::Closed) {
+            reopen(*connection);
         }
     }
     return std::exchange(someWentOrCame_, false);

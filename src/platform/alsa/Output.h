@@ -17,7 +17,7 @@
 #include <vector>
 
 #include "platform/MidiService.h"
-#include "platform/alsa/Road.h"
+#include "platform/alsa/Connection.h"
 #include "platform/alsa/Sender.h"
 #include "platform/alsa/events.h"
 
@@ -34,7 +34,7 @@ public:
     /// How long another program that is in the way is waited for: it may be just leaving.
     static constexpr std::chrono::milliseconds longestHold{30};
     /// How long the end, or the giving back of a subscription, waits until all data has gone out.
-    static constexpr std::chrono::seconds longestFarewell{2};
+    static constexpr std::chrono::seconds longestDrain{2};
 
     /// `onNews` is called, on any thread, when the main thread should call `takeNews`; it must
     /// not call back.
@@ -48,7 +48,7 @@ public:
 
     /// Sends all messages of the list, each whole, in order, once there is room for it. When the
     /// destination takes no more, or has gone, all that waits is lost, and nothing more is taken
-    /// until the main thread has opened the road again.
+    /// until the main thread has opened the connection again.
     OSStatus send(const Destination& to, const MIDIPacketList& list);
     /// The same, of a destination that is known to have gone.
     void sendInVain(MIDIEndpointRef destination, const MIDIPacketList& list);
@@ -62,9 +62,9 @@ public:
     [[nodiscard]] Delivery delivery(MIDIEndpointRef destination) const;
     void abandonDelivery(MIDIEndpointRef destination);
 
-    /// The main thread has taken in what has changed, and no action of its is under way: roads that
-    /// were cut open again, but to programs that still read nothing. Returns whether a destination
-    /// has become offline, or has come back, since the last call.
+    /// The main thread has taken in what has changed, and no action of its is under way:
+    /// connections that were cut open again, but to programs that still read nothing. Returns
+    /// whether a destination has become offline, or has come back, since the last call.
     [[nodiscard]] bool takeNews(bool mayOpen);
 
     /// Lets go of everything, for good: nothing can be sent any more. Waits until the devices have
@@ -73,26 +73,26 @@ public:
 
 private:
     using Lock = std::unique_lock<std::mutex>;
-    using RoadPtr = std::shared_ptr<Road>;
+    using ConnectionPtr = std::shared_ptr<Connection>;
 
     // Sending.
-    [[nodiscard]] RoadPtr roadTo(const Lock&, const Destination& to);
-    void put(Road& road, const MIDIPacketList& list);
-    void advance(Lock& lock, Road& road);
-    void open(Lock& lock, Road& road);
-    void pump(Road& road);
-    void look(Road& road);
-    void cut(Road& road, Delivery::Trouble trouble, std::string program = {});
-    void reopen(Road& road);
+    [[nodiscard]] ConnectionPtr connectionTo(const Lock&, const Destination& to);
+    void put(Connection& connection, const MIDIPacketList& list);
+    void advance(Lock& lock, Connection& connection);
+    void open(Lock& lock, Connection& connection);
+    void pump(Connection& connection);
+    void look(Connection& connection);
+    void cut(Connection& connection, Delivery::Trouble trouble, std::string program = {});
+    void reopen(Connection& connection);
 
     // The thread; OutputWorker.cpp.
     void startWorker(const Lock&);
     void work();
-    void tend(Lock& lock, Road& road);
-    [[nodiscard]] bool isToBeClosed(const Road& road) const;
-    void close(Lock& lock, Road& road);
+    void tend(Lock& lock, Connection& connection);
+    [[nodiscard]] bool isToBeClosed(const Connection& connection) const;
+    void close(Lock& lock, Connection& connection);
     /// Nothing when it can wait for news.
-    [[nodiscard]] std::optional<Time::Point> nextLookAt(const Road& road) const;
+    [[nodiscard]] std::optional<Time::Point> nextLookAt(const Connection& connection) const;
     void removeGone(const Lock&);
     [[nodiscard]] std::unique_ptr<Sender> spareOrNew(Lock& lock);
 
@@ -103,7 +103,7 @@ private:
     mutable std::mutex
         mutex_;  // guards what follows; never held while the kernel may keep us waiting
     std::condition_variable changed_;
-    std::map<MIDIEndpointRef, RoadPtr> roads_;
+    std::map<MIDIEndpointRef, ConnectionPtr> connections_;
     std::vector<std::unique_ptr<Sender>> spares_;
     bool someWentOrCame_ = false;  // offline, or back
     bool workerRests_ = false;     // until it is told otherwise

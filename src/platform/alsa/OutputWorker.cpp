@@ -46,19 +46,19 @@ std::unique_ptr<Sender> Output::spareOrNew(Lock& lock) {
 void Output::work() {
     Lock lock(mutex_);
     for (;;) {
-        std::vector<RoadPtr> roads;
-        roads.reserve(roads_.size());
-        for (const auto& [handle, road] : roads_) {
-            roads.push_back(road);
+        std::vector<ConnectionPtr> connections;
+        connections.reserve(connections_.size());
+        for (const auto& [handle, connection] : connections_) {
+            connections.push_back(connection);
         }
-        for (const RoadPtr& road : roads) {
-            tend(lock, *road);
+        for (const ConnectionPtr& connection : connections) {
+            tend(lock, *connection);
         }
         removeGone(lock);
         // From here on the mutex stays locked until it is waited: no news can fall between.
         std::optional<Time::Point> next;
-        for (const auto& [handle, road] : roads_) {
-            const std::optional<Time::Point> look = nextLookAt(*road);
+        for (const auto& [handle, connection] : connections_) {
+            const std::optional<Time::Point> look = nextLookAt(*connection);
             next = look ? std::min(next.value_or(*look), *look) : next;
         }
         if (end_ && !next) {
@@ -74,62 +74,65 @@ void Output::work() {
     }
 }
 
-void Output::tend(Lock& lock, Road& road) {
+void Output::tend(Lock& lock, Connection& connection) {
     if (end_ && timeNow() >= *end_) {
-        road.waiting.clear();
-        road.bytesWaiting = 0;
+        connection.waiting.clear();
+        connection.bytesWaiting = 0;
     }
-    advance(lock, road);
-    look(road);
-    if (isToBeClosed(road)) {
-        close(lock, road);
+    advance(lock, connection);
+    look(connection);
+    if (isToBeClosed(connection)) {
+        close(lock, connection);
     }
 }
 
-bool Output::isToBeClosed(const Road& road) const {
-    if (road.state != Road::State::Open) {
+bool Output::isToBeClosed(const Connection& connection) const {
+    if (connection.state != Connection::State::Open) {
         return false;
     }
     if (end_) {
-        return road.waiting.empty();
+        return connection.waiting.empty();
     }
-    if (road.isToBeSeenReadingAgain()) {
-        const std::optional<FillLevel> level = road.room->level();
-        return !level || level->room > road.roomWhenCut || !road.sender->isConnected();
+    if (connection.isToBeSeenReadingAgain()) {
+        const std::optional<FillLevel> level = connection.room->level();
+        return !level || level->room > connection.roomWhenCut || !connection.sender->isSubscribed();
     }
-    return road.isCut() || (road.account.isSettled() && timeNow() - road.lastUsed >= idleTime);
+    return connection.isCut() ||
+           (connection.account.isSettled() && timeNow() - connection.lastUsed >= idleTime);
 }
 
-std::optional<Time::Point> Output::nextLookAt(const Road& road) const {
-    if (!road.waiting.empty() || (end_ && road.state != Road::State::Closed)) {
+std::optional<Time::Point> Output::nextLookAt(const Connection& connection) const {
+    if (!connection.waiting.empty() || (end_ && connection.state != Connection::State::Closed)) {
         return timeNow() + tryInterval;
     }
     if (end_) {
         return std::nullopt;  // also if it is not settled: there is nobody left to tell
     }
-    if (road.isToBeSeenReadingAgain() && road.state == Road::State::Open) {
+    if (connection.isToBeSeenReadingAgain() && connection.state == Connection::State::Open) {
         return timeNow() + readingInterval;
     }
-    if (!road.account.isSettled()) {
+    if (!connection.account.isSettled()) {
         return timeNow() + lookInterval;
     }
-    return road.state == Road::State::Open ? std::optional(road.lastUsed + idleTime) : std::nullopt;
+    return connection.state == Connection::State::Open
+               ? std::optional(connection.lastUsed + idleTime)
+               : std::nullopt;
 }
 
-void Output::close(Lock& lock, Road& road) {
-    road.state = Road::State::Closing;
-    std::unique_ptr<Sender> sender = std::move(road.sender);
-    road.room.reset();
+void Output::close(Lock& lock, Connection& connection) {
+    connection.state = Connection::State::Closing;
+    std::unique_ptr<Sender> sender = std::move(connection.sender);
+    connection.room.reset();
     const auto left =
         std::chrono::duration_cast<milliseconds>(end_.value_or(Time::Point()) - timeNow());
-    const milliseconds patience = road.isCut() ? milliseconds::zero()
-                                  : end_       ? left
-                                               : milliseconds(longestFarewell);
+    const milliseconds patience = connection.isCut() ? milliseconds::zero()
+                                  : end_             ? left
+                                                     : milliseconds(longestDrain);
     lock.unlock();
     sender->unsubscribe(patience);
     lock.lock();
-    road.state = Road::State::Closed;
-    if (road.isCut()) {
+    connection.state = Connection::State::Closed;
+    if (connection.isCut()) {
         onNews_();
     }
     if (spares_.size() < mostSpares) {
@@ -142,17 +145,17 @@ void Output::close(Lock& lock, Road& road) {
 }
 
 void Output::removeGone(const Lock&) {
-    for (auto road = roads_.begin(); road != roads_.end();) {
-        const bool isOver = road->second->hasGone && !road->second->isAskedFor &&
-                            road->second->state == Road::State::Closed;
-        road = isOver ? roads_.erase(road) : std::next(road);
+    for (auto connection = connections_.begin(); connection != connections_.end();) {
+        const bool isOver = connection->second->hasGone && !connection->second->isAskedFor &&
+                            connection->second->state == Connection::State::Closed;
+        connection = isOver ? connections_.erase(connection) : std::next(connection);
     }
 }
 
 void Output::end() {
     Lock lock(mutex_);
     if (!end_) {
-        end_ = timeNow() + longestFarewell;
+        end_ = timeNow() + longestDrain;
     }
     changed_.notify_all();
     if (!worker_.joinable()) {

@@ -84,7 +84,7 @@ OSStatus AlsaMidiService::MIDIObjectGetIntegerProperty(MIDIObjectRef object,
         return kMIDIObjectNotFound;
     }
     if (property == kMIDIPropertyOffline) {
-        hearAhead(lock);
+        readAnnouncementsAhead(lock);
     }
     const std::optional<std::int32_t> found = integerProperty(lock, object, property);
     if (!found) {

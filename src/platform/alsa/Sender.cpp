@@ -42,7 +42,7 @@ int Sender::subscribe(const Address& destination, bool exclusively) {
     return result < 0 ? result : 0;
 }
 
-bool Sender::isConnected() const {
+bool Sender::isSubscribed() const {
     snd_seq_port_subscribe_t* subscription = nullptr;
     snd_seq_port_subscribe_alloca(&subscription);
     const snd_seq_addr_t from = address();

@@ -22,7 +22,7 @@ public:
     [[nodiscard]] int subscribe(const Address& destination, bool exclusively);
 
     /// Whether the subscription is still there, and what it is to.
-    [[nodiscard]] bool isConnected() const;
+    [[nodiscard]] bool isSubscribed() const;
 
     /// Waits until a device has taken what it was sent, but no longer than that; what it has not
     /// taken by then is thrown away. From a dead device the kernel would wait for 10 s.

@@ -70,7 +70,7 @@ void AlsaMidiService::openSequencer(const Lock& lock) {
 
 /// Lists what is there at this moment.
 void AlsaMidiService::lookAfresh(const Lock& lock) {
-    hear(lock);
+    readAnnouncements(lock);
     if (announcements_ != nullptr) {
         follow(lock);
     } else {
@@ -93,7 +93,7 @@ ServiceState AlsaMidiService::state() {
     return state;
 }
 
-void AlsaMidiService::hear(const Lock& lock) {
+void AlsaMidiService::readAnnouncements(const Lock& lock) {
     if (announcements_ == nullptr) {
         return;
     }
@@ -103,7 +103,7 @@ void AlsaMidiService::hear(const Lock& lock) {
     }
 }
 
-void AlsaMidiService::hearAhead(const Lock& lock) {
+void AlsaMidiService::readAnnouncementsAhead(const Lock& lock) {
     if (announcements_ == nullptr) {
         return;
     }
@@ -207,7 +207,7 @@ void AlsaMidiService::dispatch() {
         nodeWatch_->takeNews();
         openSequencer(lock);
     }
-    hear(lock);
+    readAnnouncements(lock);
     if (const auto wait = coalescer_.dueIn(std::chrono::steady_clock::now())) {
         if (*wait > Coalescer::Duration::zero()) {
             startTimer(timer_, *wait);

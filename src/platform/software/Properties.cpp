@@ -1,7 +1,5 @@
 // Handles and properties of what there is.
 
-#include <utility>
-
 #include "platform/software/SoftwareMidiService.h"
 
 namespace platform::software {

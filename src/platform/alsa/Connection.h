@@ -5,6 +5,7 @@
 #include <deque>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "platform/MidiService.h"
@@ -29,12 +30,12 @@ struct Destination {
 ///
 ///     Closed ──▶ Opening ──▶ Open ──▶ Closing ──▶ Closed
 ///
-/// A road with trouble is cut: nothing goes there any more, what waits is thrown away, the
+/// A connection with trouble is cut: nothing goes there any more, what waits is thrown away, the
 /// subscription too. The main thread opens it again, once it has taken in what has changed.
-struct Road {
+struct Connection {
     enum class State { Closed, Opening, Open, Closing };
 
-    Road(Destination destination, Time::Point now)
+    Connection(Destination destination, Time::Point now)
         : to(std::move(destination)), account(now), lastUsed(now) {}
 
     Destination to;
