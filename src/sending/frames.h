@@ -28,7 +28,7 @@ inline constexpr std::size_t blockChecksumOffset = frameSize + imageBytesInABloc
 inline constexpr std::size_t writeBlockSize = blockChecksumOffset + 1;
 using WriteBlock = std::array<std::uint8_t, writeBlockSize>;
 
-/// Room for an image; longer than any file that is accepted.
+/// Space for an image; longer than any file that is accepted.
 inline constexpr std::size_t imageBufferSize = 65536;
 using ImageBuffer = std::array<std::uint8_t, imageBufferSize>;
 
