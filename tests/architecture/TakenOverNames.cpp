@@ -27,7 +27,7 @@ std::string_view takenOverBy(std::string_view line) {
         const std::size_t colons = line.rfind("::");
         const bool another = line.find('=') != std::string_view::npos ||
                              line.starts_with("using namespace ") ||
-                             colons == std::string_view::npos;
+                             line.starts_with("using enum ") || colons == std::string_view::npos;
         return another ? std::string_view()
                        : line.substr(colons + 2, line.size() - 1 - (colons + 2));
     }

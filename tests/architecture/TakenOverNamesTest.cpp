@@ -40,5 +40,11 @@ TEST(TakenOverNamesCheck, SeesAnotherNameOfANamespaceThatIsNotUsed) {
     EXPECT_THAT(namesTakenOverInVain(tree.root()), ElementsAre("room/Vain.cpp: fs"));
 }
 
+TEST(TakenOverNamesCheck, TakesTheNamesOfAnEnumerationForUsed) {
+    const ScratchTree tree;
+    tree.write("room/One.cpp", "using enum config::MessageKind;\nreturn Note;\n");
+    EXPECT_THAT(namesTakenOverInVain(tree.root()), testing::IsEmpty());
+}
+
 }  // namespace
 }  // namespace architecture

@@ -11,7 +11,6 @@ namespace editor {
 namespace {
 
 using namespace std::chrono_literals;
-using testing::ElementsAre;
 
 class SendReport : public EditorTest {
 protected:

@@ -11,7 +11,6 @@ namespace {
 
 using namespace std::chrono_literals;
 using testing::ElementsAre;
-using testing::IsEmpty;
 using Event = Uploader::Event;
 
 constexpr std::size_t beforeBlocks = 34;  // messages of connect and erase

@@ -27,7 +27,6 @@ using namespace std::chrono_literals;
 namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::Not;
 using testing::SizeIs;
 
 /// The bus between programs, which the sequencer always has, under the name it is listed by.
