@@ -3,6 +3,7 @@
 // Single bytes of the live image by layer and control: the write path of the pad editor. They
 // touch nothing but the image.
 
+#include "config/control.h"
 #include "config/layout.h"
 
 namespace editor::padWriters {
