@@ -9,16 +9,21 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QDir>
+#include <QFile>
 #include <QGenericPlugin>
+#include <QHash>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMessageBox>
+#include <QProgressBar>
 #include <QTest>
 #include <QTimer>
 #include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <functional>
+#include <memory>
 #include <thread>
 #include <utility>
 
@@ -131,19 +136,21 @@ void saveAndClose() {
     closeMainWindow();
 }
 
-/// Chooses the output that the environment names in the dialog that opens next, with the keyboard,
-/// and confirms.
+/// Chooses the output of this name with the keyboard, and confirms.
+void choose(const QString& name, const QWidget* dialog) {
+    auto* outputs = dialog->findChild<QComboBox*>(QStringLiteral("combo_out"));
+    QTest::keyClick(outputs, Qt::Key_Home);
+    for (int steps = outputs->findText(name); steps > 0; --steps) {
+        QTest::keyClick(outputs, Qt::Key_Down);
+    }
+    say(QStringLiteral("chose ") + outputs->currentText());
+    press("ok", dialog);
+}
+
+/// Chooses the output that the environment names in the dialog that opens next.
 void chooseOutputInDialog() {
-    inDialog(QStringLiteral("MIDI Devices"), [](QWidget* dialog) {
-        auto* outputs = dialog->findChild<QComboBox*>(QStringLiteral("combo_out"));
-        QTest::keyClick(outputs, Qt::Key_Home);
-        const QString name = qEnvironmentVariable("TORMELK_PILOT_OUTPUT");
-        for (int steps = outputs->findText(name); steps > 0; --steps) {
-            QTest::keyClick(outputs, Qt::Key_Down);
-        }
-        say(QStringLiteral("chose ") + outputs->currentText());
-        press("ok", dialog);
-    });
+    inDialog(QStringLiteral("MIDI Devices"),
+             [](QWidget* dialog) { choose(qEnvironmentVariable("TORMELK_PILOT_OUTPUT"), dialog); });
 }
 
 void send() {
@@ -245,7 +252,124 @@ void hang() {
     std::this_thread::sleep_for(std::chrono::minutes(10));
 }
 
+/// A text in one line.
+QString inOneLine(QString text) {
+    return text.replace(QLatin1Char('\n'), QStringLiteral("\\n"));
+}
+
+/// Tells what comes to be read in the windows: the words that change while the program works, as
+/// they are painted, and the dialogs that open.
+class Reader final : public QObject {
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
+            read(qobject_cast<QLabel*>(watched));
+        } else if (event->type() == QEvent::Show) {
+            greet(qobject_cast<QDialog*>(watched));
+        }
+        return false;
+    }
+
+private:
+    void read(const QLabel* label) {
+        static const QStringList worthReading = {QStringLiteral("status"), QStringLiteral("step5"),
+                                                 QStringLiteral("hint")};
+        if (label == nullptr || !worthReading.contains(label->objectName()) ||
+            lastRead_.value(label->objectName()) == label->text()) {
+            return;
+        }
+        lastRead_.insert(label->objectName(), label->text());
+        say(label->objectName() + QStringLiteral(": ") + inOneLine(label->text()));
+    }
+    static void greet(const QDialog* dialog) {
+        if (const auto* alert = qobject_cast<const QMessageBox*>(dialog)) {
+            say(QStringLiteral("alert %1: %2")
+                    .arg(alert->windowTitle().trimmed(), inOneLine(alert->text())));
+        } else if (dialog != nullptr) {
+            say(QStringLiteral("in front: ") + dialog->windowTitle());
+        }
+    }
+
+    QHash<QString, QString> lastRead_;
+};
+
+/// Tells what stands in the window in front now.
+void tell(const QString&, QWidget* window) {
+    for (const auto* label : window->findChildren<QLabel*>()) {
+        if (!label->objectName().isEmpty() &&
+            !label->objectName().startsWith(QLatin1String("qt_"))) {
+            say(QStringLiteral("now %1: %2").arg(label->objectName(), inOneLine(label->text())));
+        }
+    }
+    for (const auto* bar : window->findChildren<QProgressBar*>()) {
+        say(QStringLiteral("now bar: %1 %").arg(100.0 * bar->value() / bar->maximum()));
+    }
+    QString next = QStringLiteral("none");
+    for (const auto* button : window->findChildren<QAbstractButton*>()) {
+        const QString about = button->accessibleDescription();
+        next = about.contains(QLatin1String("the next one")) ? about : next;
+    }
+    say(QStringLiteral("now next: ") + next);
+}
+
+/// What can be ordered: a word, and what it is about. The window is the one in front.
+const std::pair<const char*, void (*)(const QString& what, QWidget* window)> orders[] = {
+    {"press", [](const QString& button, QWidget* window) { press(qPrintable(button), window); }},
+    {"trigger", [](const QString& action,
+                   QWidget* window) { window->findChild<QAction*>(action)->trigger(); }},
+    {"choose", [](const QString& output, QWidget* window) { choose(output, window); }},
+    {"open",
+     [](const QString& file, QWidget* window) {
+         auto* name = window->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+         name->setText(file);
+         QTest::keyClick(name, Qt::Key_Enter);
+     }},
+    {"leave", [](const QString&, QWidget* window) { QTest::keyClick(window, Qt::Key_Escape); }},
+    {"close", [](const QString&, QWidget* window) { window->close(); }},
+    {"tell", tell},
+};
+
+void carryOut(const QString& order) {
+    QWidget* modal = QApplication::activeModalWidget();
+    for (const auto& [word, act] : orders) {
+        if (order.section(QLatin1Char(' '), 0, 0) == QLatin1String(word)) {
+            act(order.section(QLatin1Char(' '), 1), modal != nullptr ? modal : mainWindow());
+            return;
+        }
+    }
+    say(QStringLiteral("no such order: ") + order);
+}
+
+/// Carries out what is written to a file, line after line, also while an order before goes on.
+void obeyLinesOf(const std::shared_ptr<QFile>& file) {
+    const auto line = std::make_shared<QString>();
+    soon(
+        [file, line] {
+            *line = QString::fromUtf8(file->readLine()).trimmed();
+            return !line->isEmpty();
+        },
+        [file, line] {
+            obeyLinesOf(file);
+            carryOut(*line);
+        });
+}
+
+/// Does what the file says that the environment names, and tells what is to be read in the windows.
+void obey() {
+    QApplication::instance()->installEventFilter(new Reader(QApplication::instance()));
+    mainWindow()->update();
+    const auto file = std::make_shared<QFile>(qEnvironmentVariable("TORMELK_PILOT_FILE"));
+    if (!file->open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+        say(QStringLiteral("cannot read ") + file->fileName());
+        return;
+    }
+    obeyLinesOf(file);
+    say(QStringLiteral("ready"));
+}
+
 const std::pair<const char*, void (*)()> tasks[] = {
+    {"obey", obey},
     {"tell-bus-and-close", tellBusAndClose},
     {"wait", wait},
     {"open-devices", openDevices},

@@ -3,14 +3,13 @@
 
 #include <filesystem>
 
-#include "config/buildImageAndStores.h"
-#include "config/sysex.h"
 #include "kernel/Program.h"
 #include "kernel/UsbMidiGadget.h"
 #include "kernel/UserSpaceMidiDevice.h"
 #include "kernel/publicTools.h"
 #include "kernel/sequencerClients.h"
 #include "kernel/service/pilotedEditor.h"
+#include "kernel/service/startUpImage.h"
 #include "kernel/waitUntil.h"
 
 // The editor program itself, operated in its own window by a pilot that Qt loads into it, and what
@@ -22,19 +21,6 @@ namespace {
 using namespace std::chrono_literals;
 using testing::HasSubstr;
 using testing::IsEmpty;
-
-/// What the editor holds after its start: four messages of 254 bytes.
-Bytes startUpImage() {
-    config::Image sysData{};
-    config::Stores stores;
-    config::buildImageAndStores(sysData, stores);
-    Bytes messages;
-    for (int layer = 0; layer < config::layerCount; ++layer) {
-        const auto block = config::layerBlock(sysData, layer);
-        messages.insert(messages.end(), block.begin(), block.end());
-    }
-    return messages;
-}
 
 TEST(Editor, SendsTheFourMessagesOfItsImageToAUsbDevice) {
     UsbMidiGadget tormelk({});
@@ -101,10 +87,13 @@ TEST(Editor, IsOnItsWayOutInNoTimeAlthoughTheDeviceIsDead) {
     UserSpaceMidiDevice device({});
     device.plug();
     device.stopTaking();
+    Program program(pilotedEditor("send-and-close", "Tormelk Port"));
+    // Its start takes a while here, all the more while the machine has other things to do.
+    ASSERT_TRUE(program.waitForOutput("chose Tormelk Port", 60s)) << program.output();
     const auto began = std::chrono::steady_clock::now();
-    const ProgramResult result = run(pilotedEditor("send-and-close", "Tormelk Port"), 60s);
+    const ProgramResult result = program.finish(60s);
     EXPECT_EQ(result.status, 0) << result.output;
-    // Its start takes a while here; leaving the device to the kernel would take 10 s more.
+    // Leaving the device to the kernel would take 10 s more.
     EXPECT_LT(std::chrono::steady_clock::now() - began, 9s);
 }
 

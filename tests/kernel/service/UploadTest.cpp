@@ -6,12 +6,12 @@
 #include <csignal>
 #include <filesystem>
 #include <fstream>
-#include <random>
 #include <span>
 
 #include "kernel/Program.h"
 #include "kernel/UsbMidiGadget.h"
 #include "kernel/sequencerClients.h"
+#include "kernel/service/expectedUpload.h"
 #include "kernel/service/pilotedEditor.h"
 #include "kernel/waitUntil.h"
 #include "simulator/SimulatedController.h"
@@ -25,77 +25,6 @@ namespace {
 using namespace std::chrono_literals;
 using testing::HasSubstr;
 using testing::IsEmpty;
-
-constexpr std::size_t bytesInABlock = 512;
-constexpr std::size_t bytesInAMessage = 3;
-constexpr std::size_t bytesInAFrame = 17;
-constexpr std::size_t bytesOnTheWireInABlock =
-    (bytesInAFrame + bytesInABlock + 1) * bytesInAMessage;
-
-Bytes randomImage(std::size_t size) {
-    std::mt19937 random(40000);
-    Bytes image(size);
-    std::generate(image.begin(), image.end(),
-                  [&] { return static_cast<std::uint8_t>(random() & 0xFFU); });
-    return image;
-}
-
-/// What a controller gets, worked out by hand: each byte as a note of its high half with a velocity
-/// of its low half, on the last channel.
-class Wire {
-public:
-    void plain(std::initializer_list<std::uint8_t> bytes) {
-        bytes_.insert(bytes_.end(), bytes.begin(), bytes.end());
-    }
-    /// Ten times 55, the address, a command, and the sum of it all.
-    void frame(std::uint8_t command, std::uint8_t argument) {
-        sum_ = 0;
-        header(command, argument);
-        asNote(sum_);
-    }
-    void block(std::uint8_t counter, const Bytes& image, std::size_t begin) {
-        sum_ = 0;
-        header(1, counter);
-        asNote(0);
-        for (std::size_t i = begin; i < begin + bytesInABlock; ++i) {
-            asNote(i < image.size() ? image[i] : 0);
-        }
-        asNote(sum_);
-    }
-    [[nodiscard]] const Bytes& bytes() const { return bytes_; }
-
-private:
-    void header(std::uint8_t command, std::uint8_t argument) {
-        for (int i = 0; i < 10; ++i) {
-            asNote(0x55);
-        }
-        for (const std::uint8_t byte : Bytes{0x1D, 0x03, 0x00, 0x49}) {
-            asNote(byte);
-        }
-        asNote(command);
-        asNote(argument);
-    }
-    void asNote(std::uint8_t byte) {
-        plain({0x9F, static_cast<std::uint8_t>(byte / 16), static_cast<std::uint8_t>(byte % 16)});
-        sum_ = static_cast<std::uint8_t>((sum_ + byte) % 256);
-    }
-
-    Bytes bytes_;
-    std::uint8_t sum_ = 0;
-};
-
-Bytes uploadOf(const Bytes& image) {
-    Wire wire;
-    wire.plain({0xF0, 0x1D, 0x03, 0x00, 0x69, 0x55, 0x7F, 0xF7});
-    wire.frame(0x7F, 0x00);
-    wire.frame(0x00, 0x70);
-    std::uint8_t counter = 0;
-    for (std::size_t begin = 0; begin < image.size(); begin += bytesInABlock) {
-        wire.block(counter++, image, begin);
-    }
-    wire.frame(0x02, 0x00);
-    return wire.bytes();
-}
 
 /// What a controller has in its flash once it has heard all that: the image, and zeros to the end
 /// of its last block.
@@ -134,7 +63,7 @@ TEST_F(Upload, OfFortyThousandRandomBytesArrivesIdentical) {
         run(pilotedEditor("upload-and-close", "Tormelk MIDI 1", file), 900s);
     EXPECT_EQ(result.status, 0) << result.output;
     EXPECT_THAT(result.output, HasSubstr("saw Upload: Upload completed."));
-    const Bytes expected = uploadOf(image);
+    const Bytes expected = allStepsOf(image);
     const Bytes arrived = tormelk.received().atLeast(expected.size(), 5s);
     const auto difference =
         std::mismatch(expected.begin(), expected.end(), arrived.begin(), arrived.end());
@@ -149,7 +78,7 @@ TEST_F(Upload, OfFortyThousandRandomBytesArrivesIdentical) {
 }
 
 TEST_F(Upload, ToAControllerThatIsPulledOutSkipsTheRestInSilenceButForThePausesBetweenBlocks) {
-    const Bytes expected = uploadOf(image);
+    const Bytes expected = allStepsOf(image);
     Program program(pilotedEditor("upload-and-close", "Tormelk MIDI 1", file));
     // Into the second block.
     const std::size_t enough = 8 + 2 * bytesInAFrame * bytesInAMessage + bytesOnTheWireInABlock +
@@ -172,7 +101,7 @@ TEST_F(Upload, ToAControllerThatIsPulledOutSkipsTheRestInSilenceButForThePausesB
 }
 
 TEST_F(Upload, ThatASignalCutsEndsBetweenTwoMessagesAndAtOnce) {
-    const Bytes expected = uploadOf(image);
+    const Bytes expected = allStepsOf(image);
     Program program(pilotedEditor("upload-and-close", "Tormelk MIDI 1", file));
     const std::size_t enough = 8 + 2 * bytesInAFrame * bytesInAMessage + 100;
     ASSERT_GE(tormelk.received().atLeast(enough, 200s).size(), enough) << program.output();
