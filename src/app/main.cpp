@@ -13,7 +13,7 @@ int main(int, char** arguments) {
     // A save that meets a limit on file sizes fails and says so; unheeded, the signal would end us.
     std::signal(SIGXFSZ, SIG_IGN);
     int count = 1;  // its name; neither the program nor Qt reads more of the command line
-    const auto application = app::openDisplay(count, arguments);
+    [[maybe_unused]] const auto application = app::openDisplay(count, arguments);
     app::setIdentity();
     app::ProgramEnd programEnd;
     platform::alsa::AlsaMidiService midiService("Tormelk Wyro");

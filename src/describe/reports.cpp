@@ -96,7 +96,7 @@ std::string reportLoad(const std::string& fileName, const config::Image& sysData
             odd.push_back(layer);
         }
     }
-    const std::string loaded = "Loaded " + fileName;
+    std::string loaded = "Loaded " + fileName;
     if (odd.empty()) {
         return loaded;
     }

@@ -36,7 +36,7 @@ Ending runWith(const char* program,
     EXPECT_TRUE(process.waitForFinished(60000));
     EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(home.content(), emptyHome);
-    const Ending ending{process.exitCode(), process.readAllStandardError().toStdString()};
+    Ending ending{process.exitCode(), process.readAllStandardError().toStdString()};
     process.kill();
     process.waitForFinished();
     return ending;

@@ -52,7 +52,10 @@ bool CallScript::takes(std::string_view call) {
 }  // namespace files
 
 // What the linker puts in the place of each call, and the call itself. It decides the names.
-// NOLINTBEGIN(clang-diagnostic-reserved-identifier)
+#ifdef __clang__
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wreserved-identifier"
+#endif
 extern "C" {
 
 ssize_t __real_read(int file, void* bytes, std::size_t size);
@@ -135,4 +138,6 @@ int __wrap_ftruncate(int file, off_t size) {
 }
 
 }  // extern "C"
-// NOLINTEND(clang-diagnostic-reserved-identifier)
+#ifdef __clang__
+#pragma clang diagnostic pop
+#endif

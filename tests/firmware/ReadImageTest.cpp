@@ -17,7 +17,10 @@ Reading reading = Reading::Works;
 }  // namespace
 
 // The linker decides the names.
-// NOLINTBEGIN(clang-diagnostic-reserved-identifier)
+#ifdef __clang__
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wreserved-identifier"
+#endif
 extern "C" {
 ssize_t __real_read(int file, void* bytes, std::size_t size);
 ssize_t __wrap_read(int file, void* bytes, std::size_t size);
@@ -29,7 +32,9 @@ ssize_t __wrap_read(int file, void* bytes, std::size_t size) {
     return reading == Reading::EndsEarly ? 0 : __real_read(file, bytes, size);
 }
 }
-// NOLINTEND(clang-diagnostic-reserved-identifier)
+#ifdef __clang__
+#pragma clang diagnostic pop
+#endif
 
 namespace firmware {
 namespace {

@@ -16,6 +16,9 @@ struct Amount {
 };
 [[nodiscard]] Amount amount(std::uint64_t inputs);
 
+/// Into so many tests the inputs of a reader are divided, which can run beside each other.
+inline constexpr std::uint64_t parts = 4;
+
 /// Makes damaged inputs out of sound and hostile ones: bytes changed, taken out, put in, doubled,
 /// moved, cut off, words of the format's own put in, two inputs joined. The same seed makes the
 /// same inputs on every machine.

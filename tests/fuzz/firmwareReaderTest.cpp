@@ -93,8 +93,6 @@ private:
     std::mt19937_64 random_;
 };
 
-constexpr std::uint64_t parts = 4;
-
 TEST_P(FirmwareReaderFuzz, DoesWhatNameAndSizeAskForWhateverIsInTheFile) {
     const Amount amount = fuzz::amount(40'000);
     seed(amount.seed * parts + GetParam());

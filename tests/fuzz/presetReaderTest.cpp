@@ -82,8 +82,6 @@ TEST(PresetReader, AgreesWithTheFormattedReaderOnTheWholeCorpus) {
 /// Fed in parts, which can run beside each other.
 class PresetReaderFuzz : public testing::TestWithParam<std::uint64_t> {};
 
-constexpr std::uint64_t parts = 4;
-
 TEST_P(PresetReaderFuzz, AgreesWithTheFormattedReaderOnDamagedPresets) {
     // Damage to a sound preset gets deeper into the reader: each of those stands there thrice.
     std::vector<std::string> samples;

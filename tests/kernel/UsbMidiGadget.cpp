@@ -38,7 +38,13 @@ int takeController() {
 class NoNewClients {
 public:
     NoNewClients() { writeText(switch_, "0"); }
-    ~NoNewClients() { writeText(switch_, "1"); }
+    ~NoNewClients() {
+        try {
+            writeText(switch_, "1");
+        } catch (const std::exception& failure) {
+            ADD_FAILURE() << "New devices get no clients any more: " << failure.what();
+        }
+    }
     NoNewClients(const NoNewClients&) = delete;
     NoNewClients& operator=(const NoNewClients&) = delete;
 

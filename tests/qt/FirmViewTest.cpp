@@ -388,8 +388,7 @@ TEST_F(FirmViewTest, FollowsTheEndOfAnUploadFromTheEventLoop) {
         openFile(window, (folder / "tormelk.bin").string());
         const QString waiting = QStringLiteral(
             "All 2 blocks were handed over. Waiting until the controller has taken everything.");
-        upload(
-            window, [](QDialog& confirmation) { click(find(confirmation, "ok")); }, waiting);
+        upload(window, [](QDialog& confirmation) { click(find(confirmation, "ok")); });
         EXPECT_EQ(line(window, "step5"), waiting);
         EXPECT_THAT(emphasised(window), ElementsAre(5));
         destination.settle();
