@@ -37,7 +37,7 @@ protected:
 
     const TemporaryFolder folder;
     const fs::path file = folder / "file";
-    const std::string old = std::string(5000, 'o') + "\n\0\xFF";
+    const std::string old = std::string(5000, 'o') + std::string("\n\0\xFF", 3);
     const std::string shorter = std::string(4500, 's');
     const std::string longer = std::string(9000, 'l');
 };
