@@ -60,8 +60,10 @@ void Demo::placeSideBySide() {
     const QRect area = editor.view.screen()->availableGeometry();
     QRect left = editor.view.frameGeometry();
     QRect right = simulatorView.frameGeometry();
-    // As far left as both need, but no corner off the screen.
+    // As far left and as high as both need, but no corner off the screen.
     left.moveLeft(std::min(left.left(), area.right() + 1 - left.width() - right.width()));
+    const int higher = std::max(left.height(), right.height());
+    left.moveTop(std::min(left.top(), area.bottom() + 1 - higher));
     moveInto(area, left);
     right.moveTopLeft(left.topRight() + QPoint(1, 0));
     moveInto(area, right);
