@@ -140,8 +140,8 @@ def go(program, folder):
     main = program.window(*MAIN)
     read(main, "Sent 4 layers to Tormelk MIDI 1")
     check_controller(program, after)
-    choose_from_menu(main, "File", "Quit")
-    expect(program.wait_for_end() == 0, "the program ended with a failure")
+    status = program.end_by(lambda: choose_from_menu(main, "File", "Quit"))
+    expect(status == 0, "the program ended with a failure")
     check_left_behind(folder, ["before.Tormelk", "after.Tormelk", "again.Tormelk"])
 
 

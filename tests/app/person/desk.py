@@ -123,6 +123,14 @@ class Program:
         """The exit status."""
         return self.process.wait(PATIENCE)
 
+    def end_by(self, way):
+        """The exit status after `way()`, which makes the program end and may get no answer then."""
+        try:
+            way()
+        except GLib.Error:
+            until(lambda: self.process.poll() is not None, "the program gave no answer and goes on")
+        return self.wait_for_end()
+
 
 def find(window, role, name, into=()):
     """The one thing of this role and name in a window."""

@@ -27,7 +27,8 @@ protected:
                                                   [this](const void*) { ++changes; });
     }
 
-    const files::TemporaryFolder folder;
+    const files::TemporaryFolder around;  // is watched, too, and nobody else may use it
+    const files::TemporaryFolder folder{around.path()};
     int error = ENOENT;
     int looks = 0;
     int changes = 0;

@@ -19,6 +19,12 @@ bool hasNews(const NodeWatch& watch) {
     return poll(&descriptor, 1, 0) == 1;
 }
 
+/// A folder for the node within one that nobody else uses: both are watched.
+struct SequencerNodeWatch : testing::Test {
+    const files::TemporaryFolder around;
+    const files::TemporaryFolder folder{around.path()};
+};
+
 TEST(SequencerNode, IsTheKernelsOwn) {
     EXPECT_EQ(SequencerNode().path, "/dev/snd/seq");
 }
@@ -54,8 +60,7 @@ TEST(SequencerNode, ThatFailsOtherwiseHasTheSystemsOwnWords) {
     EXPECT_EQ(state.remedy, "");
 }
 
-TEST(NodeWatch, IsQuietWhileNothingHappens) {
-    const files::TemporaryFolder folder;
+TEST_F(SequencerNodeWatch, IsQuietWhileNothingHappens) {
     files::write(folder / "timer", "");
     const NodeWatch watch(folder / "seq");
     EXPECT_FALSE(hasNews(watch));
@@ -63,8 +68,7 @@ TEST(NodeWatch, IsQuietWhileNothingHappens) {
     EXPECT_FALSE(hasNews(watch)) << "looking is no news";
 }
 
-TEST(NodeWatch, NoticesTheNode) {
-    const files::TemporaryFolder folder;
+TEST_F(SequencerNodeWatch, NoticesTheNode) {
     NodeWatch watch(folder / "seq");
     files::write(folder / "seq", "");
     EXPECT_TRUE(hasNews(watch));
@@ -72,16 +76,14 @@ TEST(NodeWatch, NoticesTheNode) {
     EXPECT_FALSE(hasNews(watch));
 }
 
-TEST(NodeWatch, NoticesANodeThatIsMovedToItsPlace) {
-    const files::TemporaryFolder folder;
+TEST_F(SequencerNodeWatch, NoticesANodeThatIsMovedToItsPlace) {
     files::write(folder / "aside", "");
     const NodeWatch watch(folder / "seq");
     fs::rename(folder / "aside", folder / "seq");
     EXPECT_TRUE(hasNews(watch));
 }
 
-TEST(NodeWatch, NoticesThatItsRightsAreChanged) {
-    const files::TemporaryFolder folder;
+TEST_F(SequencerNodeWatch, NoticesThatItsRightsAreChanged) {
     files::write(folder / "seq", "");
     fs::permissions(folder / "seq", fs::perms::none);
     const NodeWatch watch(folder / "seq");
@@ -89,8 +91,7 @@ TEST(NodeWatch, NoticesThatItsRightsAreChanged) {
     EXPECT_TRUE(hasNews(watch));
 }
 
-TEST(NodeWatch, NoticesTheNodeInAFolderThatComesLater) {
-    const files::TemporaryFolder folder;
+TEST_F(SequencerNodeWatch, NoticesTheNodeInAFolderThatComesLater) {
     NodeWatch watch(folder / "snd/seq");
     EXPECT_FALSE(hasNews(watch));
     fs::create_directory(folder / "snd");
