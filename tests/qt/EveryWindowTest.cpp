@@ -112,18 +112,19 @@ TEST(EveryWindow, CutsNoTextAndFitsASmallScreenWithLargerLetters) {
 TEST(EveryWindow, CutsNoTextFromASmallScreenToAVeryLargeOne) {
     for (const qreal times : {1.0, 1.3}) {
         const LargerLetters larger(times);
-        for (const QSize size : {QSize(1280, 720), QSize(1920, 1080), QSize(3840, 2160)}) {
-            forEveryWindow([size](QWidget& window, const QString& name) {
-                if (name.startsWith(QLatin1String("main")) || name == QLatin1String("pad")) {
-                    const QSize before = window.size();
-                    window.resize(size);
-                    QApplication::processEvents();
-                    EXPECT_EQ(window.size(), size) << name.toStdString();
-                    expectNoTextCut(window, name);
-                    window.resize(before);
-                }
-            });
-        }
+        forEveryWindow([](QWidget& window, const QString& name) {
+            if (!name.startsWith(QLatin1String("main")) && name != QLatin1String("pad")) {
+                return;
+            }
+            const QSize before = window.size();
+            for (const QSize size : {QSize(1280, 720), QSize(1920, 1080), QSize(3840, 2160)}) {
+                window.resize(size);
+                QApplication::processEvents();
+                EXPECT_EQ(window.size(), size) << name.toStdString();
+                expectNoTextCut(window, name);
+            }
+            window.resize(before);
+        });
     }
 }
 
