@@ -24,13 +24,7 @@ Input::Input(std::string clientName)
     : clientName_(std::move(clientName)), wakeUp_(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)) {}
 
 Input::~Input() {
-    Lock lock(mutex_);
-    ports_.clear();
-    stopThread(lock);
-    lock.unlock();
-    if (thread_.joinable()) {
-        thread_.join();
-    }
+    endThread();
     if (wakeUp_ >= 0) {
         ::close(wakeUp_);
     }
@@ -186,12 +180,6 @@ void Input::close(int port) {
     snd_seq_delete_port(sequencer_.get(), port);
     if (runningThread_ != std::this_thread::get_id()) {
         callbackEnded_.wait(lock, [&] { return runningCallback_ != port; });
-    }
-    const bool someTake = std::any_of(ports_.begin(), ports_.end(), [](const auto& entry) {
-        return entry.second.read != nullptr;
-    });
-    if (!someTake) {
-        stopThread(lock);
     }
 }
 

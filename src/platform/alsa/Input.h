@@ -8,7 +8,6 @@
 #include <condition_variable>
 #include <cstdint>
 #include <map>
-#include <memory>
 #include <mutex>
 #include <string>
 #include <string_view>
@@ -28,6 +27,7 @@ public:
     explicit Input(std::string clientName);
     Input(const Input&) = delete;
     Input& operator=(const Input&) = delete;
+    /// Not from within a read callback.
     ~Input();
 
     /// The number of the client; -1 while there is none.
@@ -61,7 +61,6 @@ public:
 
 private:
     using Lock = std::unique_lock<std::mutex>;
-    using StopFlag = std::shared_ptr<std::atomic<bool>>;
 
     struct Port {
         MIDIReadProc read = nullptr;  // none for a source
@@ -75,17 +74,16 @@ private:
     [[nodiscard]] bool openClient(const Lock&);
     [[nodiscard]] int createPort(std::string_view name, unsigned int capabilities);
     void startThread(const Lock&);
-    void stopThread(Lock& lock);
-    void run(const std::atomic<bool>& stop);
+    void endThread();
+    void run(snd_seq_t& sequencer);
     /// False when nothing can be read any more.
-    [[nodiscard]] bool readAll(snd_seq_t& sequencer, const std::atomic<bool>& stop);
+    [[nodiscard]] bool readAll(snd_seq_t& sequencer);
     void deliver(const snd_seq_event_t& event);
 
     const std::string clientName_;
-    const int wakeUp_;  // an eventfd
-
-    std::mutex readMutex_;  // held by the thread while it reads
-    const Codec decoder_ = makeCodec();
+    const int wakeUp_;  // an eventfd, written once: when the thread is to end
+    std::atomic<bool> isEnding_ = false;
+    const Codec decoder_ = makeCodec();  // the thread's own
 
     mutable std::mutex mutex_;
     std::condition_variable callbackEnded_;
@@ -94,8 +92,7 @@ private:
     int nextPort_ = 0;
     int runningCallback_ = -1;       // its port
     std::thread::id runningThread_;  // none while no callback runs
-    std::thread thread_;             // the newest; it joins the one before
-    StopFlag stop_;                  // of the newest
+    std::thread thread_;
 
     std::mutex giveMutex_;
     const Codec encoder_ = makeCodec();

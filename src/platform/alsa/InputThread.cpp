@@ -1,7 +1,6 @@
-// The thread that reads what comes in.
+// The thread that reads what comes in, from the first port that takes something to the end.
 
 #include <poll.h>
-#include <sys/eventfd.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -10,7 +9,6 @@
 #include <chrono>
 #include <cstring>
 #include <span>
-#include <utility>
 
 #include "platform/alsa/Input.h"
 
@@ -44,66 +42,42 @@ std::vector<std::uint8_t> packetListOf(std::span<const std::uint8_t> bytes) {
 }  // namespace
 
 void Input::startThread(const Lock&) {
-    if (stop_ != nullptr) {
-        return;
+    if (!thread_.joinable()) {
+        thread_ = std::thread([this, &sequencer = *sequencer_] { run(sequencer); });
     }
-    stop_ = std::make_shared<std::atomic<bool>>(false);
-    // One that was told to stop from within its own callback may still be there.
-    thread_ = std::thread([this, stop = stop_, before = std::move(thread_)]() mutable {
-        if (before.joinable()) {
-            before.join();
-        }
-        run(*stop);
-    });
 }
 
-void Input::stopThread(Lock& lock) {
-    if (stop_ == nullptr) {
-        return;
-    }
-    *stop_ = true;
-    stop_.reset();
+void Input::endThread() {
+    isEnding_ = true;
     const std::uint64_t one = 1;
     [[maybe_unused]] const ssize_t written = write(wakeUp_, &one, sizeof one);
-    if (runningThread_ == std::this_thread::get_id()) {
-        return;  // it ends after this callback
+    if (thread_.joinable()) {
+        thread_.join();
     }
-    std::thread ending = std::move(thread_);
-    lock.unlock();
-    ending.join();
-    lock.lock();
 }
 
-void Input::run(const std::atomic<bool>& stop) {
-    // One that is being stopped may still be at it.
-    const std::lock_guard reading(readMutex_);
-    snd_seq_t* sequencer = nullptr;
-    {
-        const Lock lock(mutex_);
-        sequencer = sequencer_.get();
-    }
+void Input::run(snd_seq_t& sequencer) {
     std::array<pollfd, 2> descriptors{};
     descriptors[0] = {wakeUp_, POLLIN, 0};
-    descriptors[1] = {descriptorOf(*sequencer, POLLIN), POLLIN, 0};
-    while (!stop) {
-        if (poll(descriptors.data(), descriptors.size(), -1) < 0 && errno != EINTR) {
-            return;
-        }
-        if ((descriptors[0].revents & POLLIN) != 0) {
-            std::uint64_t count = 0;
-            [[maybe_unused]] const ssize_t taken = read(wakeUp_, &count, sizeof count);
+    descriptors[1] = {descriptorOf(sequencer, POLLIN), POLLIN, 0};
+    while (!isEnding_) {
+        if (poll(descriptors.data(), descriptors.size(), -1) < 0) {
+            if (errno != EINTR) {
+                return;
+            }
+            continue;
         }
         if ((descriptors[1].revents & (POLLERR | POLLNVAL | POLLHUP)) != 0) {
             return;
         }
-        if (!readAll(*sequencer, stop)) {
+        if (!readAll(sequencer)) {
             return;
         }
     }
 }
 
-bool Input::readAll(snd_seq_t& sequencer, const std::atomic<bool>& stop) {
-    while (!stop) {
+bool Input::readAll(snd_seq_t& sequencer) {
+    while (!isEnding_) {
         snd_seq_event_t* event = nullptr;
         const int result = snd_seq_event_input(&sequencer, &event);
         if (result == -EAGAIN) {

@@ -1,14 +1,18 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <atomic>
 #include <filesystem>
+#include <set>
+#include <string>
 #include <thread>
 
 #include "kernel/UsbMidiGadget.h"
 #include "kernel/sequencerClients.h"
 #include "kernel/service/EndpointLayer.h"
 #include "kernel/sysEx.h"
+#include "kernel/systemFiles.h"
 #include "kernel/waitUntil.h"
 #include "midi/ZQMIDIVirtualDestination.h"
 #include "midi/ZQMIDIVirtualSource.h"
@@ -33,6 +37,7 @@ public:
                                     timeStamps_.push_back(timeStamp);
                                     senders_.push_back(sender);
                                     thread_ = std::this_thread::get_id();
+                                    task_ = gettid();
                                     bytes.add(packet);
                                 });
     }
@@ -52,6 +57,11 @@ public:
         const std::lock_guard lock(mutex_);
         return thread_;
     }
+    /// The kernel's number of the thread, which no other gets soon.
+    pid_t task() {
+        const std::lock_guard lock(mutex_);
+        return task_;
+    }
 
     ReceivedBytes bytes;
 
@@ -61,11 +71,20 @@ private:
     std::vector<std::uint64_t> timeStamps_;
     std::vector<const void*> senders_;
     std::thread::id thread_;
+    pid_t task_ = 0;
 };
 
 std::size_t threads() {
     const std::filesystem::directory_iterator entries("/proc/self/task");
     return static_cast<std::size_t>(std::distance(begin(entries), end(entries)));
+}
+
+/// How often a thread of this process has gone to sleep, in the kernel's own line.
+std::string timesAsleep(pid_t task) {
+    const std::string status = textOf("/proc/self/task/" + std::to_string(task) + "/status");
+    const std::size_t line = status.find("\nvoluntary_ctxt_switches:");
+    EXPECT_NE(line, std::string::npos);
+    return status.substr(line + 1, status.find('\n', line + 1) - line - 1);
 }
 
 class Input : public testing::Test {
@@ -129,18 +148,36 @@ TEST_F(Input, TimeStampsGrowAndAreOfTheSteadyClock) {
     source->removeReceiver(&recorder);
 }
 
-TEST_F(Input, ItsThreadIsThereWhileSomebodyListens) {
+TEST_F(Input, HasNoThreadBeforeSomebodyListensAndTheSameOneFromThenOn) {
     const std::size_t before = threads();
+    std::set<pid_t> tasks;
+    for (int round = 0; round < 3; ++round) {
+        Recorder recorder;
+        source->addReceiver(&recorder);
+        EXPECT_EQ(threads(), before + 1);
+        device.send({0x90, 1, 2});
+        EXPECT_EQ(recorder.bytes.atLeast(3, 5s), (Bytes{0x90, 1, 2}));
+        tasks.insert(recorder.task());
+        source->removeReceiver(&recorder);
+        EXPECT_EQ(threads(), before + 1);
+    }
+    EXPECT_EQ(tasks.size(), 1U);
+}
+
+TEST_F(Input, ItsThreadSleepsWhileNothingComesInWhetherSomebodyListensOrNot) {
     Recorder recorder;
     source->addReceiver(&recorder);
-    EXPECT_EQ(threads(), before + 1);
-    Recorder other;
-    source->addReceiver(&other);
-    EXPECT_EQ(threads(), before + 1);
+    device.send({0x90, 1, 2});
+    ASSERT_EQ(recorder.bytes.atLeast(3, 5s).size(), 3U);
+    std::this_thread::sleep_for(100ms);
+    const std::string listening = timesAsleep(recorder.task());
+    std::this_thread::sleep_for(1s);
+    EXPECT_EQ(timesAsleep(recorder.task()), listening);
     source->removeReceiver(&recorder);
-    source->removeReceiver(&other);
-    // The kernel forgets a thread a little after its end.
-    EXPECT_TRUE(waitUntil([&] { return threads() == before; }, 5s));
+    std::this_thread::sleep_for(100ms);
+    const std::string alone = timesAsleep(recorder.task());
+    std::this_thread::sleep_for(1s);
+    EXPECT_EQ(timesAsleep(recorder.task()), alone);
 }
 
 TEST_F(Input, EndsWithTheOneRemovalOfAReceiverThatWasAddedTwice) {
@@ -232,7 +269,6 @@ TEST_F(Input, APortCanCloseItselfFromWithinItsCallbackAndAnotherBeOpenedThere) {
         &state);
     device.send({0x90, 1, 2});
     ASSERT_TRUE(waitUntil([&] { return state.first == 1; }, 5s));
-    // The second is there once the first callback has ended.
     EXPECT_TRUE(waitUntil(
         [&] {
             device.send({0x90, 1, 2});
