@@ -65,7 +65,7 @@ platform::MidiService& ZQMIDIEndpoint::service() const {
     return manager_.service();
 }
 
-void ZQMIDIEndpoint::encodeWithCoder(KeyedEncoder& coder) const {
+void ZQMIDIEndpoint::encodeWithCoder(archive::KeyedEncoder& coder) const {
     coder.encodeObject("name", name_);
     coder.encodeInt32("uniqueID", uniqueID_);
     coder.encodeObject("displayName", displayName_);

@@ -21,7 +21,7 @@
 
 #include "midi/ReceiverSet.h"
 #include "midi/ZQMIDIEndpointDescriptor.h"
-#include "midi/keyedArchive.h"
+#include "midi/archive/keyedArchive.h"
 #include "platform/MidiService.h"
 
 namespace midi {
@@ -32,13 +32,13 @@ class ZQMIDIManager;
 ///
 /// I/O is running exactly while there is a sender or a receiver. Users may come and go on any
 /// thread, also during a delivery; all else belongs to the main thread.
-class ZQMIDIEndpoint : public ZQMIDIReceiver, public Archivable {
+class ZQMIDIEndpoint : public ZQMIDIReceiver, public archive::Archivable {
 public:
     explicit ZQMIDIEndpoint(ZQMIDIManager& manager);
     ZQMIDIEndpoint(ZQMIDIManager& manager, std::optional<std::string> name, std::int32_t uniqueID);
     ZQMIDIEndpoint(ZQMIDIManager& manager, platform::MIDIEndpointRef endpoint);
 
-    void encodeWithCoder(KeyedEncoder& coder) const override;
+    void encodeWithCoder(archive::KeyedEncoder& coder) const override;
     [[nodiscard]] std::string_view archivedClassName() const override { return "ZQMIDIEndpoint"; }
     [[nodiscard]] ZQMIDIEndpointDescriptor descriptor() const;
 

@@ -5,20 +5,20 @@
 #include <string>
 #include <string_view>
 
-#include "midi/keyedArchive.h"
+#include "midi/archive/keyedArchive.h"
 
 namespace midi {
 
 /// A name and a unique ID that stand for an endpoint in archives and look-ups.
-class ZQMIDIEndpointDescriptor : public Archivable {
+class ZQMIDIEndpointDescriptor : public archive::Archivable {
 public:
     ZQMIDIEndpointDescriptor(std::optional<std::string> name, std::int32_t uniqueID);
-    explicit ZQMIDIEndpointDescriptor(const KeyedDecoder& coder);
+    explicit ZQMIDIEndpointDescriptor(const archive::KeyedDecoder& coder);
 
     [[nodiscard]] std::string_view archivedClassName() const override {
         return "ZQMIDIEndpointDescriptor";
     }
-    void encodeWithCoder(KeyedEncoder& coder) const override;
+    void encodeWithCoder(archive::KeyedEncoder& coder) const override;
 
     [[nodiscard]] const std::optional<std::string>& name() const { return name_; }
     [[nodiscard]] std::int32_t uniqueID() const { return uniqueID_; }

@@ -7,14 +7,15 @@
 #include <vector>
 
 #include "midi/ZQMIDIEndpoint.h"
-#include "midi/keyedArchive.h"
+#include "midi/archive/keyedArchive.h"
 
 namespace midi {
 
 /// The endpoints that descriptors can stand for. As the delegate of an archiver it writes a
 /// descriptor in place of each of its endpoints, as that of an unarchiver it puts the endpoint
 /// back.
-class ZQMIDIEndpointSet final : public KeyedArchiverDelegate, public KeyedUnarchiverDelegate {
+class ZQMIDIEndpointSet final : public archive::KeyedArchiverDelegate,
+                                public archive::KeyedUnarchiverDelegate {
 public:
     /// Over the list itself, not a snapshot: it must outlive the set. The list holds pointers to
     /// endpoints, plain or owning.
@@ -31,11 +32,12 @@ public:
     [[nodiscard]] ZQMIDIEndpoint* endpointWithDescriptor(
         const ZQMIDIEndpointDescriptor& descriptor) const;
 
-    [[nodiscard]] std::shared_ptr<const Archivable> archiver(
-        KeyedArchiver& archiver, std::shared_ptr<const Archivable> object) override;
+    [[nodiscard]] std::shared_ptr<const archive::Archivable> archiver(
+        archive::KeyedArchiver& archiver,
+        std::shared_ptr<const archive::Archivable> object) override;
     /// A descriptor that designates no endpoint becomes none.
-    [[nodiscard]] std::shared_ptr<Archivable> unarchiver(
-        KeyedUnarchiver& unarchiver, std::shared_ptr<Archivable> object) override;
+    [[nodiscard]] std::shared_ptr<archive::Archivable> unarchiver(
+        archive::KeyedUnarchiver& unarchiver, std::shared_ptr<archive::Archivable> object) override;
 
 private:
     /// The endpoint at an index, none behind the end.

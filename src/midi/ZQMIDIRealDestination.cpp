@@ -13,7 +13,7 @@ ZQMIDIRealDestination::~ZQMIDIRealDestination() {
 }
 
 ZQMIDIRealDestination& ZQMIDIRealDestination::initWithCoder(ZQMIDIManager& manager,
-                                                            const KeyedDecoder& coder) {
+                                                            const archive::KeyedDecoder& coder) {
     return manager.realDestinationWithDescriptor(ZQMIDIEndpointDescriptor(coder));
 }
 

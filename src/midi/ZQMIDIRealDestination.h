@@ -16,7 +16,7 @@ public:
 
     /// The manager's object for the archived endpoint: decoding makes no second one.
     [[nodiscard]] static ZQMIDIRealDestination& initWithCoder(ZQMIDIManager& manager,
-                                                              const KeyedDecoder& coder);
+                                                              const archive::KeyedDecoder& coder);
     [[nodiscard]] std::string_view archivedClassName() const override {
         return "ZQMIDIRealDestination";
     }

@@ -13,7 +13,7 @@ ZQMIDIRealSource::~ZQMIDIRealSource() {
 }
 
 ZQMIDIRealSource& ZQMIDIRealSource::initWithCoder(ZQMIDIManager& manager,
-                                                  const KeyedDecoder& coder) {
+                                                  const archive::KeyedDecoder& coder) {
     return manager.realSourceWithDescriptor(ZQMIDIEndpointDescriptor(coder));
 }
 

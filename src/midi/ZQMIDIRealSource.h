@@ -15,7 +15,7 @@ public:
 
     /// The manager's object for the archived endpoint: decoding makes no second one.
     [[nodiscard]] static ZQMIDIRealSource& initWithCoder(ZQMIDIManager& manager,
-                                                         const KeyedDecoder& coder);
+                                                         const archive::KeyedDecoder& coder);
     [[nodiscard]] std::string_view archivedClassName() const override { return "ZQMIDIRealSource"; }
 
     /// To every receiver, with this source as sender.

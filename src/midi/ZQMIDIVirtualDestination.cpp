@@ -15,7 +15,7 @@ ZQMIDIVirtualDestination::ZQMIDIVirtualDestination(ZQMIDIManager& manager, std::
 }
 
 ZQMIDIVirtualDestination::ZQMIDIVirtualDestination(ZQMIDIManager& manager,
-                                                   const KeyedDecoder& coder)
+                                                   const archive::KeyedDecoder& coder)
     : ZQMIDIVirtualDestination(manager, coder.decodeObject("name").value_or("")) {
     static_cast<void>(setUniqueID(coder.decodeInt32("uniqueID")));
 }

@@ -9,7 +9,7 @@ class ZQMIDIVirtualDestination final : public ZQMIDIVirtualEndpoint {
 public:
     ZQMIDIVirtualDestination(ZQMIDIManager& manager, std::string_view name);
     /// A fresh endpoint of the archived name, which tries to take back its old unique ID.
-    ZQMIDIVirtualDestination(ZQMIDIManager& manager, const KeyedDecoder& coder);
+    ZQMIDIVirtualDestination(ZQMIDIManager& manager, const archive::KeyedDecoder& coder);
     ~ZQMIDIVirtualDestination() override;
 
     [[nodiscard]] std::string_view archivedClassName() const override {

@@ -13,7 +13,7 @@ ZQMIDIVirtualSource::ZQMIDIVirtualSource(ZQMIDIManager& manager, std::string_vie
     });
 }
 
-ZQMIDIVirtualSource::ZQMIDIVirtualSource(ZQMIDIManager& manager, const KeyedDecoder& coder)
+ZQMIDIVirtualSource::ZQMIDIVirtualSource(ZQMIDIManager& manager, const archive::KeyedDecoder& coder)
     : ZQMIDIVirtualSource(manager, coder.decodeObject("name").value_or("")) {
     static_cast<void>(setUniqueID(coder.decodeInt32("uniqueID")));
 }

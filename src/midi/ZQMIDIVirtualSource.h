@@ -9,7 +9,7 @@ class ZQMIDIVirtualSource final : public ZQMIDIVirtualEndpoint {
 public:
     ZQMIDIVirtualSource(ZQMIDIManager& manager, std::string_view name);
     /// A fresh endpoint of the archived name, which tries to take back its old unique ID.
-    ZQMIDIVirtualSource(ZQMIDIManager& manager, const KeyedDecoder& coder);
+    ZQMIDIVirtualSource(ZQMIDIManager& manager, const archive::KeyedDecoder& coder);
     ~ZQMIDIVirtualSource() override;
 
     [[nodiscard]] std::string_view archivedClassName() const override {

@@ -7,29 +7,33 @@
 
 namespace midi {
 
-ArchivedClasses archivedClasses(ZQMIDIManager& manager) {
+archive::ArchivedClasses archivedClasses(ZQMIDIManager& manager) {
     return {
         {"ZQMIDIEndpoint",
          // The base decodes nothing.
-         [&manager](const KeyedDecoder&) { return std::make_shared<ZQMIDIEndpoint>(manager); }},
+         [&manager](const archive::KeyedDecoder&) {
+             return std::make_shared<ZQMIDIEndpoint>(manager);
+         }},
         {"ZQMIDIEndpointDescriptor",
-         [](const KeyedDecoder& coder) {
+         [](const archive::KeyedDecoder& coder) {
              return std::make_shared<ZQMIDIEndpointDescriptor>(coder);
          }},
         {"ZQMIDIRealDestination",
-         [&manager](const KeyedDecoder& coder) {
-             return borrowed<Archivable>(ZQMIDIRealDestination::initWithCoder(manager, coder));
+         [&manager](const archive::KeyedDecoder& coder) {
+             return archive::borrowed<archive::Archivable>(
+                 ZQMIDIRealDestination::initWithCoder(manager, coder));
          }},
         {"ZQMIDIRealSource",
-         [&manager](const KeyedDecoder& coder) {
-             return borrowed<Archivable>(ZQMIDIRealSource::initWithCoder(manager, coder));
+         [&manager](const archive::KeyedDecoder& coder) {
+             return archive::borrowed<archive::Archivable>(
+                 ZQMIDIRealSource::initWithCoder(manager, coder));
          }},
         {"ZQMIDIVirtualDestination",
-         [&manager](const KeyedDecoder& coder) {
+         [&manager](const archive::KeyedDecoder& coder) {
              return std::make_shared<ZQMIDIVirtualDestination>(manager, coder);
          }},
         {"ZQMIDIVirtualSource",
-         [&manager](const KeyedDecoder& coder) {
+         [&manager](const archive::KeyedDecoder& coder) {
              return std::make_shared<ZQMIDIVirtualSource>(manager, coder);
          }},
     };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "midi/keyedArchive.h"
+#include "midi/archive/keyedArchive.h"
 
 namespace midi {
 
@@ -8,6 +8,6 @@ class ZQMIDIManager;
 
 /// The classes of this room that an archive can hold. Real endpoints come back as the manager's own
 /// objects, published ones as fresh endpoints.
-[[nodiscard]] ArchivedClasses archivedClasses(ZQMIDIManager& manager);
+[[nodiscard]] archive::ArchivedClasses archivedClasses(ZQMIDIManager& manager);
 
 }  // namespace midi

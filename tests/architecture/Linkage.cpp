@@ -21,7 +21,7 @@ bool mayLink(const Room& room, const std::string& target) {
     }
     return std::regex_match(target, warnings) ||
            (!room.core && std::regex_match(target, windows)) ||
-           (room.name == "midi" && std::regex_match(target, archive)) ||
+           (room.name == "midi/archive" && std::regex_match(target, archive)) ||
            (room.name == "platform/alsa" && std::regex_match(target, sequencer));
 }
 

@@ -79,6 +79,12 @@ TEST(LinkageCheck, SeesTheSystemsMidiInALinkLine) {
     EXPECT_THAT(linkOffences("platform/alsa: platform;ALSA::ALSA"), IsEmpty());
 }
 
+TEST(LinkageCheck, SeesTheArchivesLibraryInALinkLineOfAnotherRoom) {
+    EXPECT_THAT(linkOffences("midi: platform;nlohmann_json::nlohmann_json"),
+                ElementsAre("midi may not link nlohmann_json::nlohmann_json"));
+    EXPECT_THAT(linkOffences("midi/archive: nlohmann_json::nlohmann_json"), IsEmpty());
+}
+
 TEST(LinkageCheck, SeesALibraryThatIsNoRoom) {
     EXPECT_THAT(linkOffences("helpers: config"), Not(IsEmpty()));
 }

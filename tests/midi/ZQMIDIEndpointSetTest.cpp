@@ -58,20 +58,22 @@ TEST_F(EndpointSet, StandsOverTheListItself) {
 TEST_F(EndpointSet, WritesDescriptorsInPlaceOfItsEndpointsOnly) {
     ZQMIDIEndpoint& member = add("member", 4);
     ZQMIDIEndpoint stranger(manager(), "member", 4);
-    KeyedArchiver archiver;
-    const auto replaced = set.archiver(archiver, borrowed<const Archivable>(member));
+    archive::KeyedArchiver archiver;
+    const auto replaced =
+        set.archiver(archiver, archive::borrowed<const archive::Archivable>(member));
     const auto* const descriptor = dynamic_cast<const ZQMIDIEndpointDescriptor*>(replaced.get());
     ASSERT_NE(descriptor, nullptr);
     EXPECT_EQ(descriptor->name(), "member");
     EXPECT_EQ(descriptor->uniqueID(), 4);
-    EXPECT_EQ(set.archiver(archiver, borrowed<const Archivable>(stranger)).get(), &stranger);
+    EXPECT_EQ(set.archiver(archiver, archive::borrowed<const archive::Archivable>(stranger)).get(),
+              &stranger);
 }
 
 TEST_F(EndpointSet, PutsEndpointsInPlaceOfDescriptors) {
     ZQMIDIEndpoint& member = add("member", 4);
-    KeyedUnarchiver unarchiver(archivedClasses(manager()));
-    const auto decoded = [&](Archivable& object) {
-        return set.unarchiver(unarchiver, borrowed(object));
+    archive::KeyedUnarchiver unarchiver(archivedClasses(manager()));
+    const auto decoded = [&](archive::Archivable& object) {
+        return set.unarchiver(unarchiver, archive::borrowed(object));
     };
     ZQMIDIEndpointDescriptor known("x", 4);
     ZQMIDIEndpointDescriptor unknown("x", 5);
@@ -86,18 +88,19 @@ TEST_F(EndpointSet, LeavesSubclassesOfDescriptorsAlone) {
         using ZQMIDIEndpointDescriptor::ZQMIDIEndpointDescriptor;
     };
     add("member", 4);
-    KeyedUnarchiver unarchiver(archivedClasses(manager()));
+    archive::KeyedUnarchiver unarchiver(archivedClasses(manager()));
     SpecialDescriptor special("member", 4);
-    EXPECT_EQ(set.unarchiver(unarchiver, borrowed<Archivable>(special)).get(), &special);
+    EXPECT_EQ(set.unarchiver(unarchiver, archive::borrowed<archive::Archivable>(special)).get(),
+              &special);
 }
 
 TEST_F(EndpointSet, SwapsEndpointsThroughAWholeArchive) {
     ZQMIDIEndpoint& one = add("one", 1);
     ZQMIDIEndpoint& two = add("two", 2);
-    KeyedArchiver archiver;
+    archive::KeyedArchiver archiver;
     archiver.setDelegate(&set);
     const auto bytes = archiver.archivedData({&two, nullptr, &one, &two});
-    KeyedUnarchiver unarchiver(archivedClasses(manager()));
+    archive::KeyedUnarchiver unarchiver(archivedClasses(manager()));
     unarchiver.setDelegate(&set);
     auto objects = unarchiver.unarchiveList(bytes);
     ASSERT_TRUE(objects);

@@ -9,8 +9,8 @@
 #include "kernel/sysEx.h"
 #include "midi/ZQMIDIVirtualDestination.h"
 #include "midi/ZQMIDIVirtualSource.h"
+#include "midi/archive/keyedArchive.h"
 #include "midi/archivedClasses.h"
-#include "midi/keyedArchive.h"
 
 // Endpoints that were written down in one run of the program and are read in the next.
 
@@ -23,16 +23,16 @@ using midi::ZQMIDIVirtualSource;
 using testing::HasSubstr;
 using testing::Not;
 
-Bytes archived(const midi::Archivable& object) {
-    return midi::KeyedArchiver().archivedData(&object);
+Bytes archived(const midi::archive::Archivable& object) {
+    return midi::archive::KeyedArchiver().archivedData(&object);
 }
 
 /// The object of an archive, read by this run of the program; throws if it is none of
 /// that kind.
 template <typename Kind>
 std::shared_ptr<Kind> unarchived(EndpointLayer& layer, const Bytes& bytes) {
-    const auto object =
-        midi::KeyedUnarchiver(midi::archivedClasses(layer.manager())).unarchiveObject(bytes);
+    const auto object = midi::archive::KeyedUnarchiver(midi::archivedClasses(layer.manager()))
+                            .unarchiveObject(bytes);
     auto made = object ? std::dynamic_pointer_cast<Kind>(*object) : nullptr;
     if (made == nullptr) {
         throw std::runtime_error("the archive holds no such endpoint");

@@ -13,7 +13,7 @@
 #include "kernel/waitUntil.h"
 #include "midi/ZQMIDIVirtualDestination.h"
 #include "midi/ZQMIDIVirtualSource.h"
-#include "midi/keyedArchive.h"
+#include "midi/archive/keyedArchive.h"
 #include "midi/ownEndpoints.h"
 
 // What this program publishes, as other programs see and use it.

@@ -6,7 +6,7 @@
 //     KeyedArchiver archiver;
 //     const std::vector<std::uint8_t> bytes = archiver.archivedData(&endpoint);
 //
-//     KeyedUnarchiver unarchiver(archivedClasses(manager));
+//     KeyedUnarchiver unarchiver(classes);   // how the objects of each class are made
 //     const auto object = unarchiver.unarchiveObject(bytes);   // none: the bytes are no archive
 //
 // An object that stands several times in a list is written once and read back as one object.
@@ -21,7 +21,7 @@
 #include <string_view>
 #include <vector>
 
-namespace midi {
+namespace midi::archive {
 
 /// What an object writes itself into.
 class KeyedEncoder {
@@ -143,4 +143,4 @@ private:
     KeyedUnarchiverDelegate* delegate_ = nullptr;
 };
 
-}  // namespace midi
+}  // namespace midi::archive

@@ -1,4 +1,4 @@
-#include "midi/keyedArchive.h"
+#include "midi/archive/keyedArchive.h"
 
 #include <cstddef>
 #include <exception>
@@ -13,7 +13,7 @@
 //    "root": 0}            an object by its place in "objects"; null is none
 //    "root": [0, null, 1]  a list of them
 
-namespace midi {
+namespace midi::archive {
 
 using Json = nlohmann::ordered_json;
 
@@ -309,4 +309,4 @@ std::optional<std::vector<std::shared_ptr<Archivable>>> KeyedUnarchiver::unarchi
     return objects;
 }
 
-}  // namespace midi
+}  // namespace midi::archive
