@@ -166,7 +166,7 @@ std::string FirmwareReceiver::objectionToBlock() const {
         return "the flash was not erased";
     }
     if (blocks_ == flashBlocks) {
-        return "the flash has room for " + blocksInWords(flashBlocks);
+        return "the flash has space for " + blocksInWords(flashBlocks);
     }
     const std::size_t expected = blocks_ % 256;
     if (frame_[counterPlace] != expected) {

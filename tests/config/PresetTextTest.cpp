@@ -262,7 +262,7 @@ TEST(PresetTextReader, TakesNoLastNumberThatMayGoOnBehindTheLimit) {
     EXPECT_EQ(readPresetText(blanks.substr(1) + numbers + "25")->at(1015), 25);
 }
 
-TEST(PresetTextReader, FindsRoomForTheLongestPlainPresetBelowTheLimit) {
+TEST(PresetTextReader, FindsSpaceForTheLongestPlainPresetBelowTheLimit) {
     Image image{};
     image.fill(255);
     EXPECT_EQ(presetText(image).size(), 4064U);

@@ -161,7 +161,7 @@ TEST_F(Saving, WritesOverAPresetInAProtectedFolderAndMakesNoNewOneThere) {
     EXPECT_THAT(folder.names(), ElementsAre("My preset.Tormelk"));
 }
 
-TEST_F(Saving, SaysThatTheDiskIsFullAndSucceedsOnceThereIsRoom) {
+TEST_F(Saving, SaysThatTheDiskIsFullAndSucceedsOnceThereIsSpace) {
     files::withFileSystem(folder.path(), "size=16k", [&] {
         write(file, "old");
         write(folder / "filler", std::string(12288, 'x'));

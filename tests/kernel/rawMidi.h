@@ -22,7 +22,7 @@ using RawMidi = std::unique_ptr<snd_rawmidi_t, RawMidiCloser>;
 /// Opens a device to read from. Throws when it is not there or somebody else has it.
 [[nodiscard]] RawMidi openRawMidiInput(const std::string& device);
 
-/// Opens a device to write to; writing waits until there is room. Throws as above.
+/// Opens a device to write to; writing waits until there is space. Throws as above.
 [[nodiscard]] RawMidi openRawMidiOutput(const std::string& device);
 
 /// Writes the bytes and waits until the other side has taken them. Throws when it is refused.

@@ -80,7 +80,7 @@ TEST_F(ChoiceAccess, ChoosingInTheOpenListClosesIt) {
     EXPECT_EQ(model.indexOfSelectedItem(), 1);
 }
 
-TEST_F(ChoiceAccess, TellsWhichItemOfTheOpenListHasTheKeyboard) {
+TEST_F(ChoiceAccess, TellsWhichItemOfTheOpenListHasTheFocus) {
     box.show();
     (void)QTest::qWaitForWindowActive(&box);
     box.showPopup();

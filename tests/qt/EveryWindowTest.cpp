@@ -170,7 +170,7 @@ int pixelsThatDiffer(const QImage& a, const QImage& b) {
     return count;
 }
 
-TEST(EveryWindow, ShowsWhatHasTheKeyboard) {
+TEST(EveryWindow, ShowsWhatHasTheFocus) {
     static constexpr int plain = 20;  // pixels
     forEveryWindow([](QWidget& window, const QString& name) {
         QApplication::setActiveWindow(&window);

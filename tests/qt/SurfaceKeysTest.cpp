@@ -168,7 +168,7 @@ TEST_F(SurfaceKeys, TheTabStopFollowsTheSelection) {
     EXPECT_EQ(focused(), "encoder58");
 }
 
-TEST_F(SurfaceKeys, TheKeyboardStaysWhereItIsWhenNothingIsSelected) {
+TEST_F(SurfaceKeys, TheFocusStaysWhereItIsWhenNothingIsSelected) {
     editor.chooseMode(editor::nuendoMode);
     EXPECT_EQ(selected(), editor::noControl);
     EXPECT_EQ(focused(), "encoder9");

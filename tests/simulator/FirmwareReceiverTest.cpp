@@ -118,14 +118,14 @@ TEST_F(FirmwareReceiverTest, RefusesEraseAndResetBeforeSomebodyHasConnected) {
     EXPECT_FALSE(receiver.isErased());
 }
 
-TEST_F(FirmwareReceiverTest, HasRoomFor112Blocks) {
+TEST_F(FirmwareReceiverTest, HasSpaceFor112Blocks) {
     giveUpToErase();
     for (std::size_t block = 0; block < 112; ++block) {
         give(blockFrame(block));
     }
     EXPECT_EQ(receiver.blocks(), 112U);
     EXPECT_THAT(give(blockFrame(112)),
-                ElementsAre("- Block 112 refused: the flash has room for 112 blocks"));
+                ElementsAre("- Block 112 refused: the flash has space for 112 blocks"));
     EXPECT_EQ(receiver.written().size(), 57344U);
 }
 

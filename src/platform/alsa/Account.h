@@ -27,7 +27,7 @@ public:
     /// times a second.
     static constexpr std::chrono::milliseconds settleTime{500};
     /// A destination that has taken nothing for so long, while something waits, takes nothing any
-    /// more; nor does one that has not made room for a message for so long.
+    /// more; nor does one that has not made space for a message for so long.
     static constexpr std::chrono::seconds longestStandstill{5};
     /// By then all that was handed over has left, at the pace of the slowest wire, or never will.
     static constexpr std::chrono::seconds longestSettling{10};

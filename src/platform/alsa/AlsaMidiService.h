@@ -17,7 +17,7 @@
 // and the state tells why. It is found when it comes: the device node's folder is watched, and
 // `rescan` looks for what nothing announces.
 //
-// What is sent waits in this process where the destination has no room for it, so that no call
+// What is sent waits in this process where the destination has no space for it, so that no call
 // keeps its caller long. What became of it is known as far as the kernel knows: `delivery`. A
 // destination with trouble takes nothing more, and but for another program in the way it is
 // offline, until `dispatch` or `rescan` has taken in what changed; a program that has stopped

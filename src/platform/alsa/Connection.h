@@ -11,8 +11,8 @@
 #include "platform/MidiService.h"
 #include "platform/alsa/Account.h"
 #include "platform/alsa/MessageSplitter.h"
-#include "platform/alsa/RoomKeeper.h"
 #include "platform/alsa/Sender.h"
+#include "platform/alsa/SpaceGauge.h"
 #include "platform/alsa/enumeration.h"
 
 namespace platform::alsa {
@@ -46,9 +46,9 @@ struct Connection {
     std::optional<Delivery> lastDelivery;  ///< of an account with trouble, when it is open again
     Time::Point lastUsed;
 
-    std::unique_ptr<Sender> sender;  ///< Open: the subscription
-    std::optional<RoomKeeper> room;  ///< Open
-    std::size_t roomWhenCut = 0;     ///< of a program that reads nothing
+    std::unique_ptr<Sender> sender;   ///< Open: the subscription
+    std::optional<SpaceGauge> space;  ///< Open
+    std::size_t freeWhenCut = 0;      ///< of a program that reads nothing
 
     State state = State::Closed;
     Delivery::Trouble cutBy = Delivery::Trouble::None;

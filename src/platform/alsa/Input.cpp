@@ -161,7 +161,7 @@ void Input::give(int port, const MIDIPacketList& list) {
         if (toEvent(*encoder_, message, event)) {
             event.source.port = static_cast<unsigned char>(port);
             event.dest = {SND_SEQ_ADDRESS_SUBSCRIBERS, SND_SEQ_ADDRESS_UNKNOWN};
-            // Once: some of the listeners may have it when another has no room.
+            // Once: some of the listeners may have it when another has no space.
             snd_seq_event_output_direct(sequencer_.get(), &event);
         }
     };

@@ -13,7 +13,7 @@ namespace {
 using std::chrono::milliseconds;
 using Trouble = Delivery::Trouble;
 
-/// How long room is waited for before it is looked for again.
+/// How long space is waited for before it is looked for again.
 constexpr milliseconds betweenTries{2};
 
 /// Is another program in the way, for now?
@@ -23,7 +23,7 @@ bool isHeld(int error) {
 }
 
 /// What tells how much the destination can take; the sender must live as long.
-RoomKeeper::Level levelOf(const PortDescription& port, const Sender& sender) {
+SpaceGauge::Level levelOf(const PortDescription& port, const Sender& sender) {
     if (port.isHardware) {
         return [card = port.card, number = port.address.port] {
             return levelOfRawDevice(card, number);
@@ -174,7 +174,7 @@ void Output::open(Lock& lock, Connection& connection) {
     }
     lock.lock();
     if (result == 0) {
-        connection.room.emplace(levelOf(port, *sender));
+        connection.space.emplace(levelOf(port, *sender));
         connection.sender = std::move(sender);
         connection.isExclusive = exclusively;
         connection.levelWasSeen = false;
@@ -196,15 +196,15 @@ void Output::pump(Connection& connection) {
         snd_seq_event_t event{};
         if (toEvent(*codec_, message, event)) {
             if (connection.to.isProgram() || !connection.isExclusive) {
-                connection.room->forgetLevel();
+                connection.space->forgetLevel();
             }
-            if (!connection.room->take(connection.to.isProgram() ? cellsFor(message.size())
-                                                                 : message.size())) {
+            if (!connection.space->take(connection.to.isProgram() ? cellsFor(message.size())
+                                                                  : message.size())) {
                 return;
             }
             const int result = connection.sender->send(event);
             if (result == -EAGAIN) {
-                connection.room->forgetLevel();
+                connection.space->forgetLevel();
                 return;
             }
             if (result < 0) {
@@ -226,14 +226,14 @@ void Output::look(Connection& connection) {
     }
     if (connection.state == Connection::State::Open) {
         const std::optional<FillLevel> level =
-            connection.to.port.isHardware ? connection.room->level() : std::nullopt;
+            connection.to.port.isHardware ? connection.space->level() : std::nullopt;
         // The level first: so it is that of a destination that is still there.
         if (!connection.sender->isSubscribed() || (!level && connection.levelWasSeen)) {
             cut(connection, Trouble::WentAway);
             return;
         }
         connection.levelWasSeen = level.has_value();
-        connection.account.see(level ? level->whole - std::min(level->whole, level->room) : 0,
+        connection.account.see(level ? level->capacity - std::min(level->capacity, level->free) : 0,
                                timeNow());
     }
     if (connection.state == Connection::State::Closed && connection.waiting.empty()) {
@@ -257,9 +257,9 @@ void Output::cut(Connection& connection, Trouble trouble, std::string program) {
     connection.bytesWaiting = 0;
     connection.splitter.reset();
     if (connection.state == Connection::State::Open) {
-        connection.room->forgetLevel();
-        const std::optional<FillLevel> level = connection.room->level();
-        connection.roomWhenCut = level ? level->room : 0;
+        connection.space->forgetLevel();
+        const std::optional<FillLevel> level = connection.space->level();
+        connection.freeWhenCut = level ? level->free : 0;
     }
     someWentOrCame_ = someWentOrCame_ || connection.isOffline();
     changed_.notify_all();

@@ -2,7 +2,7 @@
 
 // What this program sends. A subscription to the destination is made at its first message, because
 // hardware takes nothing without, and kept for as long as the program goes on sending there. What
-// finds no room waits here; a thread of its own hands it on, looks what becomes of it, and gives
+// finds no space waits here; a thread of its own hands it on, looks what becomes of it, and gives
 // subscriptions back.
 
 #include <chrono>
@@ -27,7 +27,8 @@ class Output {
 public:
     /// A subscription is given back when nothing was sent for so long.
     static constexpr std::chrono::seconds idleTime{3};
-    /// The longest that a call of `send` waits for room. What has found none by then is sent later.
+    /// The longest that a call of `send` waits for space. What has found none by then is sent
+    /// later.
     static constexpr std::chrono::milliseconds longestCall{100};
     /// Of a caller who goes on nevertheless, so many bytes wait here: then he waits himself.
     static constexpr std::size_t mostWaiting = 8192;
@@ -46,7 +47,7 @@ public:
     /// Makes what the first message needs, so that sending it opens no client.
     void prepare();
 
-    /// Sends all messages of the list, each whole, in order, once there is room for it. When the
+    /// Sends all messages of the list, each whole, in order, once there is space for it. When the
     /// destination takes no more, or has gone, all that waits is lost, and nothing more is taken
     /// until the main thread has opened the connection again.
     OSStatus send(const Destination& to, const MIDIPacketList& list);

@@ -1,4 +1,4 @@
-// The thread that hands on what has found no room, looks what becomes of it, and gives
+// The thread that hands on what has found no space, looks what becomes of it, and gives
 // subscriptions back.
 
 #include <algorithm>
@@ -15,7 +15,7 @@ using std::chrono::milliseconds;
 constexpr std::size_t mostSpares = 2;
 /// How often it is looked what has become of what was sent, while that is not settled.
 constexpr milliseconds lookInterval{25};
-/// How often what has found no room is tried again.
+/// How often what has found no space is tried again.
 constexpr milliseconds tryInterval{2};
 /// How often a program that reads nothing is looked at.
 constexpr milliseconds readingInterval{250};
@@ -94,8 +94,8 @@ bool Output::isToBeClosed(const Connection& connection) const {
         return connection.waiting.empty();
     }
     if (connection.isToBeSeenReadingAgain()) {
-        const std::optional<FillLevel> level = connection.room->level();
-        return !level || level->room > connection.roomWhenCut || !connection.sender->isSubscribed();
+        const std::optional<FillLevel> level = connection.space->level();
+        return !level || level->free > connection.freeWhenCut || !connection.sender->isSubscribed();
     }
     return connection.isCut() ||
            (connection.account.isSettled() && timeNow() - connection.lastUsed >= idleTime);
@@ -122,7 +122,7 @@ std::optional<Time::Point> Output::nextLookAt(const Connection& connection) cons
 void Output::close(Lock& lock, Connection& connection) {
     connection.state = Connection::State::Closing;
     std::unique_ptr<Sender> sender = std::move(connection.sender);
-    connection.room.reset();
+    connection.space.reset();
     const auto left =
         std::chrono::duration_cast<milliseconds>(end_.value_or(Time::Point()) - timeNow());
     const milliseconds patience = connection.isCut() ? milliseconds::zero()

@@ -75,9 +75,10 @@ std::optional<std::size_t> processOf(int thread) {
 }  // namespace
 
 std::optional<FillLevel> outputLevelIn(const std::string& text, int output) {
-    const auto whole = valueOfOutput(text, output, "Buffer size");
-    const auto room = valueOfOutput(text, output, "Avail");
-    return whole.value_or(0) > 0 && room ? std::optional(FillLevel{*room, *whole}) : std::nullopt;
+    const auto capacity = valueOfOutput(text, output, "Buffer size");
+    const auto free = valueOfOutput(text, output, "Avail");
+    return capacity.value_or(0) > 0 && free ? std::optional(FillLevel{*free, *capacity})
+                                            : std::nullopt;
 }
 
 std::optional<int> ownerOfOutputIn(const std::string& text, int output) {

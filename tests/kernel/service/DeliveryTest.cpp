@@ -225,7 +225,7 @@ TEST_F(Deliveries, ADeviceThatStopsTakingDataGetsNothingLaterAndTheCallerIsNotKe
     expectItWorksAgain(device);
 }
 
-TEST_F(Deliveries, ADeviceThatGoesOnInTimeGetsAllInOrderAlsoWhatTheKernelHadNoRoomFor) {
+TEST_F(Deliveries, ADeviceThatGoesOnInTimeGetsAllInOrderAlsoWhatTheKernelHadNoSpaceFor) {
     UserSpaceMidiDevice device({});
     device.plug();
     begin("Tormelk Port");

@@ -39,7 +39,7 @@ public:
     ReceivedBytes bytes;
 };
 
-/// Another program's way to a port, which does not look whether there is room.
+/// Another program's way to a port, which does not look whether there is space.
 class Careless {
 public:
     explicit Careless(const Address& to) {

@@ -236,7 +236,7 @@ TEST_F(Sending, AProgramThatStopsReadingIsOfflineUntilItReadsAgainAndKeepsWhatIt
     ASSERT_TRUE(layer.runUntil([&] { return port.isOnline(); })) << reader.output();
     send(port, numbered(101));
     EXPECT_TRUE(reader.waitForOutput(hexadecimal(numbered(101)), 10s));
-    // What it had room for, and nothing of what waited.
+    // What it had space for, and nothing of what waited.
     const std::string output = reader.output();
     const auto has = [&](int number) {
         return output.find(hexadecimal(numbered(number))) != std::string::npos;

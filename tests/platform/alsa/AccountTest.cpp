@@ -195,7 +195,7 @@ TEST_F(AccountTest, ADestinationThatHasHadNothingToTakeStandsNotStill) {
     EXPECT_EQ(delivery().trouble, Trouble::None);
 }
 
-TEST_F(AccountTest, AMessageForWhichThereIsNoRoomForTooLongEndsIt) {
+TEST_F(AccountTest, AMessageForWhichThereIsNoSpaceForTooLongEndsIt) {
     handAndAccept(block);
     hand(block);
     std::size_t waiting = 254;

@@ -27,7 +27,7 @@ const std::string threeOutputs =
     "  Avail        : 50\n"
     "  Overruns     : 0\n";
 
-TEST(RawDevice, TheLevelOfAnOutputIsItsRoomAndItsSize) {
+TEST(RawDevice, TheLevelOfAnOutputIsItsSpaceAndItsSize) {
     EXPECT_EQ(outputLevelIn(threeOutputs, 0), (FillLevel{3842, 4096}));
 }
 

@@ -70,10 +70,10 @@ TEST_F(Delivery, HandsAnEmittedListToEveryConnectedPort) {
     Source& in = service.addSource("in");
     Reader one;
     Reader two;
-    Reader deaf;
+    Reader unconnected;
     const MIDIPortRef first = inputPort(Reader::read, &one);
     const MIDIPortRef second = inputPort(Reader::read, &two);
-    const MIDIPortRef third = inputPort(Reader::read, &deaf);
+    const MIDIPortRef third = inputPort(Reader::read, &unconnected);
     int constant = 0;
     EXPECT_EQ(service.MIDIPortConnectSource(first, in.handle(), &constant), noErr);
     EXPECT_EQ(service.MIDIPortConnectSource(second, in.handle(), nullptr), noErr);
@@ -82,7 +82,7 @@ TEST_F(Delivery, HandsAnEmittedListToEveryConnectedPort) {
     EXPECT_THAT(one.lists, ElementsAre(RecordedPacketList{{0, noteOn}}));
     EXPECT_THAT(one.connectionConstants, ElementsAre(&constant));
     EXPECT_THAT(two.lists, ElementsAre(RecordedPacketList{{0, noteOn}}));
-    EXPECT_THAT(deaf.lists, IsEmpty());
+    EXPECT_THAT(unconnected.lists, IsEmpty());
     for (const MIDIPortRef port : {first, second, third}) {
         service.MIDIPortDispose(port);
     }

@@ -9,12 +9,12 @@
 
 namespace platform::alsa {
 
-/// Tells whether a destination has room for a message, because the kernel drops what does not fit
+/// Tells whether a destination has space for a message, because the kernel drops what does not fit
 /// and reports success.
 ///
 /// The level is read once and then counted down, for reading costs more than sending a short
 /// message. Where there is none to be read, no more goes out than a MIDI cable carries.
-class RoomKeeper {
+class SpaceGauge {
 public:
     using Level = std::function<std::optional<FillLevel>()>;
 
@@ -23,9 +23,9 @@ public:
     /// So many bytes can be on their way to a destination whose level cannot be read.
     static constexpr std::size_t unseenBacklog = 2048;
 
-    explicit RoomKeeper(Level level, Time time = {});
+    explicit SpaceGauge(Level level, Time time = {});
 
-    /// Whether there is room for so many bytes (or cells) now; they are counted as sent then.
+    /// Whether there is space for so many bytes (or cells) now; they are counted as sent then.
     [[nodiscard]] bool take(std::size_t cost);
 
     /// Others send to the destination, too: what was read is true no longer.

@@ -1,4 +1,4 @@
-#include "platform/alsa/RoomKeeper.h"
+#include "platform/alsa/SpaceGauge.h"
 
 #include <algorithm>
 #include <utility>
@@ -9,14 +9,14 @@ namespace {
 /// How long a wire needs for so many bytes.
 Time::Duration onTheWire(std::size_t bytes) {
     return std::chrono::duration_cast<Time::Duration>(std::chrono::duration<double>(
-        static_cast<double>(bytes) / static_cast<double>(RoomKeeper::wireRate)));
+        static_cast<double>(bytes) / static_cast<double>(SpaceGauge::wireRate)));
 }
 
 }  // namespace
 
-RoomKeeper::RoomKeeper(Level level, Time time) : level_(std::move(level)), time_(std::move(time)) {}
+SpaceGauge::SpaceGauge(Level level, Time time) : level_(std::move(level)), time_(std::move(time)) {}
 
-bool RoomKeeper::take(std::size_t cost) {
+bool SpaceGauge::take(std::size_t cost) {
     if (credit_ >= cost) {
         credit_ -= cost;
         return true;
@@ -26,15 +26,15 @@ bool RoomKeeper::take(std::size_t cost) {
     if (!level) {
         return takeFromWire(cost);
     }
-    // What is larger than all the room goes out once that is empty.
-    const bool fits = level->room >= cost || level->room >= level->whole;
+    // What is larger than all the space goes out once that is empty.
+    const bool fits = level->free >= cost || level->free >= level->capacity;
     if (fits) {
-        credit_ = level->room - std::min(cost, level->room);
+        credit_ = level->free - std::min(cost, level->free);
     }
     return fits;
 }
 
-bool RoomKeeper::takeFromWire(std::size_t cost) {
+bool SpaceGauge::takeFromWire(std::size_t cost) {
     const Time::Point now = time_.now();
     const Time::Point free = std::max(wireIsFree_, now) + onTheWire(cost);
     if (free - onTheWire(std::max(unseenBacklog, cost)) > now) {
