@@ -92,7 +92,7 @@ int runEditor(int count, char** arguments, bool idle) {
     const QApplication application(count, arguments);
     app::setIdentity();
     platform::alsa::AlsaMidiService midiService("Tormelk Wyro");
-    qt::QtDesktop desktop;
+    qt::desktop::QtDesktop desktop;
     app::Editor editor(midiService, desktop);
     std::unique_ptr<EndWhenPainted> end;
     if (idle) {

@@ -98,7 +98,7 @@ int main(int count, char** arguments) {
             tormelk.receive(bytes);
         });
     });
-    qt::QtDesktop desktop([](int) {});
+    qt::desktop::QtDesktop desktop([](int) {});
     app::Editor editor(midiService, desktop);
     editor.show();
     (void)QTest::qWaitForWindowExposed(&editor.view);

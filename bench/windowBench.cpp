@@ -131,7 +131,7 @@ int main(int argumentCount, char** arguments) {
     const QApplication application(argumentCount, arguments);
     app::setIdentity();
     platform::software::SoftwareMidiService midiService;
-    qt::QtDesktop desktop([](int status) { std::exit(status); });
+    qt::desktop::QtDesktop desktop([](int status) { std::exit(status); });
     app::Editor editor(midiService, desktop);
     editor.window.combo_mode.choose(editor::userDefinedMode);
     editor.show();

@@ -19,7 +19,7 @@ void moveInto(const QRect& area, QRect& window) {
 
 }  // namespace
 
-Demo::Demo(qt::QtDesktop::EndProcess endProcess)
+Demo::Demo(qt::desktop::QtDesktop::EndProcess endProcess)
     : otherDevice(midiService.addDevice("Spare Port")),
       device(midiService.addDevice("Tormelk")),
       source(device.addSource("Tormelk MIDI 1")),

@@ -2,8 +2,8 @@
 
 #include "app/Editor.h"
 #include "platform/software/SoftwareMidiService.h"
-#include "qt/QtDesktop.h"
-#include "qt/SimulatorView.h"
+#include "qt/desktop/QtDesktop.h"
+#include "qt/windows/SimulatorView.h"
 #include "simulator/SimulatedController.h"
 
 namespace app {
@@ -13,7 +13,7 @@ namespace app {
 /// of the port a real one.
 struct Demo {
     /// Without `endProcess` the process is ended for real.
-    explicit Demo(qt::QtDesktop::EndProcess endProcess = nullptr);
+    explicit Demo(qt::desktop::QtDesktop::EndProcess endProcess = nullptr);
 
     /// Side by side where the screen has space for it.
     void show();
@@ -24,8 +24,8 @@ struct Demo {
     platform::software::Source& source;
     platform::software::Destination& destination;
     simulator::SimulatedController tormelk;
-    qt::QtDesktop desktop;
-    qt::SimulatorView simulatorView;
+    qt::desktop::QtDesktop desktop;
+    qt::windows::SimulatorView simulatorView;
     Editor editor;
 
 private:

@@ -1,10 +1,10 @@
 #include "app/Editor.h"
 
-#include "qt/views.h"
+#include "qt/windows/views.h"
 
 namespace app {
 
-Editor::Editor(platform::MidiService& midiService, qt::QtDesktop& desktopForIt)
+Editor::Editor(platform::MidiService& midiService, qt::desktop::QtDesktop& desktopForIt)
     : desktop(desktopForIt),
       midiProcess(midiService, notificationCentre),
       devices(midiProcess),
@@ -14,7 +14,7 @@ Editor::Editor(platform::MidiService& midiService, qt::QtDesktop& desktopForIt)
       midiDispatcher(midiService),
       lastWindowClosed(desktop.onLastWindowClosed(
           [this] { (void)controller.applicationShouldTerminateAfterLastWindowClosed(); })) {
-    qt::addEditorViews(desktop);
+    qt::windows::addEditorViews(desktop);
     controller.awakeFromNib();
 }
 

@@ -8,22 +8,22 @@
 #include "midi/ZQMIDIProcess.h"
 #include "platform/MidiService.h"
 #include "platform/NotificationCentre.h"
-#include "qt/MainWindowView.h"
-#include "qt/MidiDispatcher.h"
-#include "qt/QtDesktop.h"
+#include "qt/desktop/MidiDispatcher.h"
+#include "qt/desktop/QtDesktop.h"
+#include "qt/windows/MainWindowView.h"
 
 namespace app {
 
 /// The editor, put together over a MIDI service and a desktop; both must outlive it. Its main
 /// window is awake, and shown by `show`.
 struct Editor {
-    Editor(platform::MidiService& midiService, qt::QtDesktop& desktop);
+    Editor(platform::MidiService& midiService, qt::desktop::QtDesktop& desktop);
     Editor(const Editor&) = delete;
     Editor& operator=(const Editor&) = delete;
 
     void show() { window.window.makeKeyAndOrderFront(); }
 
-    qt::QtDesktop& desktop;
+    qt::desktop::QtDesktop& desktop;
     platform::NotificationCentre notificationCentre;
     midi::ZQMIDIProcess midiProcess;
     devices::seldevChoice devices;
@@ -31,9 +31,9 @@ struct Editor {
     editor::EditorState state;
     editor::MainWindow window;
     editor::mainController controller;
-    qt::MainWindowView view;
-    qt::MidiDispatcher midiDispatcher;
-    qt::QtDesktop::Registration lastWindowClosed;
+    qt::windows::MainWindowView view;
+    qt::desktop::MidiDispatcher midiDispatcher;
+    qt::desktop::QtDesktop::Registration lastWindowClosed;
 };
 
 }  // namespace app

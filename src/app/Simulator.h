@@ -10,7 +10,7 @@
 #include "midi/ZQMIDIVirtualSource.h"
 #include "platform/MidiService.h"
 #include "platform/NotificationCentre.h"
-#include "qt/MidiDispatcher.h"
+#include "qt/desktop/MidiDispatcher.h"
 #include "simulator/SimulatedController.h"
 
 namespace app {
@@ -45,7 +45,7 @@ private:
     std::optional<midi::ZQMIDIVirtualDestination> destination_;
     Inbox inbox_;
     platform::NotificationCentre::Registration stateChanges_;
-    qt::MidiDispatcher midiDispatcher_;
+    qt::desktop::MidiDispatcher midiDispatcher_;
 };
 
 }  // namespace app

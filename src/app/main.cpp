@@ -7,7 +7,7 @@
 #include "app/identity.h"
 #include "app/openDisplay.h"
 #include "platform/alsa/AlsaMidiService.h"
-#include "qt/QtDesktop.h"
+#include "qt/desktop/QtDesktop.h"
 
 int main(int, char** arguments) {
     // A save that meets a limit on file sizes fails and says so; unheeded, the signal would end us.
@@ -18,7 +18,7 @@ int main(int, char** arguments) {
     app::ProgramEnd programEnd;
     platform::alsa::AlsaMidiService midiService("Tormelk Wyro");
     programEnd.before([&midiService] { midiService.end(); });
-    qt::QtDesktop desktop([&programEnd](int status) { programEnd.end(status); });
+    qt::desktop::QtDesktop desktop([&programEnd](int status) { programEnd.end(status); });
     desktop.onSleep([&programEnd] { programEnd.attend(); });
     app::Editor editor(midiService, desktop);
     editor.show();

@@ -11,7 +11,7 @@
 #include "app/TerminalReport.h"
 #include "app/openDisplay.h"
 #include "platform/alsa/AlsaMidiService.h"
-#include "qt/SimulatorView.h"
+#include "qt/windows/SimulatorView.h"
 
 namespace {
 
@@ -53,7 +53,7 @@ int main(int, char** arguments) {
     app::Simulator simulator(midiService);
     tell(simulator);
     if (inWindow) {
-        qt::SimulatorView view(simulator.tormelk);
+        qt::windows::SimulatorView view(simulator.tormelk);
         view.setNotice(QString::fromStdString(simulator.trouble()));
         simulator.onChange = [&] {
             tell(simulator);

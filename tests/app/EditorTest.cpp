@@ -78,7 +78,7 @@ protected:
     std::vector<Device*> devices;
     platform::software::SoftwareMidiService midiService;
     std::vector<int> exits;
-    qt::QtDesktop desktop{[this](int status) { exits.push_back(status); }};
+    qt::desktop::QtDesktop desktop{[this](int status) { exits.push_back(status); }};
     Editor editor{midiService, desktop};
 };
 
@@ -234,7 +234,7 @@ TEST_F(EditorTest, StaysHiddenWhileThePadEditorIsOpen) {
 
 TEST_F(EditorTest, SharesAProcessWithAnotherEditorUnharmed) {
     plug("Alpha");
-    qt::QtDesktop secondDesktop([](int) {});
+    qt::desktop::QtDesktop secondDesktop([](int) {});
     platform::software::SoftwareMidiService secondService;
     auto second = std::make_unique<Editor>(secondService, secondDesktop);
     second->show();
@@ -280,7 +280,7 @@ struct EditorWithoutMidi {
         "Tormelk Wyro",
         {folder.filePath(QStringLiteral("seq")).toStdString(),
          [this](const std::string&) { return error; }}};
-    qt::QtDesktop desktop{[](int) {}};
+    qt::desktop::QtDesktop desktop{[](int) {}};
     Editor editor{midiService, desktop};
 };
 

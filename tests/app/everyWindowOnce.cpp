@@ -11,7 +11,7 @@
 #include "app/Demo.h"
 #include "app/Robot.h"
 #include "qt/EveryWindow.h"
-#include "qt/QtDesktop.h"
+#include "qt/desktop/QtDesktop.h"
 
 namespace {
 
@@ -46,7 +46,7 @@ bool saveAndLoad() {
 int main(int count, char** arguments) {
     const QApplication application(count, arguments);
     tests::forEveryWindow([](QWidget&, const QString&) {});
-    qt::QtDesktop desktop;
+    qt::desktop::QtDesktop desktop;
     int panels = 0;
     const auto cancel = [&panels](QDialog& dialog) {
         ++panels;

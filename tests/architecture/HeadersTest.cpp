@@ -82,7 +82,7 @@ TEST(Headers, EveryHeaderStandsAlone) {
     std::vector<fs::path> headers = unprovedHeaders(sourceTree / "src");
 #ifndef TORMELK_WITH_WINDOWS
     std::erase_if(headers, [](const fs::path& header) {
-        const Room* room = findRoom(header.begin()->string());
+        const Room* room = roomOf(header);
         return room != nullptr && !room->core;
     });
 #endif

@@ -42,16 +42,6 @@ bool isAllowedFromOutside(const Room& room, const std::string& target) {
            });
 }
 
-/// The room a file belongs to: the innermost one whose folder it stands in, or null.
-const Room* roomOf(const fs::path& file) {
-    for (fs::path folder = file.parent_path(); !folder.empty(); folder = folder.parent_path()) {
-        if (const Room* room = findRoom(folder.generic_string())) {
-            return room;
-        }
-    }
-    return nullptr;
-}
-
 std::string at(const Include& include) {
     return include.file.generic_string() + ":" + std::to_string(include.line) + ": ";
 }
@@ -94,15 +84,22 @@ const std::vector<Room>& rooms() {
           "sending", "devices", "firmware"},
          {}},
         {"simulator", {"texts", "tables", "config", "files"}, {}},
-        {"qt",
-         {"texts", "tables", "config", "describe", "files", "toolkit", "platform", "midi",
-          "sending", "devices", "firmware", "editor", "simulator"},
+        {"qt/access", {}, {qtHeader}, false},
+        {"qt/widgets", {"toolkit", "qt/access"}, {qtHeader}, false},
+        {"qt/surface",
+         {"config", "describe", "toolkit", "editor", "qt/access", "qt/widgets"},
+         {qtHeader},
+         false},
+        {"qt/desktop", {"toolkit", "platform", "sending", "qt/widgets"}, {qtHeader}, false},
+        {"qt/windows",
+         {"texts", "tables", "config", "describe", "toolkit", "sending", "devices", "firmware",
+          "editor", "simulator", "qt/access", "qt/widgets", "qt/surface", "qt/desktop"},
          {qtHeader},
          false},
         {"app",
          {"texts", "tables", "config", "describe", "files", "toolkit", "platform",
           "platform/software", "platform/alsa", "midi", "sending", "devices", "firmware", "editor",
-          "simulator", "qt"},
+          "simulator", "qt/desktop", "qt/windows"},
          {qtHeader, descriptorHeader},
          false},
     };
@@ -112,6 +109,15 @@ const std::vector<Room>& rooms() {
 const Room* findRoom(const std::string& name) {
     const auto room = std::ranges::find(rooms(), name, &Room::name);
     return room == rooms().end() ? nullptr : &*room;
+}
+
+const Room* roomOf(const fs::path& file) {
+    for (fs::path folder = file.parent_path(); !folder.empty(); folder = folder.parent_path()) {
+        if (const Room* room = findRoom(folder.generic_string())) {
+            return room;
+        }
+    }
+    return nullptr;
 }
 
 std::vector<std::string> layeringOffences(const fs::path& src) {

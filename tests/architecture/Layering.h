@@ -5,7 +5,7 @@
 #include <vector>
 
 /// Who may use whom: the rooms of src/ and the arrows between them, which point down only. A room
-/// is core unless it is named as one that knows the toolkit's windows: qt and app.
+/// is core unless it is named as one that knows the toolkit's windows: those of qt, and app.
 namespace architecture {
 
 struct Room {
@@ -21,6 +21,10 @@ struct Room {
 
 /// The room of that name, or null.
 [[nodiscard]] const Room* findRoom(const std::string& name);
+
+/// The room a file of src/ or tests/ belongs to: the innermost one whose folder it stands in, or
+/// null.
+[[nodiscard]] const Room* roomOf(const std::filesystem::path& file);
 
 /// The #include lines under `src` that break the rules, each as "file:line: what is wrong". Empty
 /// if the tree is in order.

@@ -70,7 +70,7 @@ TEST(LinkageCheck, SeesARoomThatLinksOneAboveIt) {
 TEST(LinkageCheck, SeesWindowsInALinkLineOfACoreRoom) {
     EXPECT_THAT(linkOffences("editor: config;Qt6::Core"),
                 ElementsAre("editor may not link Qt6::Core"));
-    EXPECT_THAT(linkOffences("qt: editor;Qt6::Widgets"), IsEmpty());
+    EXPECT_THAT(linkOffences("qt/surface: editor;Qt6::Widgets"), IsEmpty());
 }
 
 TEST(LinkageCheck, SeesTheSystemsMidiInALinkLine) {

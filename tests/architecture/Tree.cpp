@@ -40,17 +40,6 @@ std::vector<Include> includesUnder(const fs::path& folder) {
     return includes;
 }
 
-std::vector<std::string> foldersIn(const fs::path& folder) {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(folder)) {
-        if (entry.is_directory()) {
-            names.push_back(entry.path().filename().string());
-        }
-    }
-    std::ranges::sort(names);
-    return names;
-}
-
 std::vector<std::string> linesOf(const fs::path& file) {
     std::ifstream stream(file);
     std::vector<std::string> lines;

@@ -23,9 +23,6 @@ struct Include {
 /// Every #include line of the C++ files under `folder`.
 [[nodiscard]] std::vector<Include> includesUnder(const std::filesystem::path& folder);
 
-/// The names of the folders that stand directly in `folder`, sorted.
-[[nodiscard]] std::vector<std::string> foldersIn(const std::filesystem::path& folder);
-
 /// The lines of a text file.
 [[nodiscard]] std::vector<std::string> linesOf(const std::filesystem::path& file);
 

@@ -19,11 +19,11 @@
 #include <cmath>
 #include <set>
 
-#include "qt/ButtonView.h"
 #include "qt/EveryWindow.h"
-#include "qt/TextFieldView.h"
 #include "qt/letterContrast.h"
 #include "qt/palettes.h"
+#include "qt/widgets/ButtonView.h"
+#include "qt/widgets/TextFieldView.h"
 
 namespace tests {
 namespace {
@@ -61,7 +61,7 @@ void expectNoTextCut(QWidget& window, const QString& name) {
             continue;
         }
         // A line would cut itself; only a name of more than a hundred letters may need it.
-        const auto* field = dynamic_cast<qt::TextFieldView*>(widget);
+        const auto* field = dynamic_cast<qt::widgets::TextFieldView*>(widget);
         const bool isLine = field != nullptr && !field->wordWrap();
         const bool mayCut = name.endsWith(QLatin1String("long-name"));
         const QSize needed = isLine && !mayCut ? widget->sizeHint() : widget->minimumSizeHint();
@@ -155,7 +155,7 @@ bool hasButtonsAlone(const QWidget& window) {
     return std::all_of(all.begin(), all.end(), [](const QWidget* widget) {
         const auto* button = qobject_cast<const QPushButton*>(widget);
         const bool isPlain = button != nullptr && button->autoDefault() &&
-                             dynamic_cast<const qt::ButtonView*>(button) == nullptr;
+                             dynamic_cast<const qt::widgets::ButtonView*>(button) == nullptr;
         return !isTabStop(*widget) || isPlain;
     });
 }

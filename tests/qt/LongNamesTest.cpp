@@ -14,8 +14,8 @@
 #include "app/Robot.h"
 #include "firmware/firm.h"
 #include "platform/software/SoftwareMidiService.h"
-#include "qt/QtDesktop.h"
-#include "qt/TextFieldView.h"
+#include "qt/desktop/QtDesktop.h"
+#include "qt/widgets/TextFieldView.h"
 
 namespace qt {
 namespace {
@@ -75,7 +75,7 @@ protected:
     }
 
     platform::software::SoftwareMidiService service;
-    QtDesktop desktop{[](int) {}};
+    desktop::QtDesktop desktop{[](int) {}};
     app::Editor editor{service, desktop};
 };
 
@@ -94,11 +94,11 @@ TEST_F(LongNames, AreWholeInTheToolTipAndForAScreenReaderOfTheMainWindow) {
     plug(QStringLiteral("Alpha"));
     plug(longName);
     chooseTheLongOne();
-    auto& output = find<TextFieldView>(editor.view, "output");
+    auto& output = find<widgets::TextFieldView>(editor.view, "output");
     EXPECT_LT(output.width(), output.fontMetrics().horizontalAdvance(longName));
     EXPECT_EQ(toolTipOf(output), longName);
     EXPECT_EQ(readOut(output), longName);
-    auto& status = find<TextFieldView>(editor.view, "status");
+    auto& status = find<widgets::TextFieldView>(editor.view, "status");
     const QString said = QStringLiteral("Output: ") + longName;
     EXPECT_EQ(status.text(), said);
     EXPECT_LT(status.width(), status.fontMetrics().horizontalAdvance(said));
@@ -161,7 +161,7 @@ TEST_F(LongNames, DoNotMakeTheFirmwareWindowWiderAndAreWholeInItsToolTips) {
     chooseTheLongOne();
     inFirmwareWindow([&](QDialog& dialog) {
         EXPECT_EQ(widthsOf(dialog), before);
-        auto& line = find<TextFieldView>(dialog, "step1");
+        auto& line = find<widgets::TextFieldView>(dialog, "step1");
         ASSERT_TRUE(line.text().contains(longName)) << line.text().toStdString();
         EXPECT_EQ(toolTipOf(line), line.text());
         EXPECT_EQ(readOut(line), line.text());

@@ -10,8 +10,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "qt/FaceButton.h"
-#include "qt/contrast.h"
+#include "qt/surface/FaceButton.h"
+#include "qt/surface/contrast.h"
 
 namespace tests {
 
@@ -22,22 +22,22 @@ struct Lettering {
     QRectF area;  ///< in the panel
 };
 
-std::vector<Lettering> letteringOf(const qt::FacePanel& panel) {
+std::vector<Lettering> letteringOf(const qt::surface::FacePanel& panel) {
     std::vector<Lettering> all;
     const qreal unit = panel.unit();
-    for (const qt::Engraving& engraving : panel.plan().engravings) {
+    for (const qt::surface::Engraving& engraving : panel.plan().engravings) {
         all.push_back(
             {engraving.text,
              {panel.corner() + engraving.area.topLeft() * unit, engraving.area.size() * unit}});
     }
-    for (const qt::FaceButton* button : panel.faces()) {
-        const qt::FaceLook look = button->look();
-        const qt::FaceLines lines = qt::linesOf(look);
-        const bool hasCaption =
-            look.shape == qt::FaceShape::Pad || look.shape == qt::FaceShape::Layer;
+    for (const qt::surface::FaceButton* button : panel.faces()) {
+        const qt::surface::FaceLook look = button->look();
+        const qt::surface::FaceLines lines = qt::surface::linesOf(look);
+        const bool hasCaption = look.shape == qt::surface::FaceShape::Pad ||
+                                look.shape == qt::surface::FaceShape::Layer;
         const QPointF origin = button->pos();
         if (hasCaption) {
-            all.push_back({look.caption, qt::captionAreaOf(look).translated(origin)});
+            all.push_back({look.caption, qt::surface::captionAreaOf(look).translated(origin)});
         }
         for (const auto& [fitted, area] :
              {std::pair(lines.first, lines.firstArea), std::pair(lines.second, lines.secondArea)}) {
@@ -68,7 +68,7 @@ Lettering letteringOf(const QWidget& widget) {
         return {box->currentText().trimmed(), fieldOf(*box)};
     }
     const auto* button = qobject_cast<const QAbstractButton*>(&widget);
-    if (button == nullptr || dynamic_cast<const qt::FaceButton*>(button) != nullptr) {
+    if (button == nullptr || dynamic_cast<const qt::surface::FaceButton*>(button) != nullptr) {
         return {};
     }
     QRect area(QPoint(0, 0), button->fontMetrics().size(Qt::TextShowMnemonic, button->text()));
@@ -106,7 +106,8 @@ qreal contrastWithin(const QImage& part) {
     }
     qreal strongest = 1;
     for (auto entry = counts.cbegin(); entry != counts.cend(); ++entry) {
-        strongest = std::max(strongest, qt::contrast(QColor(entry.key()), QColor(background)));
+        strongest =
+            std::max(strongest, qt::surface::contrast(QColor(entry.key()), QColor(background)));
     }
     return strongest;
 }
@@ -117,7 +118,7 @@ QStringList unreadable(const QImage& picture, const std::vector<Lettering>& lett
     for (const Lettering& lettering : letterings) {
         const QRectF area(lettering.area.topLeft() * ratio, lettering.area.size() * ratio);
         const qreal found = contrastWithin(picture.copy(area.toAlignedRect()));
-        if (found < qt::readableContrast) {
+        if (found < qt::surface::readableContrast) {
             texts.append(QStringLiteral("\"%1\": %2 to 1").arg(lettering.text).arg(found));
         }
     }
@@ -126,7 +127,7 @@ QStringList unreadable(const QImage& picture, const std::vector<Lettering>& lett
 
 }  // namespace
 
-QStringList unreadableTexts(const QImage& picture, const qt::FacePanel& panel) {
+QStringList unreadableTexts(const QImage& picture, const qt::surface::FacePanel& panel) {
     return unreadable(picture, letteringOf(panel));
 }
 
@@ -134,7 +135,7 @@ QStringList unreadableTexts(const QImage& picture, const QWidget& window) {
     return unreadable(picture, letteringOfWindow(window));
 }
 
-int textCount(const qt::FacePanel& panel) {
+int textCount(const qt::surface::FacePanel& panel) {
     return static_cast<int>(letteringOf(panel).size());
 }
 

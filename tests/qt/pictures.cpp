@@ -17,9 +17,9 @@
 
 #include "app/identity.h"
 #include "qt/EveryWindow.h"
-#include "qt/SurfaceEditor.h"
 #include "qt/letterContrast.h"
 #include "qt/palettes.h"
+#include "qt/surface/SurfaceEditor.h"
 
 namespace {
 
@@ -34,7 +34,7 @@ bool writePictures(const QDir& folder, const QString& theme, const QString& suff
             written = false;
         }
     };
-    const auto read = [&](qt::FacePanel& panel, const QString& name) {
+    const auto read = [&](qt::surface::FacePanel& panel, const QString& name) {
         for (const QString& text : tests::unreadableTexts(panel.grab().toImage(), panel)) {
             std::fprintf(stderr, "%s, %s: %s\n", qUtf8Printable(name), qUtf8Printable(theme),
                          qUtf8Printable(text));
@@ -48,7 +48,7 @@ bool writePictures(const QDir& folder, const QString& theme, const QString& suff
     tests::forEveryWindow([&](QWidget& window, const QString& name) {
         write(window, name);
         for (QWidget* child : window.findChildren<QWidget*>()) {
-            if (auto* panel = dynamic_cast<qt::FacePanel*>(child)) {
+            if (auto* panel = dynamic_cast<qt::surface::FacePanel*>(child)) {
                 read(*panel, name);
             }
         }

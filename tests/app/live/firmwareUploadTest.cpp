@@ -112,7 +112,7 @@ protected:
     simulator::SimulatedController tormelk;
     std::size_t messages = 0;
     std::vector<int> exits;
-    qt::QtDesktop desktop{[this](int status) { exits.push_back(status); }};
+    qt::desktop::QtDesktop desktop{[this](int status) { exits.push_back(status); }};
     app::Editor editor{midiService, desktop};
 };
 

@@ -13,7 +13,7 @@
 
 #include "app/Robot.h"
 #include "editor/walk/widgets.h"
-#include "qt/PadView.h"
+#include "qt/windows/PadView.h"
 
 namespace walk {
 
@@ -117,7 +117,7 @@ WindowDriver::WindowDriver(Hand first) : hand_(first) {
     QApplication::setDoubleClickInterval(1);
     desktop_.addView<editor::pad>([this](editor::pad& controller) {
         pad_ = &controller;
-        return std::make_unique<qt::PadView>(controller);
+        return std::make_unique<qt::windows::PadView>(controller);
     });
     editor_.show();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&editor_.view));

@@ -6,7 +6,7 @@
 #include "app/Editor.h"
 #include "editor/walk/Driver.h"
 #include "platform/software/SoftwareMidiService.h"
-#include "qt/QtDesktop.h"
+#include "qt/desktop/QtDesktop.h"
 
 namespace walk {
 
@@ -44,7 +44,7 @@ private:
     void pick(const QWidget& window, const QString& box, int index);
 
     platform::software::SoftwareMidiService service_;
-    qt::QtDesktop desktop_{[](int) {}};
+    qt::desktop::QtDesktop desktop_{[](int) {}};
     app::Editor editor_{service_, desktop_};
     editor::pad* pad_ = nullptr;
     QDialog* padWindow_ = nullptr;

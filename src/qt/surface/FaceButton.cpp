@@ -1,0 +1,87 @@
+#include "qt/surface/FaceButton.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include "qt/access/FaceAccess.h"
+#include "qt/widgets/asText.h"
+
+namespace qt::surface {
+
+FaceButton::FaceButton(toolkit::Button& model, FaceShape shape, const QString& caption,
+                       FaceArt& art, QWidget* parent)
+    : widgets::ButtonView(model, Kind::State, caption, parent),
+      Described(static_cast<QObject&>(*this)),
+      shape_(shape),
+      art_(art) {
+    setAttribute(Qt::WA_Hover);
+    setFocusPolicy(Qt::ClickFocus);
+}
+
+void FaceButton::showAssignment(const describe::Assignment& assignment) {
+    if (assignment == assignment_ && !accessibleDescription().isEmpty()) {
+        return;
+    }
+    assignment_ = assignment;
+    const QString sent = widgets::asText(assignment.fullText());
+    setAccessibleDescription(sent);
+    setToolTip(accessibleName() + QLatin1Char('\n') + sent);
+    update();
+}
+
+void FaceButton::setUnit(qreal unit) {
+    unit_ = unit;
+    update();
+}
+
+void FaceButton::setCurrent(bool current) {
+    if (current != isCurrent_) {
+        isCurrent_ = current;
+        update();
+    }
+}
+
+QAccessibleInterface* FaceButton::newAccess() {
+    return access::newFaceAccess(*this, [this] { return isShownLit(); });
+}
+
+FaceLook FaceButton::look() const {
+    FaceLook look;
+    look.shape = shape_;
+    look.area = rect();
+    look.unit = unit_;
+    look.font = font();
+    look.caption = text();
+    look.assignment = assignment_;
+    look.isChecked = isShownLit();
+    look.isEnabled = isEnabled();
+    look.isHovered = underMouse() && isEnabled();
+    look.isHeld = isDown();
+    look.hasFocus = hasFocus();
+    return look;
+}
+
+void FaceButton::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const FaceLook shown = look();
+    painter.drawPixmap(0, 0, art_.body(shown, devicePixelRatioF()));
+    paintFaceLetters(painter, shown, art_.colours());
+}
+
+void FaceButton::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Space || event->key() == Qt::Key_Select) {
+        widgets::ButtonView::keyPressEvent(event);
+    } else {
+        event->ignore();
+    }
+}
+
+void FaceButton::focusInEvent(QFocusEvent* event) {
+    widgets::ButtonView::focusInEvent(event);
+    if (onFocus) {
+        onFocus();
+    }
+}
+
+}  // namespace qt::surface

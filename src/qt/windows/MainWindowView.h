@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include "editor/mainController.h"
+#include "qt/widgets/WindowBinding.h"
+
+class QBoxLayout;
+
+namespace qt::surface {
+class SurfacePanel;
+}
+
+namespace qt::windows {
+
+class AssignmentPanel;
+
+/// The main window: the surface of the controller, the assignment of the selected control, and the
+/// menu. Window and controller must outlive it.
+class MainWindowView final : public QMainWindow {
+public:
+    MainWindowView(editor::MainWindow& window, editor::mainController& controller);
+    ~MainWindowView() override;
+
+private:
+    void makeActions(editor::mainController& controller);
+    void makeMenus();
+    QBoxLayout* makeTopBar(editor::MainWindow& window);
+    QLayout* makeContent(editor::MainWindow& window);
+    void showStatus(editor::MainWindow& window);
+    /// Shows what no widget model tells: faces, selection, unsaved changes.
+    void refresh();
+    QAction* addAction(const QString& outlet, const QString& caption);
+
+    editor::mainController& controller_;
+    surface::SurfacePanel* surface_ = nullptr;
+    AssignmentPanel* assignment_ = nullptr;
+    QAction* loadPreset_ = nullptr;
+    QAction* savePreset_ = nullptr;
+    QAction* quit_ = nullptr;
+    QAction* send_ = nullptr;
+    QAction* midiDevices_ = nullptr;
+    QAction* firmwareUpdate_ = nullptr;
+    QAction* about_ = nullptr;
+    editor::MainWindow& window_;
+    widgets::WindowBinding binding_;
+};
+
+}  // namespace qt::windows

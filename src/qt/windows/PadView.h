@@ -1,0 +1,36 @@
+#pragma once
+
+#include "editor/pad.h"
+#include "qt/widgets/DialogView.h"
+
+class QLabel;
+class QLayout;
+
+namespace qt::surface {
+class PadPanel;
+}
+
+namespace qt::windows {
+
+/// The pad editor: the nine pads of pad layers 2 to 4 as they lie on the controller, and beside
+/// them what belongs to the selected pad and what belongs to the whole layer.
+class PadView final : public widgets::DialogView {
+public:
+    /// The controller must outlive it.
+    explicit PadView(editor::pad& controller);
+    ~PadView() override;
+
+private:
+    [[nodiscard]] QLayout* makeSettings();
+    [[nodiscard]] QLayout* makeFoot();
+    /// Shows what no widget model tells: faces, selection, layer.
+    void refresh();
+
+    editor::pad& controller_;
+    surface::PadPanel* pads_;
+    QLabel* pad_;
+    QLabel* sends_;
+    QLabel* layer_;
+};
+
+}  // namespace qt::windows
