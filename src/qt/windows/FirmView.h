@@ -5,7 +5,10 @@
 #include "firmware/firm.h"
 #include "qt/widgets/ButtonView.h"
 #include "qt/widgets/DialogView.h"
+#include "qt/widgets/ModelLink.h"
 #include "qt/windows/StepRow.h"
+
+class QLayout;
 
 namespace qt::windows {
 
@@ -13,22 +16,23 @@ namespace qt::windows {
 /// far an upload is.
 class FirmView final : public widgets::DialogView {
 public:
+    /// The controller must outlive it: it is what runs it.
     explicit FirmView(firmware::firm& controller);
-    ~FirmView() override;
 
 private:
     struct Step {
         StepRow* row;
         widgets::ButtonView* button;
     };
-    Step makeStep(int number, const StepRow::Words& words, toolkit::Button& model,
-                  const QString& outlet, const QString& caption);
+    void addSteps(QLayout& layout);
+    [[nodiscard]] QLayout* makeBottom();
     void showNextStep();
 
-    // The controller outlives its view: it is what runs it.
     firmware::firm& controller_;
     std::array<Step, 5> steps_{};
+    widgets::ButtonView* chooseOutput_;
     widgets::ButtonView* close_;
+    widgets::ModelLink<firmware::firm, &firmware::firm::onNextStep> link_;
 };
 
 }  // namespace qt::windows

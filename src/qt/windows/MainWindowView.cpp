@@ -45,8 +45,8 @@ QFrame* makeSeparator(QFrame::Shape shape) {
 
 MainWindowView::MainWindowView(editor::MainWindow& window, editor::mainController& controller)
     : controller_(controller),
-      window_(window),
-      binding_(*this, window.window, widgets::WindowBinding::Title::MarksUnsavedChanges) {
+      binding_(*this, window.window, widgets::WindowBinding::Title::MarksUnsavedChanges),
+      link_(window, [this] { refresh(); }) {
     makeActions(controller);
     makeMenus();
     auto* content = new QWidget;
@@ -58,12 +58,7 @@ MainWindowView::MainWindowView(editor::MainWindow& window, editor::mainControlle
     layout->addLayout(makeContent(window), 1);
     setCentralWidget(content);
     showStatus(window);
-    window.actionEnded = [this] { refresh(); };
     refresh();
-}
-
-MainWindowView::~MainWindowView() {
-    window_.actionEnded = nullptr;
 }
 
 QLayout* MainWindowView::makeContent(editor::MainWindow& window) {

@@ -3,6 +3,7 @@
 #include <QMainWindow>
 
 #include "editor/mainController.h"
+#include "qt/widgets/ModelLink.h"
 #include "qt/widgets/WindowBinding.h"
 
 class QBoxLayout;
@@ -20,7 +21,6 @@ class AssignmentPanel;
 class MainWindowView final : public QMainWindow {
 public:
     MainWindowView(editor::MainWindow& window, editor::mainController& controller);
-    ~MainWindowView() override;
 
 private:
     void makeActions(editor::mainController& controller);
@@ -42,8 +42,8 @@ private:
     QAction* midiDevices_ = nullptr;
     QAction* firmwareUpdate_ = nullptr;
     QAction* about_ = nullptr;
-    editor::MainWindow& window_;
     widgets::WindowBinding binding_;
+    widgets::ModelLink<editor::MainWindow, &editor::MainWindow::actionEnded> link_;
 };
 
 }  // namespace qt::windows

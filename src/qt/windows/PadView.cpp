@@ -78,7 +78,8 @@ PadView::PadView(editor::pad& controller)
       pads_(new surface::PadPanel(controller)),
       pad_(makeHeading(QStringLiteral("selectedPad"))),
       sends_(makeLine(QStringLiteral("selectedSends"))),
-      layer_(makeHeading(QStringLiteral("selectedLayer"))) {
+      layer_(makeHeading(QStringLiteral("selectedLayer"))),
+      link_(controller, [this] { refresh(); }) {
     auto* columns = new QHBoxLayout;
     columns->setSpacing(24);
     columns->addWidget(pads_, 1);
@@ -88,12 +89,7 @@ PadView::PadView(editor::pad& controller)
     layout->setSpacing(12);
     layout->addLayout(columns, 1);
     layout->addLayout(makeFoot());
-    controller.actionEnded = [this] { refresh(); };
     refresh();
-}
-
-PadView::~PadView() {
-    controller_.actionEnded = nullptr;
 }
 
 QLayout* PadView::makeSettings() {

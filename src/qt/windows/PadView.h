@@ -2,6 +2,7 @@
 
 #include "editor/pad.h"
 #include "qt/widgets/DialogView.h"
+#include "qt/widgets/ModelLink.h"
 
 class QLabel;
 class QLayout;
@@ -18,7 +19,6 @@ class PadView final : public widgets::DialogView {
 public:
     /// The controller must outlive it.
     explicit PadView(editor::pad& controller);
-    ~PadView() override;
 
 private:
     [[nodiscard]] QLayout* makeSettings();
@@ -31,6 +31,7 @@ private:
     QLabel* pad_;
     QLabel* sends_;
     QLabel* layer_;
+    widgets::ModelLink<editor::pad, &editor::pad::actionEnded> link_;
 };
 
 }  // namespace qt::windows

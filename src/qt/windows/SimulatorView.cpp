@@ -7,6 +7,7 @@
 #include <QMessageBox>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <array>
 #include <span>
 
 #include "config/layout.h"
@@ -19,13 +20,6 @@ namespace qt::windows {
 
 namespace {
 
-const QStringList layerColumns = {
-    QStringLiteral("Layer"), QStringLiteral("Received"),  QStringLiteral("DAW mode"),
-    QStringLiteral("Lock"),  QStringLiteral("Pad curve"), QStringLiteral("Pad interval"),
-};
-const QStringList logColumns = {QStringLiteral("No."), QStringLiteral("Bytes"),
-                                QStringLiteral("Message")};
-constexpr int dawModeColumn = 2;
 constexpr int bytesInALine = 16;
 constexpr int linesOfALayer = 16;
 
@@ -41,14 +35,46 @@ QString padCurve(int curve) {
                              : QStringLiteral("Curve%1").arg(curve);
 }
 
-QStringList describe(const simulator::LayerMessage& layer) {
-    return {
-        QStringLiteral("%1 bytes").arg(layer.size()),
-        dawMode(layer[config::dawModeOffset]),
-        layer[config::lockOffset] != 0 ? QStringLiteral("on") : QStringLiteral("off"),
-        padCurve(layer[config::curveOffset]),
-        QStringLiteral("%1 ms").arg(layer[config::intervalOffset]),
-    };
+/// What is to be seen of a layer, behind its number: a column each.
+struct LayerColumn {
+    QString title;
+    QString (*cell)(const simulator::LayerMessage& layer);
+    bool takesWhatIsLeft = false;
+};
+
+const std::array layerColumns = {
+    LayerColumn{QStringLiteral("Received"),
+                [](const simulator::LayerMessage& layer) {
+                    return QStringLiteral("%1 bytes").arg(layer.size());
+                }},
+    LayerColumn{
+        QStringLiteral("DAW mode"),
+        [](const simulator::LayerMessage& layer) { return dawMode(layer[config::dawModeOffset]); },
+        true},
+    LayerColumn{QStringLiteral("Lock"),
+                [](const simulator::LayerMessage& layer) {
+                    return layer[config::lockOffset] != 0 ? QStringLiteral("on")
+                                                          : QStringLiteral("off");
+                }},
+    LayerColumn{
+        QStringLiteral("Pad curve"),
+        [](const simulator::LayerMessage& layer) { return padCurve(layer[config::curveOffset]); }},
+    LayerColumn{QStringLiteral("Pad interval"),
+                [](const simulator::LayerMessage& layer) {
+                    return QStringLiteral("%1 ms").arg(layer[config::intervalOffset]);
+                }},
+};
+
+/// `layer` is null while none has come.
+QStringList cellsOf(int number, const simulator::LayerMessage* layer) {
+    QStringList cells = {QString::number(number)};
+    if (layer == nullptr) {
+        return cells << QStringLiteral("nothing yet");
+    }
+    for (const LayerColumn& column : layerColumns) {
+        cells += column.cell(*layer);
+    }
+    return cells;
 }
 
 /// The offset of its first byte, then the bytes of a line, hexadecimal.
@@ -85,82 +111,122 @@ QString describe(const simulator::SimulatedController& controller) {
                       .arg(firmware.blocks());
 }
 
+QTableWidget* makeLayers(int lineHeight) {
+    auto* table = new QTableWidget(config::layerCount, 1 + static_cast<int>(layerColumns.size()));
+    widgets::nameWidget(*table, QStringLiteral("layers"), QStringLiteral("The layers it holds"));
+    table->verticalHeader()->hide();
+    table->verticalHeader()->setDefaultSectionSize(lineHeight + 8);
+    table->setWordWrap(false);
+    QHeaderView* header = table->horizontalHeader();
+    header->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header->setHighlightSections(false);
+    header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    QStringList titles = {QStringLiteral("Layer")};
+    for (const LayerColumn& column : layerColumns) {
+        if (column.takesWhatIsLeft) {
+            header->setSectionResizeMode(static_cast<int>(titles.size()), QHeaderView::Stretch);
+        }
+        titles += column.title;
+    }
+    table->setHorizontalHeaderLabels(titles);
+    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setSelectionMode(QAbstractItemView::SingleSelection);
+    table->setTabKeyNavigation(false);
+    table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    return table;
+}
+
+QPlainTextEdit* makeBytes() {
+    auto* text = new QPlainTextEdit;
+    widgets::nameWidget(*text, QStringLiteral("bytes"),
+                        QStringLiteral("The bytes of the selected layer"));
+    text->setReadOnly(true);
+    text->setTabChangesFocus(true);
+    text->setLineWrapMode(QPlainTextEdit::NoWrap);
+    text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    text->setPlaceholderText(QStringLiteral("Nothing received yet"));
+    return text;
+}
+
+QTreeWidget* makeLog() {
+    auto* log = new QTreeWidget;
+    widgets::nameWidget(*log, QStringLiteral("log"), QStringLiteral("Every message that came"));
+    log->setHeaderLabels(
+        {QStringLiteral("No."), QStringLiteral("Bytes"), QStringLiteral("Message")});
+    log->setRootIsDecorated(false);
+    log->setSelectionMode(QAbstractItemView::NoSelection);
+    return log;
+}
+
+QLabel* makeNotice() {
+    auto* notice = new QLabel;
+    notice->setObjectName(QStringLiteral("notice"));
+    notice->setTextFormat(Qt::PlainText);
+    notice->setWordWrap(true);
+    notice->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    notice->hide();
+    return notice;
+}
+
+/// So that all of it can be seen without scrolling.
+void fitToRows(QTableWidget& table) {
+    table.setFixedHeight(table.horizontalHeader()->sizeHint().height() +
+                         table.verticalHeader()->length() + 2 * table.frameWidth());
+}
+
+/// So that a whole layer can be seen without scrolling.
+void fitToDump(QPlainTextEdit& text) {
+    const QFontMetrics fixed(text.font());
+    text.setMinimumHeight(fixed.lineSpacing() * linesOfALayer + 16);
+    text.setMinimumWidth(
+        fixed.horizontalAdvance(QString(4 + 3 * bytesInALine + 5, QLatin1Char('0'))));
+}
+
 }  // namespace
 
 SimulatorView::SimulatorView(simulator::SimulatedController& controller)
     : Described(static_cast<QObject&>(*this)),
-      link_(controller, [this] { showAll(); }),
-      notice_(new QLabel),
-      layers_(new QTableWidget(config::layerCount, static_cast<int>(layerColumns.size()))),
-      bytes_(new QPlainTextEdit),
-      log_(new QTreeWidget),
+      notice_(makeNotice()),
+      layers_(makeLayers(fontMetrics().height())),
+      bytes_(makeBytes()),
+      log_(makeLog()),
       firmware_(new QLabel),
-      saveFirmware_(new QPushButton(QStringLiteral("Save &Firmware..."))) {
+      saveFirmware_(new QPushButton(QStringLiteral("Save &Firmware..."))),
+      link_(controller, [this] { showAll(); }) {
     setWindowTitle(QStringLiteral("Simulated Tormelk"));
-    widgets::nameWidget(*layers_, QStringLiteral("layers"), QStringLiteral("The layers it holds"));
-    layers_->setHorizontalHeaderLabels(layerColumns);
-    layers_->verticalHeader()->hide();
-    layers_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
-    layers_->setWordWrap(false);
-    layers_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    layers_->horizontalHeader()->setSectionResizeMode(dawModeColumn, QHeaderView::Stretch);
-    layers_->horizontalHeader()->setHighlightSections(false);
-    layers_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    layers_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    layers_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    layers_->setSelectionMode(QAbstractItemView::SingleSelection);
-    layers_->setTabKeyNavigation(false);
-    layers_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    layers_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    connect(layers_, &QTableWidget::itemSelectionChanged, this, [this] { showBytes(); });
-
-    widgets::nameWidget(*bytes_, QStringLiteral("bytes"),
-                        QStringLiteral("The bytes of the selected layer"));
-    bytes_->setReadOnly(true);
-    bytes_->setTabChangesFocus(true);
-    bytes_->setLineWrapMode(QPlainTextEdit::NoWrap);
-    bytes_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    bytes_->setPlaceholderText(QStringLiteral("Nothing received yet"));
-
-    widgets::nameWidget(*log_, QStringLiteral("log"), QStringLiteral("Every message that came"));
-    log_->setHeaderLabels(logColumns);
-    log_->setRootIsDecorated(false);
-    log_->setSelectionMode(QAbstractItemView::NoSelection);
-
     // Neither has a place of its own to show that it has the focus.
     setStyleSheet(QStringLiteral(
         "QPlainTextEdit, QTreeWidget { border: 1px solid palette(mid); }"
         "QPlainTextEdit:focus, QTreeWidget:focus { border-color: palette(highlight); }"));
+    connect(layers_, &QTableWidget::itemSelectionChanged, this, [this] { showBytes(); });
+    layOut();
+    showAll();
+    fitToRows(*layers_);
+    fitToDump(*bytes_);
+}
 
-    firmware_->setObjectName(QStringLiteral("firmware"));
-    saveFirmware_->setObjectName(QStringLiteral("saveFirmware"));
-    connect(saveFirmware_, &QPushButton::clicked, this, [this] { saveFirmware(); });
-    auto* firmware = new QHBoxLayout;
-    firmware->addWidget(firmware_, 1);
-    firmware->addWidget(saveFirmware_);
-
-    notice_->setObjectName(QStringLiteral("notice"));
-    notice_->setTextFormat(Qt::PlainText);
-    notice_->setWordWrap(true);
-    notice_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    notice_->hide();
-
+void SimulatorView::layOut() {
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(notice_);
     layout->addWidget(widgets::captionOf(*layers_, QStringLiteral("&Layers")));
     layout->addWidget(layers_);
     layout->addWidget(widgets::captionOf(*bytes_, QStringLiteral("&Bytes of the selected layer")));
     layout->addWidget(bytes_, 2);
-    layout->addLayout(firmware);
+    layout->addLayout(makeFirmware());
     layout->addWidget(widgets::captionOf(*log_, QStringLiteral("&Messages")));
     layout->addWidget(log_, 1);
-    showAll();
-    layers_->setFixedHeight(layers_->horizontalHeader()->sizeHint().height() +
-                            layers_->verticalHeader()->length() + 2 * layers_->frameWidth());
-    const QFontMetrics fixed(bytes_->font());
-    bytes_->setMinimumHeight(fixed.lineSpacing() * linesOfALayer + 16);
-    bytes_->setMinimumWidth(
-        fixed.horizontalAdvance(QString(4 + 3 * bytesInALine + 5, QLatin1Char('0'))));
+}
+
+QLayout* SimulatorView::makeFirmware() {
+    firmware_->setObjectName(QStringLiteral("firmware"));
+    saveFirmware_->setObjectName(QStringLiteral("saveFirmware"));
+    connect(saveFirmware_, &QPushButton::clicked, this, [this] { saveFirmware(); });
+    auto* row = new QHBoxLayout;
+    row->addWidget(firmware_, 1);
+    row->addWidget(saveFirmware_);
+    return row;
 }
 
 void SimulatorView::setNotice(const QString& notice) {
@@ -207,8 +273,7 @@ void SimulatorView::saveFirmware() {
 void SimulatorView::showLayers(const simulator::SimulatedController::Layers& layers) {
     for (int row = 0; row < config::layerCount; ++row) {
         const auto& layer = layers[static_cast<std::size_t>(row)];
-        QStringList cells = {QString::number(row + 1)};
-        cells += layer ? describe(*layer) : QStringList{QStringLiteral("nothing yet")};
+        const QStringList cells = cellsOf(row + 1, layer ? &*layer : nullptr);
         for (int column = 0; column < cells.size(); ++column) {
             layers_->setItem(row, column, new QTableWidgetItem(cells[column]));
         }

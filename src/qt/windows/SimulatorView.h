@@ -28,6 +28,8 @@ public:
     [[nodiscard]] QAccessibleInterface* newAccess() override;
 
 private:
+    void layOut();
+    [[nodiscard]] QLayout* makeFirmware();
     void showAll();
     void showLayers(const simulator::SimulatedController::Layers& layers);
     void showBytes();
@@ -36,7 +38,6 @@ private:
     void saveFirmware();
     void selectFirstLayerHeld(const simulator::SimulatedController::Layers& layers);
 
-    widgets::ModelLink<simulator::SimulatedController> link_;
     QLabel* notice_;
     QTableWidget* layers_;
     QPlainTextEdit* bytes_;
@@ -44,6 +45,7 @@ private:
     QLabel* firmware_;
     QPushButton* saveFirmware_;
     desktop::FilePanels filePanels_;
+    widgets::ModelLink<simulator::SimulatedController> link_;
 };
 
 }  // namespace qt::windows
