@@ -2,12 +2,23 @@
 
 #include <QFontMetrics>
 #include <QPainter>
-#include <algorithm>
 
 #include "qt/access/FaceAccess.h"
 #include "qt/surface/contrast.h"
 
 namespace qt::surface {
+
+namespace {
+
+/// A fill under a finger, or under the mouse.
+QColor touched(const QColor& fill, const QColor& lettering, const ButtonState& state) {
+    if (state.isHeld) {
+        return between(fill, lettering, 0.25);
+    }
+    return state.isHovered ? between(fill, lettering, 0.08) : fill;
+}
+
+}  // namespace
 
 ControlButton::ControlButton(toolkit::Button& model, Shape shape, const QString& caption,
                              QWidget* parent)
@@ -34,79 +45,55 @@ QSize ControlButton::sizeHint() const {
 void ControlButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setFont(lettering());
-    const Colours used = colours();
-    drawBody(painter, used);
-    drawCaption(painter, used);
-    if (hasFocus()) {
-        drawFocus(painter, used);
+    const ButtonState state = stateOf(*this);
+    const Style style = styleOf(state);
+    paintBody(painter, outline(), style.edge, style.fill);
+    drawCaption(painter, style.lettering);
+    if (state.hasFocus) {
+        constexpr qreal inset = 3;
+        paintRing(painter, outline().inside(inset), QPen(style.lettering, 1.0, Qt::DotLine));
     }
 }
 
-ControlButton::Colours ControlButton::colours() const {
+ControlButton::Style ControlButton::styleOf(const ButtonState& state) const {
     const QPalette& all = palette();
-    const bool lit = isChecked();
-    const QColor lettering =
-        all.color(lit && shape_ != Shape::Lamp ? QPalette::HighlightedText : QPalette::ButtonText);
-    QColor fill = lit ? shadeFor(all.color(QPalette::Highlight),
-                                 all.color(QPalette::HighlightedText), readableContrast + 0.4)
-                      : between(all.color(QPalette::Button), all.color(QPalette::Light), 0.5);
-    if (isDown()) {
-        fill = between(fill, lettering, 0.25);
-    } else if (underMouse() && isEnabled()) {
-        fill = between(fill, lettering, 0.08);
+    const QColor text = all.color(QPalette::WindowText);
+    if (state.isChecked) {
+        const QColor onLit = all.color(QPalette::HighlightedText);
+        const QColor lettering = isLamp() ? all.color(QPalette::ButtonText) : onLit;
+        const QColor fill =
+            touched(shadeFor(all.color(QPalette::Highlight), onLit, readableContrast + 0.4),
+                    lettering, state);
+        return {QPen(between(fill, text, 0.4), 2.0), fill, lettering};
     }
-    const QColor line = between(all.color(QPalette::Window), all.color(QPalette::WindowText),
-                                isEnabled() ? 0.55 : 0.3);
-    return {fill, line, lettering};
+    const QColor lettering = all.color(QPalette::ButtonText);
+    const QColor fill = touched(
+        between(all.color(QPalette::Button), all.color(QPalette::Light), 0.5), lettering, state);
+    const QColor line = between(all.color(QPalette::Window), text, state.isEnabled ? 0.55 : 0.3);
+    return {QPen(line, 1.0), fill, lettering};
 }
 
-QFont ControlButton::lettering() const {
-    QFont used = font();
-    used.setBold(isChecked() && shape_ != Shape::Lamp);
-    return used;
-}
-
-QRectF ControlButton::outline() const {
+Outline ControlButton::outline() const {
     const QRectF all = QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5);
-    if (shape_ == Shape::Lamp) {
+    if (isLamp()) {
         const qreal side = all.height() * 0.6;
-        return {all.left() + 1, all.center().y() - side / 2, side, side};
+        return {{all.left() + 1, all.center().y() - side / 2, side, side}, side / 2};
     }
-    return all;
+    return {all, 4};
 }
 
-qreal ControlButton::cornerRadius() const {
-    return isLamp() ? outline().width() / 2 : 4;
-}
-
-void ControlButton::drawBody(QPainter& painter, const Colours& colours) const {
-    const bool lit = isChecked();
-    painter.setPen(
-        QPen(lit ? between(colours.fill, palette().color(QPalette::WindowText), 0.4) : colours.line,
-             lit ? 2.0 : 1.0));
-    painter.setBrush(colours.fill);
-    painter.drawRoundedRect(outline(), cornerRadius(), cornerRadius());
-}
-
-void ControlButton::drawCaption(QPainter& painter, const Colours& colours) const {
-    painter.setPen(colours.lettering);
+void ControlButton::drawCaption(QPainter& painter, const QColor& lettering) const {
+    QFont used = font();
+    used.setBold(isChecked() && !isLamp());
+    painter.setFont(used);
+    painter.setPen(lettering);
     QRectF area = rect();
     int alignment = Qt::AlignCenter;
-    if (shape_ == Shape::Lamp) {
-        area.setLeft(outline().right() + 6);
+    if (isLamp()) {
+        area.setLeft(outline().area.right() + 6);
         alignment = Qt::AlignLeft | Qt::AlignVCenter;
     }
     painter.drawText(area, alignment | Qt::TextShowMnemonic, text());
-}
-
-void ControlButton::drawFocus(QPainter& painter, const Colours& colours) const {
-    const qreal inset = 3;
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(colours.lettering, 1.0, Qt::DotLine));
-    painter.drawRoundedRect(outline().adjusted(inset, inset, -inset, -inset),
-                            std::max(cornerRadius() - inset, 1.0),
-                            std::max(cornerRadius() - inset, 1.0));
 }
 
 }  // namespace qt::surface

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "qt/access/Described.h"
+#include "qt/surface/buttonPainting.h"
 #include "qt/widgets/ButtonView.h"
 
 namespace qt::surface {
@@ -26,18 +27,14 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    struct Colours {
+    struct Style {
+        QPen edge;
         QColor fill;
-        QColor line;
         QColor lettering;
     };
-    [[nodiscard]] Colours colours() const;
-    [[nodiscard]] QRectF outline() const;
-    void drawBody(QPainter& painter, const Colours& colours) const;
-    void drawCaption(QPainter& painter, const Colours& colours) const;
-    void drawFocus(QPainter& painter, const Colours& colours) const;
-    [[nodiscard]] QFont lettering() const;
-    [[nodiscard]] qreal cornerRadius() const;
+    [[nodiscard]] Style styleOf(const ButtonState& state) const;
+    [[nodiscard]] Outline outline() const;
+    void drawCaption(QPainter& painter, const QColor& lettering) const;
 
     Shape shape_;
 };

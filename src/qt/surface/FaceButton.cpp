@@ -48,17 +48,14 @@ QAccessibleInterface* FaceButton::newAccess() {
 
 FaceLook FaceButton::look() const {
     FaceLook look;
+    static_cast<ButtonState&>(look) = stateOf(*this);
+    look.isChecked = isShownLit();
     look.shape = shape_;
     look.area = rect();
     look.unit = unit_;
     look.font = font();
     look.caption = text();
     look.assignment = assignment_;
-    look.isChecked = isShownLit();
-    look.isEnabled = isEnabled();
-    look.isHovered = underMouse() && isEnabled();
-    look.isHeld = isDown();
-    look.hasFocus = hasFocus();
     return look;
 }
 

@@ -137,22 +137,16 @@ void placeSigns(FaceLines& lines, const FaceLook& look, QRectF& line) {
 }
 
 void drawBody(QPainter& painter, const FaceLook& look, const Style& style, const QRectF& body) {
-    const qreal inset = style.edgeWidth / 2;
-    const QRectF outline = body.adjusted(inset, inset, -inset, -inset);
-    const qreal radius = radiusOf(look, body) - inset;
-    QPen pen(style.edge, style.edgeWidth);
+    const Outline outline = Outline{body, radiusOf(look, body)}.inside(style.edgeWidth / 2);
     if (!look.isEnabled) {
-        pen.setStyle(Qt::DashLine);
-        painter.setBrush(Qt::NoBrush);
-    } else {
-        QLinearGradient light(outline.topLeft(), outline.bottomLeft());
-        const bool raised = !look.isHeld && !look.isChecked;
-        light.setColorAt(0, raised ? between(style.fill, Qt::white, 0.10) : style.fill);
-        light.setColorAt(1, raised ? between(style.fill, Qt::black, 0.03) : style.fill);
-        painter.setBrush(light);
+        paintRing(painter, outline, QPen(style.edge, style.edgeWidth, Qt::DashLine));
+        return;
     }
-    painter.setPen(pen);
-    painter.drawRoundedRect(outline, radius, radius);
+    QLinearGradient light(outline.area.topLeft(), outline.area.bottomLeft());
+    const bool raised = !look.isHeld && !look.isChecked;
+    light.setColorAt(0, raised ? between(style.fill, Qt::white, 0.10) : style.fill);
+    light.setColorAt(1, raised ? between(style.fill, Qt::black, 0.03) : style.fill);
+    paintBody(painter, outline, QPen(style.edge, style.edgeWidth), light);
 }
 
 /// The ring around a knob, from its lower left over the top to its lower right, and the mark that
@@ -177,9 +171,8 @@ void drawFader(QPainter& painter, const FaceLook& look, const SurfaceColours& co
                const Style& style, const QRectF& body) {
     const qreal unit = look.unit;
     const QRectF well = body.adjusted(1.5, 1.5, -1.5, -faderLettersHeight * unit);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(between(style.fill, style.lettering, 0.07));
-    painter.drawRoundedRect(well, keyRadius * unit - 1, keyRadius * unit - 1);
+    paintBody(painter, {well, keyRadius * unit - 1}, Qt::NoPen,
+              between(style.fill, style.lettering, 0.07));
     const QRectF area = body.adjusted(0, 12 * unit, 0, -(faderLettersHeight + 10) * unit);
     const qreal middle = area.center().x();
     constexpr int marks = 11;
@@ -190,11 +183,10 @@ void drawFader(QPainter& painter, const FaceLook& look, const SurfaceColours& co
         painter.drawLine(QPointF(middle - 7 * unit - length, y), QPointF(middle - 7 * unit, y));
         painter.drawLine(QPointF(middle + 7 * unit, y), QPointF(middle + 7 * unit + length, y));
     }
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(look.isChecked ? between(style.fill, Qt::black, 0.45) : colours.groove);
-    painter.drawRoundedRect(
-        QRectF(middle - 2.5 * unit, area.top() - 4 * unit, 5 * unit, area.height() + 8 * unit),
-        2.5 * unit, 2.5 * unit);
+    const QRectF slot(middle - 2.5 * unit, area.top() - 4 * unit, 5 * unit,
+                      area.height() + 8 * unit);
+    paintBody(painter, {slot, 2.5 * unit}, Qt::NoPen,
+              look.isChecked ? between(style.fill, Qt::black, 0.45) : colours.groove);
 
     const QRectF cap(middle - 13 * unit, area.top() + area.height() * 0.58, 26 * unit, 36 * unit);
     QLinearGradient light(cap.topLeft(), cap.bottomLeft());
@@ -203,9 +195,8 @@ void drawFader(QPainter& painter, const FaceLook& look, const SurfaceColours& co
     light.setColorAt(0.48, between(colours.face, colours.lettering, 0.30));
     light.setColorAt(0.52, between(colours.face, colours.lettering, 0.04));
     light.setColorAt(1, top);
-    painter.setBrush(light);
-    painter.setPen(QPen(between(colours.face, colours.lettering, 0.6), 1));
-    painter.drawRoundedRect(cap, 3 * unit, 3 * unit);
+    paintBody(painter, {cap, 3 * unit}, QPen(between(colours.face, colours.lettering, 0.6), 1),
+              light);
     painter.setPen(QPen(colours.lettering, 1.5 * unit));
     painter.drawLine(QPointF(cap.left() + 3 * unit, cap.center().y()),
                      QPointF(cap.right() - 3 * unit, cap.center().y()));
@@ -245,9 +236,8 @@ void drawLamp(QPainter& painter, const FaceLook& look, const SurfaceColours& col
     const qreal unit = look.unit;
     const QRectF lamp(body.center().x() - 12 * unit, body.bottom() - 8 * unit, 24 * unit, 4 * unit);
     const QColor lit = look.isEnabled ? colours.accent : style.lettering;
-    painter.setPen(QPen(look.isChecked ? lit : style.edge, 1));
-    painter.setBrush(look.isChecked ? QBrush(lit) : QBrush(Qt::NoBrush));
-    painter.drawRoundedRect(lamp, 2 * unit, 2 * unit);
+    const QBrush fill = look.isChecked ? QBrush(lit) : QBrush(Qt::NoBrush);
+    paintBody(painter, {lamp, 2 * unit}, QPen(look.isChecked ? lit : style.edge, 1), fill);
 }
 
 void drawLayerNumber(QPainter& painter, const FaceLook& look, const Style& style) {
@@ -263,11 +253,8 @@ void drawFocus(QPainter& painter, const FaceLook& look, const SurfaceColours& co
                const QRectF& body) {
     const qreal width = std::max(1.5 * look.unit, 1.5);
     const qreal out = faceMargin * look.unit - width / 2;
-    const QRectF ring = body.adjusted(-out, -out, out, out);
-    const qreal radius = radiusOf(look, body) + out;
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(colours.focus, width));
-    painter.drawRoundedRect(ring, radius, radius);
+    paintRing(painter, Outline{body, radiusOf(look, body)}.inside(-out),
+              QPen(colours.focus, width));
 }
 
 }  // namespace

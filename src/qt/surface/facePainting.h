@@ -9,23 +9,19 @@
 
 #include "describe/assignment.h"
 #include "qt/surface/SurfaceColours.h"
+#include "qt/surface/buttonPainting.h"
 #include "qt/surface/casePlan.h"
 #include "qt/surface/fittedText.h"
 
 namespace qt::surface {
 
-struct FaceLook {
+struct FaceLook : ButtonState {  ///< checked: selected; of a layer button: lit
     FaceShape shape = FaceShape::Key;
     QRectF area;     ///< of the whole widget, in pixels
     qreal unit = 1;  ///< pixels a unit of the drawing
     QFont font;
     QString caption;  ///< printed on pads and layer buttons
     describe::Assignment assignment;
-    bool isChecked = false;  ///< selected; of a layer button: lit
-    bool isEnabled = true;
-    bool isHovered = false;
-    bool isHeld = false;
-    bool hasFocus = false;
 };
 
 /// The key, knob, fader or pad itself, from the painter's origin on. It depends on shape, size and
