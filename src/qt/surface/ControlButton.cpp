@@ -47,7 +47,7 @@ void ControlButton::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     const ButtonState state = stateOf(*this);
     const Style style = styleOf(state);
-    paintBody(painter, outline(), style.edge, style.fill);
+    paintRounded(painter, outline(), style.edge, style.fill);
     drawCaption(painter, style.lettering);
     if (state.hasFocus) {
         constexpr qreal inset = 3;

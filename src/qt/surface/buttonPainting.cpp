@@ -19,14 +19,14 @@ Outline Outline::inside(qreal by) const {
     return {area.adjusted(by, by, -by, -by), std::max(radius - by, 1.0)};
 }
 
-void paintBody(QPainter& painter, const Outline& outline, const QPen& edge, const QBrush& fill) {
+void paintRounded(QPainter& painter, const Outline& outline, const QPen& edge, const QBrush& fill) {
     painter.setPen(edge);
     painter.setBrush(fill);
     painter.drawRoundedRect(outline.area, outline.radius, outline.radius);
 }
 
 void paintRing(QPainter& painter, const Outline& outline, const QPen& pen) {
-    paintBody(painter, outline, pen, Qt::NoBrush);
+    paintRounded(painter, outline, pen, Qt::NoBrush);
 }
 
 }  // namespace qt::surface

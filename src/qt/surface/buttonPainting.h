@@ -31,7 +31,7 @@ struct Outline {
     [[nodiscard]] Outline inside(qreal by) const;
 };
 
-void paintBody(QPainter& painter, const Outline& outline, const QPen& edge, const QBrush& fill);
+void paintRounded(QPainter& painter, const Outline& outline, const QPen& edge, const QBrush& fill);
 void paintRing(QPainter& painter, const Outline& outline, const QPen& pen);
 
 }  // namespace qt::surface

@@ -146,7 +146,7 @@ void drawBody(QPainter& painter, const FaceLook& look, const Style& style, const
     const bool raised = !look.isHeld && !look.isChecked;
     light.setColorAt(0, raised ? between(style.fill, Qt::white, 0.10) : style.fill);
     light.setColorAt(1, raised ? between(style.fill, Qt::black, 0.03) : style.fill);
-    paintBody(painter, outline, QPen(style.edge, style.edgeWidth), light);
+    paintRounded(painter, outline, QPen(style.edge, style.edgeWidth), light);
 }
 
 /// The ring around a knob, from its lower left over the top to its lower right, and the mark that
@@ -171,8 +171,8 @@ void drawFader(QPainter& painter, const FaceLook& look, const SurfaceColours& co
                const Style& style, const QRectF& body) {
     const qreal unit = look.unit;
     const QRectF well = body.adjusted(1.5, 1.5, -1.5, -faderLettersHeight * unit);
-    paintBody(painter, {well, keyRadius * unit - 1}, Qt::NoPen,
-              between(style.fill, style.lettering, 0.07));
+    paintRounded(painter, {well, keyRadius * unit - 1}, Qt::NoPen,
+                 between(style.fill, style.lettering, 0.07));
     const QRectF area = body.adjusted(0, 12 * unit, 0, -(faderLettersHeight + 10) * unit);
     const qreal middle = area.center().x();
     constexpr int marks = 11;
@@ -185,8 +185,8 @@ void drawFader(QPainter& painter, const FaceLook& look, const SurfaceColours& co
     }
     const QRectF slot(middle - 2.5 * unit, area.top() - 4 * unit, 5 * unit,
                       area.height() + 8 * unit);
-    paintBody(painter, {slot, 2.5 * unit}, Qt::NoPen,
-              look.isChecked ? between(style.fill, Qt::black, 0.45) : colours.groove);
+    paintRounded(painter, {slot, 2.5 * unit}, Qt::NoPen,
+                 look.isChecked ? between(style.fill, Qt::black, 0.45) : colours.groove);
 
     const QRectF cap(middle - 13 * unit, area.top() + area.height() * 0.58, 26 * unit, 36 * unit);
     QLinearGradient light(cap.topLeft(), cap.bottomLeft());
@@ -195,8 +195,8 @@ void drawFader(QPainter& painter, const FaceLook& look, const SurfaceColours& co
     light.setColorAt(0.48, between(colours.face, colours.lettering, 0.30));
     light.setColorAt(0.52, between(colours.face, colours.lettering, 0.04));
     light.setColorAt(1, top);
-    paintBody(painter, {cap, 3 * unit}, QPen(between(colours.face, colours.lettering, 0.6), 1),
-              light);
+    paintRounded(painter, {cap, 3 * unit}, QPen(between(colours.face, colours.lettering, 0.6), 1),
+                 light);
     painter.setPen(QPen(colours.lettering, 1.5 * unit));
     painter.drawLine(QPointF(cap.left() + 3 * unit, cap.center().y()),
                      QPointF(cap.right() - 3 * unit, cap.center().y()));
@@ -237,7 +237,7 @@ void drawLamp(QPainter& painter, const FaceLook& look, const SurfaceColours& col
     const QRectF lamp(body.center().x() - 12 * unit, body.bottom() - 8 * unit, 24 * unit, 4 * unit);
     const QColor lit = look.isEnabled ? colours.accent : style.lettering;
     const QBrush fill = look.isChecked ? QBrush(lit) : QBrush(Qt::NoBrush);
-    paintBody(painter, {lamp, 2 * unit}, QPen(look.isChecked ? lit : style.edge, 1), fill);
+    paintRounded(painter, {lamp, 2 * unit}, QPen(look.isChecked ? lit : style.edge, 1), fill);
 }
 
 void drawLayerNumber(QPainter& painter, const FaceLook& look, const Style& style) {

@@ -11,6 +11,7 @@
 #include "qt/widgets/TextFieldView.h"
 #include "qt/widgets/asText.h"
 #include "qt/widgets/naming.h"
+#include "qt/windows/headingFont.h"
 
 namespace qt::windows {
 
@@ -18,7 +19,6 @@ namespace {
 
 constexpr int spaceInARow = 4;
 constexpr int spaceBetweenRows = 12;
-constexpr qreal headingSize = 1.35;  // of the text's
 
 QLabel* addLine(QVBoxLayout& layout, const QString& outlet) {
     auto* label = new QLabel;
@@ -77,10 +77,7 @@ AssignmentPanel::AssignmentPanel(editor::MainWindow& window, const editor::Edito
 void AssignmentPanel::addHeading() {
     auto& lines = dynamic_cast<QVBoxLayout&>(*layout());
     control_ = addLine(lines, QStringLiteral("selectedControl"));
-    QFont heading = control_->font();
-    heading.setPointSizeF(heading.pointSizeF() * headingSize);
-    heading.setBold(true);
-    control_->setFont(heading);
+    control_->setFont(headingFont(control_->font()));
     layer_ = addLine(lines, QStringLiteral("selectedLayer"));
     lines.addSpacing(spaceBetweenRows);
     sends_ = addLine(lines, QStringLiteral("selectedSends"));

@@ -13,6 +13,7 @@
 #include "qt/widgets/asText.h"
 #include "qt/widgets/naming.h"
 #include "qt/windows/VelocityPicture.h"
+#include "qt/windows/headingFont.h"
 
 namespace qt::windows {
 
@@ -20,7 +21,6 @@ namespace {
 
 constexpr int constantVelocityEntry = 5;  // behind the five curves of `combo_curv`
 constexpr int lettersInABox = 12;
-constexpr qreal headingSize = 1.35;  // of the text's
 
 QLabel* makeLine(const QString& outlet) {
     auto* label = new QLabel;
@@ -31,10 +31,7 @@ QLabel* makeLine(const QString& outlet) {
 
 QLabel* makeHeading(const QString& outlet) {
     QLabel* label = makeLine(outlet);
-    QFont font = label->font();
-    font.setPointSizeF(font.pointSizeF() * headingSize);
-    font.setBold(true);
-    label->setFont(font);
+    label->setFont(headingFont(label->font()));
     return label;
 }
 
