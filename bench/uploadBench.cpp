@@ -13,11 +13,11 @@
 #include <random>
 
 #include "app/Editor.h"
-#include "app/Robot.h"
 #include "app/identity.h"
 #include "platform/software/SoftwareMidiService.h"
 #include "sending/pace.h"
 #include "simulator/SimulatedController.h"
+#include "support/windows/hands.h"
 
 namespace {
 
@@ -66,18 +66,18 @@ Cost upload(app::Editor& editor) {
     Clock::time_point start;
     double processorBefore = 0;
     Cost cost;
-    app::robot::whenDialogOpens(QStringLiteral("Firmware Upgrade"), [&](QDialog& window) {
-        app::robot::whenDialogOpens(QStringLiteral("Firmware Update"), [&](QDialog& question) {
-            app::robot::whenDialogOpens(QStringLiteral("Upload"), [&](QDialog& alert) {
+    support::hands::whenDialogOpens(QStringLiteral("Firmware Upgrade"), [&](QDialog& window) {
+        support::hands::whenDialogOpens(QStringLiteral("Firmware Update"), [&](QDialog& question) {
+            support::hands::whenDialogOpens(QStringLiteral("Upload"), [&](QDialog& alert) {
                 cost = {Seconds(Clock::now() - start).count(), processorTime() - processorBefore};
-                app::robot::press(alert, Qt::Key_Enter);
+                support::hands::press(alert, Qt::Key_Enter);
             });
             start = Clock::now();
             processorBefore = processorTime();
-            app::robot::click(app::robot::find(question, "ok"));
+            support::hands::click(support::hands::find(question, "ok"));
         });
-        app::robot::click(app::robot::find(window, "upload"));
-        app::robot::press(window, Qt::Key_Escape);
+        support::hands::click(support::hands::find(window, "upload"));
+        support::hands::press(window, Qt::Key_Escape);
     });
     editor.view.findChild<QAction*>(QStringLiteral("actionFirmwareUpdate"))->trigger();
     return cost;

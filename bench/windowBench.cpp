@@ -17,11 +17,11 @@
 
 #include "Stopwatch.h"
 #include "app/Editor.h"
-#include "app/Robot.h"
 #include "app/identity.h"
 #include "config/control.h"
 #include "config/presetText.h"
 #include "platform/software/SoftwareMidiService.h"
+#include "support/windows/hands.h"
 
 namespace {
 
@@ -55,11 +55,11 @@ std::string somePreset(const config::Image& like, unsigned seed) {
 double loadOnce(app::Editor& editor, const QString& path) {
     QTest::qWait(150);  // as a person would: the panel before has gone for good
     Clock::time_point start;
-    app::robot::whenDialogOpens(QStringLiteral("Open"), [&](QDialog& panel) {
-        auto& name = app::robot::find<QLineEdit>(panel, "fileNameEdit");
+    support::hands::whenDialogOpens(QStringLiteral("Open"), [&](QDialog& panel) {
+        auto& name = support::hands::find<QLineEdit>(panel, "fileNameEdit");
         name.setText(path);
         start = Clock::now();
-        app::robot::press(name, Qt::Key_Enter);
+        support::hands::press(name, Qt::Key_Enter);
     });
     editor.controller.loadFile();
     paintAll();
@@ -96,15 +96,15 @@ void benchClicks(app::Editor& editor, const std::string& what,
     std::vector<QWidget*> widgets;
     widgets.reserve(targets.size());
     for (const QString& target : targets) {
-        widgets.push_back(&app::robot::find(editor.view, target.toLatin1().constData()));
-        app::robot::click(*widgets.back());
+        widgets.push_back(&support::hands::find(editor.view, target.toLatin1().constData()));
+        support::hands::click(*widgets.back());
         paintAll();
     }
     std::vector<double> times;
     times.reserve(runs);
     for (std::size_t run = 0; run < runs; ++run) {
         const auto start = Clock::now();
-        app::robot::click(*widgets[run % widgets.size()]);
+        support::hands::click(*widgets[run % widgets.size()]);
         paintAll();
         times.push_back(microsecondsSince(start));
     }

@@ -16,21 +16,21 @@
 #include <memory>
 #include <vector>
 
-#include "app/Robot.h"
 #include "config/sysex.h"
 #include "platform/alsa/AlsaMidiService.h"
 #include "platform/software/SoftwareMidiService.h"
+#include "support/windows/hands.h"
 
 namespace app {
 namespace {
 
-using app::robot::choose;
-using app::robot::click;
-using app::robot::find;
-using app::robot::press;
-using app::robot::whenDialogOpens;
 using platform::software::Destination;
 using platform::software::Device;
+using support::hands::choose;
+using support::hands::click;
+using support::hands::find;
+using support::hands::press;
+using support::hands::whenDialogOpens;
 
 const QString alertTitle = QStringLiteral("Tormelk Wyro");
 const QString devicesTitle = QStringLiteral("MIDI Devices");

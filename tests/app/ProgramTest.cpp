@@ -117,8 +117,8 @@ TEST(EveryWindowAndPanel, LeavesNothingBehind) {
 TEST(Demo, ChecksItselfAndTellsWhatArrived) {
     const Home home;
     const QString picture = home.file("picture.png");
-    const Result result = run(TORMELK_DEMO, home, {},
-                              {QStringLiteral("--check"), QStringLiteral("--screenshot"), picture});
+    const Result result =
+        run(TORMELK_DEMO_CHECK, home, {}, {QStringLiteral("--screenshot"), picture});
     EXPECT_TRUE(result.ended);
     EXPECT_EQ(result.status, 0) << result.output << result.errors;
     for (int message = 1; message <= 4; ++message) {
@@ -136,9 +136,9 @@ TEST(Demo, ChecksItselfAndTellsWhatArrived) {
 
 TEST(Demo, FailsWhenThePictureCannotBeWritten) {
     const Home home;
-    const Result result = run(TORMELK_DEMO, home, {},
-                              {QStringLiteral("--check"), QStringLiteral("--screenshot"),
-                               home.file("no/such/folder/picture.png")});
+    const Result result =
+        run(TORMELK_DEMO_CHECK, home, {},
+            {QStringLiteral("--screenshot"), home.file("no/such/folder/picture.png")});
     EXPECT_TRUE(result.ended);
     EXPECT_EQ(result.status, 1);
     EXPECT_NE(result.output.find("WRONG"), std::string::npos);
@@ -152,15 +152,24 @@ TEST(Demo, EndsWithStatusZeroWhenTheEditorIsClosed) {
     EXPECT_EQ(home.content(), emptyHome);
 }
 
-TEST(Demo, RefusesOptionsItDoesNotKnow) {
+TEST(Demo, RefusesEveryOption) {
+    const Home home;
+    const Result result = run(TORMELK_DEMO, home, {}, {QStringLiteral("--nonsense")});
+    EXPECT_TRUE(result.ended);
+    EXPECT_EQ(result.status, 2);
+    EXPECT_NE(result.errors.find("Usage: tormelk-demo\n"), std::string::npos);
+}
+
+TEST(DemoCheck, RefusesOptionsItDoesNotKnow) {
     const Home home;
     for (const QStringList& arguments :
          {QStringList{QStringLiteral("--nonsense")}, QStringList{QStringLiteral("--screenshot")},
-          QStringList{QStringLiteral("--screenshot"), QStringLiteral("x.png")}}) {
-        const Result result = run(TORMELK_DEMO, home, {}, arguments);
+          QStringList{QStringLiteral("--screenshot"), QStringLiteral("x.png"),
+                      QStringLiteral("y.png")}}) {
+        const Result result = run(TORMELK_DEMO_CHECK, home, {}, arguments);
         EXPECT_TRUE(result.ended);
         EXPECT_EQ(result.status, 2);
-        EXPECT_NE(result.errors.find("Usage: tormelk-demo"), std::string::npos);
+        EXPECT_NE(result.errors.find("Usage: tormelk-demo-check"), std::string::npos);
     }
 }
 

@@ -9,18 +9,18 @@
 #include <cstdio>
 
 #include "app/Demo.h"
-#include "app/Robot.h"
 #include "qt/EveryWindow.h"
 #include "qt/desktop/QtDesktop.h"
+#include "support/windows/hands.h"
 
 namespace {
 
 /// Types a path into a file panel and accepts it.
 auto enter(const QString& path) {
     return [path](QDialog& panel) {
-        auto& name = app::robot::find<QLineEdit>(panel, "fileNameEdit");
+        auto& name = support::hands::find<QLineEdit>(panel, "fileNameEdit");
         name.setText(path);
-        app::robot::press(name, Qt::Key_Enter);
+        support::hands::press(name, Qt::Key_Enter);
     };
 }
 
@@ -31,12 +31,12 @@ bool saveAndLoad() {
     demo.show();
     config::Image& image = demo.editor.state.sysData;
     const std::uint8_t saved = image[config::channelOffset];
-    app::robot::whenDialogOpens(QStringLiteral("Specify the Tormelk file name"),
-                                enter(folder.filePath(QStringLiteral("Stage"))));
+    support::hands::whenDialogOpens(QStringLiteral("Specify the Tormelk file name"),
+                                    enter(folder.filePath(QStringLiteral("Stage"))));
     demo.editor.view.findChild<QAction*>(QStringLiteral("actionSavePreset"))->trigger();
     image[config::channelOffset] = saved + 1;
-    app::robot::whenDialogOpens(QStringLiteral("Open"),
-                                enter(folder.filePath(QStringLiteral("Stage.Tormelk"))));
+    support::hands::whenDialogOpens(QStringLiteral("Open"),
+                                    enter(folder.filePath(QStringLiteral("Stage.Tormelk"))));
     demo.editor.view.findChild<QAction*>(QStringLiteral("actionLoadPreset"))->trigger();
     return image[config::channelOffset] == saved;
 }
@@ -50,11 +50,11 @@ int main(int count, char** arguments) {
     int panels = 0;
     const auto cancel = [&panels](QDialog& dialog) {
         ++panels;
-        app::robot::press(dialog, Qt::Key_Escape);
+        support::hands::press(dialog, Qt::Key_Escape);
     };
-    app::robot::whenDialogOpens(QStringLiteral("Save it"), cancel);
+    support::hands::whenDialogOpens(QStringLiteral("Save it"), cancel);
     (void)desktop.runSavePanel({"Save it", "Tormelk", "Tormelk"});
-    app::robot::whenDialogOpens(QStringLiteral("Open"), cancel);
+    support::hands::whenDialogOpens(QStringLiteral("Open"), cancel);
     (void)desktop.runOpenPanel({"Tormelk", {"Tormelk"}});
     if (panels == 2) {
         std::printf("every window and both file panels were shown\n");

@@ -9,22 +9,22 @@
 #include <QTest>
 
 #include "app/Demo.h"
-#include "app/Robot.h"
 #include "devices/missingMidi.h"
 #include "firmware/firm.h"
 #include "firmware/readImage.h"
 #include "qt/mouse.h"
 #include "sending/Uploader.h"
+#include "support/windows/hands.h"
 
 namespace tests {
 
 namespace {
 
-using app::robot::choose;
-using app::robot::click;
-using app::robot::find;
-using app::robot::press;
-using app::robot::whenDialogOpens;
+using support::hands::choose;
+using support::hands::click;
+using support::hands::find;
+using support::hands::press;
+using support::hands::whenDialogOpens;
 using Visit = std::function<void(QWidget& window, const QString& name)>;
 
 /// Lays the window out and shows it.

@@ -11,20 +11,20 @@
 #include <QToolTip>
 
 #include "app/Editor.h"
-#include "app/Robot.h"
 #include "firmware/firm.h"
 #include "platform/software/SoftwareMidiService.h"
 #include "qt/desktop/QtDesktop.h"
 #include "qt/widgets/TextFieldView.h"
+#include "support/windows/hands.h"
 
 namespace qt {
 namespace {
 
-using app::robot::choose;
-using app::robot::click;
-using app::robot::find;
-using app::robot::press;
-using app::robot::whenDialogOpens;
+using support::hands::choose;
+using support::hands::click;
+using support::hands::find;
+using support::hands::press;
+using support::hands::whenDialogOpens;
 
 /// As many as the sequencer takes, of the widest letters.
 const QString longName(127, QLatin1Char('W'));

@@ -20,21 +20,21 @@
 #include <thread>
 
 #include "app/Editor.h"
-#include "app/Robot.h"
 #include "app/live/Person.h"
 #include "app/live/Pings.h"
 #include "platform/software/SoftwareMidiService.h"
 #include "sending/pace.h"
 #include "simulator/SimulatedController.h"
+#include "support/windows/hands.h"
 
 namespace live {
 namespace {
 
 using namespace std::chrono_literals;
-using app::robot::click;
-using app::robot::find;
-using app::robot::press;
-using app::robot::whenDialogOpens;
+using support::hands::click;
+using support::hands::find;
+using support::hands::press;
+using support::hands::whenDialogOpens;
 using Clock = std::chrono::steady_clock;
 
 /// Longer, and a person wonders; window managers wait for seconds.

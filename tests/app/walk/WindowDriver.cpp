@@ -11,20 +11,20 @@
 #include <sstream>
 #include <utility>
 
-#include "app/Robot.h"
 #include "editor/walk/widgets.h"
 #include "qt/windows/PadView.h"
+#include "support/windows/hands.h"
 
 namespace walk {
 
 namespace {
 
-using app::robot::click;
-using app::robot::press;
+using support::hands::click;
+using support::hands::press;
 
 template <typename Widget>
 Widget& find(const QWidget& window, const QString& outlet) {
-    return app::robot::find<Widget>(window, outlet.toLatin1().constData());
+    return support::hands::find<Widget>(window, outlet.toLatin1().constData());
 }
 
 QString nameOf(MainBox box) {
@@ -170,14 +170,14 @@ void WindowDriver::clickFirstPadLayer() {
 
 void WindowDriver::clickPadLayer(int index, const std::function<void()>& inside) {
     bool ran = false;
-    app::robot::whenDialogOpens(QStringLiteral("Pad Editor"),
-                                [this, &inside, &ran](QDialog& dialog) {
-                                    padWindow_ = &dialog;
-                                    inside();
-                                    ran = true;
-                                    padWindow_ = nullptr;
-                                    pad_ = nullptr;
-                                });
+    support::hands::whenDialogOpens(QStringLiteral("Pad Editor"),
+                                    [this, &inside, &ran](QDialog& dialog) {
+                                        padWindow_ = &dialog;
+                                        inside();
+                                        ran = true;
+                                        padWindow_ = nullptr;
+                                        pad_ = nullptr;
+                                    });
     operate(editor_.view, QStringLiteral("paLa%1").arg(index + 1));
     EXPECT_TRUE(ran);
 }

@@ -12,14 +12,14 @@
 #include <QTest>
 #include <QTimer>
 
-#include "app/Robot.h"
 #include "qt/desktop/QtDesktop.h"
+#include "support/windows/hands.h"
 
 namespace qt::desktop {
 namespace {
 
-using app::robot::press;
-using app::robot::whenDialogOpens;
+using support::hands::press;
+using support::hands::whenDialogOpens;
 
 class FilePanels : public testing::Test {
 protected:
@@ -31,7 +31,7 @@ protected:
     void enter(QDialog& dialog, const QString& name) const {
         auto& panel = dynamic_cast<QFileDialog&>(dialog);
         panel.setDirectory(folder.path());
-        auto& field = app::robot::find<QLineEdit>(panel, "fileNameEdit");
+        auto& field = support::hands::find<QLineEdit>(panel, "fileNameEdit");
         field.setText(name);
         press(field, Qt::Key_Enter);
     }
@@ -50,7 +50,7 @@ protected:
 TEST_F(FilePanels, ProposeNameAndTypeForAFileToSave) {
     whenDialogOpens(saveTitle, [](QDialog& dialog) {
         const auto& panel = dynamic_cast<QFileDialog&>(dialog);
-        EXPECT_EQ(app::robot::find<QLineEdit>(panel, "fileNameEdit").text(),
+        EXPECT_EQ(support::hands::find<QLineEdit>(panel, "fileNameEdit").text(),
                   QStringLiteral("Tormelk"));
         EXPECT_EQ(panel.nameFilters(), QStringList{QStringLiteral("Tormelk files (*.Tormelk)")});
         EXPECT_EQ(panel.acceptMode(), QFileDialog::AcceptSave);
@@ -165,7 +165,7 @@ TEST_F(FilePanels, CloseTheListOfNamesBeforeTheyGo) {
     whenDialogOpens(openTitle, [&](QDialog& dialog) {
         dialog.installEventFilter(&lists);
         dynamic_cast<QFileDialog&>(dialog).setDirectory(folder.path());
-        auto& field = app::robot::find<QLineEdit>(dialog, "fileNameEdit");
+        auto& field = support::hands::find<QLineEdit>(dialog, "fileNameEdit");
         EXPECT_TRUE(QTest::qWaitFor(
             [&field] {
                 field.clear();

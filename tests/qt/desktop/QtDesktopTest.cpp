@@ -11,13 +11,13 @@
 #include <optional>
 #include <vector>
 
-#include "app/Robot.h"
+#include "support/windows/hands.h"
 
 namespace qt::desktop {
 namespace {
 
-using app::robot::press;
-using app::robot::whenDialogOpens;
+using support::hands::press;
+using support::hands::whenDialogOpens;
 using toolkit::AlertAnswer;
 
 /// A window that ends its modal run when it closes, as all of them do.

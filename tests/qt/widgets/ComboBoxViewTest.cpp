@@ -11,8 +11,8 @@
 #include <array>
 #include <memory>
 
-#include "app/Robot.h"
 #include "support/countedMemory.h"
+#include "support/windows/hands.h"
 #include "tables/data.h"
 #include "texts/List.h"
 
@@ -109,7 +109,7 @@ TEST(ComboBoxView, RunsNoHandlerWhenTheProgramSelects) {
 
 TEST(ComboBoxView, PassesAPickFromThePopUpToTheModel) {
     Fixture box;
-    app::robot::choose(*box.view, 2);
+    support::hands::choose(*box.view, 2);
     EXPECT_EQ(box.choices, std::vector<int>{2});
     EXPECT_EQ(box.view->currentText(), QStringLiteral("Quince"));
 }
@@ -183,7 +183,7 @@ TEST(ComboBoxView, OpensALongListAtTheCurrentEntry) {
 TEST(ComboBoxView, RunsNoHandlerWhenTheSelectedItemIsPickedAgain) {
     Fixture box;
     box.model.selectItemAtIndex(2);
-    app::robot::choose(*box.view, 2);
+    support::hands::choose(*box.view, 2);
     EXPECT_TRUE(box.choices.empty());
 }
 
@@ -191,7 +191,7 @@ TEST(ComboBoxView, ShowsWhatTheHandlerMadeOfTheChoice) {
     Fixture box;
     box.model.selectItemAtIndex(0);
     box.model.onChoice = [&box] { box.model.selectItemAtIndex(0); };
-    app::robot::choose(*box.view, 3);
+    support::hands::choose(*box.view, 3);
     EXPECT_EQ(box.view->currentText(), QStringLiteral("Apple"));
 }
 
@@ -202,7 +202,7 @@ TEST(ComboBoxView, ShowsTheNewListWhenTheHandlerRefillsIt) {
         box.model.addItemsWithObjectValues(trees);
         box.model.selectItemAtIndex(0);
     };
-    app::robot::choose(*box.view, 3);
+    support::hands::choose(*box.view, 3);
     EXPECT_EQ(box.view->count(), 2);
     EXPECT_EQ(box.view->currentText(), QStringLiteral("Oak"));
 }

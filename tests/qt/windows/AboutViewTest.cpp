@@ -6,9 +6,9 @@
 #include <QTest>
 #include <algorithm>
 
-#include "app/Robot.h"
 #include "qt/desktop/QtDesktop.h"
 #include "qt/windows/views.h"
+#include "support/windows/hands.h"
 
 namespace qt::windows {
 namespace {
@@ -59,8 +59,8 @@ TEST_F(AboutViewTest, IsHiddenByItsButtonByEscapeAndByItsCloseBoxAndComesBack) {
     QWidget* window = shown();
     ASSERT_NE(window, nullptr);
     const std::vector<std::function<void()>> waysOut = {
-        [window] { app::robot::click(app::robot::find(*window, "close")); },
-        [window] { app::robot::press(*window, Qt::Key_Escape); },
+        [window] { support::hands::click(support::hands::find(*window, "close")); },
+        [window] { support::hands::press(*window, Qt::Key_Escape); },
         [window] { window->close(); },
     };
     for (const auto& leave : waysOut) {

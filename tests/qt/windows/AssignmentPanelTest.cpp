@@ -7,12 +7,12 @@
 namespace qt::windows {
 namespace {
 
-using app::robot::choose;
-using app::robot::click;
+using support::hands::choose;
+using support::hands::click;
 
 class AssignmentPanelTest : public MainWindowFixture {
 protected:
-    QString text(const char* outlet) { return app::robot::find<QLabel>(view, outlet).text(); }
+    QString text(const char* outlet) { return support::hands::find<QLabel>(view, outlet).text(); }
 };
 
 TEST_F(AssignmentPanelTest, NamesTheSelectedControlItsLayerAndWhatItSends) {

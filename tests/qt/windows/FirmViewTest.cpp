@@ -12,7 +12,6 @@
 #include <QTest>
 #include <random>
 
-#include "app/Robot.h"
 #include "files/TemporaryFolder.h"
 #include "midi/ZQMIDIProcess.h"
 #include "platform/NotificationCentre.h"
@@ -23,14 +22,15 @@
 #include "qt/windows/views.h"
 #include "sending/frames.h"
 #include "simulator/SimulatedController.h"
+#include "support/windows/hands.h"
 
 namespace qt::windows {
 namespace {
 
-using app::robot::click;
-using app::robot::find;
-using app::robot::press;
-using app::robot::whenDialogOpens;
+using support::hands::click;
+using support::hands::find;
+using support::hands::press;
+using support::hands::whenDialogOpens;
 using testing::ElementsAre;
 
 /// The desktop for real, but that no sleep takes time.

@@ -9,9 +9,9 @@
 #include <QComboBox>
 #include <QTest>
 
-#include "app/Robot.h"
 #include "qt/windows/MainWindowView.h"
 #include "support/ScriptedEditor.h"
+#include "support/windows/hands.h"
 
 namespace qt::windows {
 
@@ -25,16 +25,16 @@ protected:
     }
 
     QAbstractButton& button(const QString& outlet) {
-        return app::robot::find<QAbstractButton>(view, outlet.toLatin1().constData());
+        return support::hands::find<QAbstractButton>(view, outlet.toLatin1().constData());
     }
-    QComboBox& box(const char* outlet) { return app::robot::find<QComboBox>(view, outlet); }
+    QComboBox& box(const char* outlet) { return support::hands::find<QComboBox>(view, outlet); }
     QAction& action(const char* outlet) {
         auto* found = view.findChild<QAction*>(QString::fromLatin1(outlet));
         EXPECT_NE(found, nullptr) << outlet;
         return *found;
     }
     void enterUserDefinedMode() {
-        app::robot::choose(box("combo_mode"), editor::userDefinedMode);
+        support::hands::choose(box("combo_mode"), editor::userDefinedMode);
         ASSERT_EQ(state.modes.machn_mod, editor::userDefinedMode);
     }
 

@@ -12,7 +12,6 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "app/Robot.h"
 #include "config/control.h"
 #include "config/layout.h"
 #include "editor/pad.h"
@@ -20,13 +19,14 @@
 #include "platform/NotificationCentre.h"
 #include "qt/surface/ControlButton.h"
 #include "support/ScriptedDesktop.h"
+#include "support/windows/hands.h"
 
 namespace qt::windows {
 namespace {
 
-using app::robot::click;
-using app::robot::find;
-using app::robot::press;
+using support::hands::click;
+using support::hands::find;
+using support::hands::press;
 using testing::ElementsAre;
 
 using MainWindowViewTest = MainWindowFixture;
@@ -170,10 +170,10 @@ TEST_F(MainWindowViewTest, ShowsTheTriggerIndicatorWhichTakesNoClick) {
 TEST_F(MainWindowViewTest, EditsTheSelectedControlByItsBoxes) {
     enterUserDefinedMode();
     click(button(QStringLiteral("encoder10")));
-    app::robot::choose(box("combo_chan"), 4);
-    app::robot::choose(box("combo_type"), editor::kindControlChange);
-    app::robot::choose(box("combo_cc"), 100);
-    app::robot::choose(box("combo_trig"), 1);
+    support::hands::choose(box("combo_chan"), 4);
+    support::hands::choose(box("combo_type"), editor::kindControlChange);
+    support::hands::choose(box("combo_cc"), 100);
+    support::hands::choose(box("combo_trig"), 1);
     EXPECT_EQ(config::channel(state.sysData, 0, 10), 4);
     EXPECT_EQ(config::number(state.sysData, 0, 10), 100);
     EXPECT_EQ(config::mode(state.sysData, 0, 10), 0x4B);
@@ -228,7 +228,7 @@ TEST_F(MainWindowViewTest, MarksInItsTitleThatTheImageDiffersFromWhatWasSavedOrL
     EXPECT_FALSE(view.isWindowModified());
     click(button(QStringLiteral("encoder9")));
     EXPECT_FALSE(view.isWindowModified()) << "looking changes nothing";
-    app::robot::choose(box("combo_trig"), 1);
+    support::hands::choose(box("combo_trig"), 1);
     EXPECT_TRUE(view.isWindowModified()) << "a trigger counts as well as a channel or a number";
     desktop.answerOpenPanel(preset);
     controller.loadFile();
@@ -253,7 +253,7 @@ TEST_F(MainWindowViewTest, ShowsWhatTheLastActionDidAndWhetherTheOutputIsOnline)
     enterUserDefinedMode();
     EXPECT_EQ(text("status"), QStringLiteral("DAW mode: User Defined"));
     click(button(QStringLiteral("encoder9")));
-    app::robot::choose(box("combo_chan"), 3);
+    support::hands::choose(box("combo_chan"), 3);
     EXPECT_EQ(text("status"), QStringLiteral("Strip 3, Solo: channel 4"));
 }
 

@@ -8,16 +8,16 @@
 #include <QPushButton>
 #include <QTest>
 
-#include "app/Robot.h"
 #include "qt/desktop/QtDesktop.h"
 #include "qt/windows/views.h"
+#include "support/windows/hands.h"
 
 namespace qt::windows {
 namespace {
 
-using app::robot::click;
-using app::robot::find;
-using app::robot::press;
+using support::hands::click;
+using support::hands::find;
+using support::hands::press;
 
 /// What stands in the answer before it is given.
 constexpr std::uint8_t unanswered = 99;
@@ -27,7 +27,7 @@ std::uint8_t answerOf(std::function<void(QDialog&)> person) {
     addEditorViews(desktop);
     std::uint8_t answer = unanswered;
     firmware::message controller(desktop, answer);
-    app::robot::whenDialogOpens(QStringLiteral("Firmware Update"), std::move(person));
+    support::hands::whenDialogOpens(QStringLiteral("Firmware Update"), std::move(person));
     EXPECT_NE(desktop.runModalForWindow(controller), 0);
     EXPECT_FALSE(controller.window().isVisible());
     return answer;
@@ -71,7 +71,7 @@ void look(const firmware::Confirmation& content, const std::function<void(QDialo
     addEditorViews(desktop);
     std::uint8_t answer = unanswered;
     firmware::message controller(desktop, answer, content);
-    app::robot::whenDialogOpens(QStringLiteral("Firmware Update"), [&person](QDialog& dialog) {
+    support::hands::whenDialogOpens(QStringLiteral("Firmware Update"), [&person](QDialog& dialog) {
         person(dialog);
         press(dialog, Qt::Key_Return);
     });

@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QTest>
 
-#include "app/Robot.h"
 #include "config/control.h"
 #include "config/layout.h"
 #include "editor/mainController.h"
@@ -19,14 +18,15 @@
 #include "qt/windows/MainWindowView.h"
 #include "qt/windows/views.h"
 #include "support/ScriptedEditor.h"
+#include "support/windows/hands.h"
 
 namespace qt::windows {
 namespace {
 
-using app::robot::choose;
-using app::robot::click;
-using app::robot::find;
-using app::robot::press;
+using support::hands::choose;
+using support::hands::click;
+using support::hands::find;
+using support::hands::press;
 
 /// The editor with its real windows, and the pad editor opened by the main window's button.
 class PadViewTest : public testing::Test, protected support::EditorParts {
@@ -39,7 +39,7 @@ protected:
 
     /// Opens the pad editor for pad layer `layer` (2 to 4); `person` must close it.
     void open(int layer, std::function<void(QDialog&)> person) {
-        app::robot::whenDialogOpens(QStringLiteral("Pad Editor"), std::move(person));
+        support::hands::whenDialogOpens(QStringLiteral("Pad Editor"), std::move(person));
         click(find(main, QStringLiteral("paLa%1").arg(layer).toLatin1().constData()));
     }
 

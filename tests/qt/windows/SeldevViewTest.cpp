@@ -8,7 +8,6 @@
 #include <QTest>
 #include <memory>
 
-#include "app/Robot.h"
 #include "devices/seldev.h"
 #include "devices/seldev2.h"
 #include "midi/ZQMIDIProcess.h"
@@ -17,15 +16,16 @@
 #include "qt/desktop/MidiDispatcher.h"
 #include "qt/desktop/QtDesktop.h"
 #include "qt/windows/views.h"
+#include "support/windows/hands.h"
 
 namespace qt::windows {
 namespace {
 
-using app::robot::choose;
-using app::robot::click;
-using app::robot::find;
-using app::robot::press;
-using app::robot::whenDialogOpens;
+using support::hands::choose;
+using support::hands::click;
+using support::hands::find;
+using support::hands::press;
+using support::hands::whenDialogOpens;
 
 /// The device dialogs in their windows, over a MIDI service in software.
 class SeldevViewTest : public testing::Test {

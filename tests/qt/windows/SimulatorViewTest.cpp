@@ -7,17 +7,17 @@
 #include <QTest>
 #include <vector>
 
-#include "app/Robot.h"
 #include "config/buildImageAndStores.h"
 #include "config/stores.h"
 #include "config/sysex.h"
 #include "simulator/firmwareFrames.h"
+#include "support/windows/hands.h"
 
 namespace qt::windows {
 namespace {
 
-using app::robot::find;
 using simulator::asMessages;
+using support::hands::find;
 using simulator::operator+;  // NOLINT(misc-unused-using-decls): used; 14 overlooks operators
 
 class SimulatorViewTest : public testing::Test {
@@ -120,12 +120,12 @@ TEST_F(SimulatorViewTest, SavesTheFirmwareItReceived) {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("image.BIN"));
     const auto save = [this](const QString& name) {
-        app::robot::whenDialogOpens(QStringLiteral("Save the firmware it holds"),
-                                    [name](QDialog& panel) {
-                                        find<QLineEdit>(panel, "fileNameEdit").setText(name);
-                                        app::robot::press(panel, Qt::Key_Enter);
-                                    });
-        app::robot::click(find(view, "saveFirmware"));
+        support::hands::whenDialogOpens(QStringLiteral("Save the firmware it holds"),
+                                        [name](QDialog& panel) {
+                                            find<QLineEdit>(panel, "fileNameEdit").setText(name);
+                                            support::hands::press(panel, Qt::Key_Enter);
+                                        });
+        support::hands::click(find(view, "saveFirmware"));
     };
     save(path);
     QFile file(path);

@@ -1,8 +1,6 @@
-#include "app/DemoCheck.h"
+#include "app/demo/DemoCheck.h"
 
 #include <gtest/gtest.h>
-
-#include "app/Watchdog.h"
 
 namespace app {
 namespace {
@@ -67,24 +65,6 @@ TEST(DemoCheck, MissesAMessageThatDidNotArrive) {
     EXPECT_FALSE(verdict.right);
     EXPECT_NE(verdict.said.find("WRONG: message 2 did not arrive"), std::string::npos)
         << verdict.said;
-}
-
-using WatchdogDeathTest = testing::Test;
-
-TEST(WatchdogDeathTest, EndsAProcessThatHangs) {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
-    EXPECT_EXIT(
-        {
-            const Watchdog watchdog(std::chrono::seconds(1));
-            std::this_thread::sleep_for(std::chrono::minutes(1));
-        },
-        testing::ExitedWithCode(3), "");
-}
-
-TEST(Watchdog, LetsGoOfAProcessThatIsDoneInTime) {
-    const auto start = std::chrono::steady_clock::now();
-    { const Watchdog watchdog(std::chrono::minutes(5)); }
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10));
 }
 
 }  // namespace

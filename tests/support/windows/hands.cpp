@@ -1,4 +1,4 @@
-#include "app/Robot.h"
+#include "support/windows/hands.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -7,7 +7,7 @@
 #include <chrono>
 #include <utility>
 
-namespace app::robot {
+namespace support::hands {
 
 namespace {
 
@@ -56,4 +56,4 @@ void whenDialogOpens(const QString& title, std::function<void(QDialog&)> act) {
     QTimer::singleShot(betweenLooks, [title, act = std::move(act)] { lookFor(title, act, 1); });
 }
 
-}  // namespace app::robot
+}  // namespace support::hands

@@ -1,4 +1,4 @@
-#include "app/Watchdog.h"
+#include "app/demo/Watchdog.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-#include "app/DemoCheck.h"
+#include "app/demo/DemoCheck.h"
 
 #include <QApplication>
 #include <QLabel>
@@ -11,14 +11,16 @@
 #include <iterator>
 #include <span>
 
-#include "app/Robot.h"
 #include "config/control.h"
 #include "config/sysex.h"
+#include "support/windows/hands.h"
 #include "texts/hexadecimal.h"
 
 namespace app {
 
 namespace {
+
+namespace hands = support::hands;
 
 void say(const std::string& line) {
     std::printf("%s\n", line.c_str());
@@ -45,7 +47,7 @@ constexpr int newNumber = 74;
 bool DemoCheck::run() {
     (void)QTest::qWaitForWindowExposed(&demo_.editor.view);
     say("The editor starts in mode \"" +
-        robot::find<QComboBox>(demo_.editor.view, "combo_mode").currentText().toStdString() +
+        hands::find<QComboBox>(demo_.editor.view, "combo_mode").currentText().toStdString() +
         "\" with no device chosen.");
     chooseDevice();
     send();
@@ -61,35 +63,35 @@ bool DemoCheck::run() {
 
 void DemoCheck::chooseDevice() {
     say("Pressing \"MIDI Devices...\"");
-    robot::whenDialogOpens(QStringLiteral("MIDI Devices"), [this](QDialog& dialog) {
+    hands::whenDialogOpens(QStringLiteral("MIDI Devices"), [this](QDialog& dialog) {
         for (const char* name : {"combo_in", "combo_out"}) {
-            auto& box = robot::find<QComboBox>(dialog, name);
+            auto& box = hands::find<QComboBox>(dialog, name);
             const int wanted = box.findText(QStringLiteral("Tormelk MIDI 1"));
             expect(wanted >= 0, "\"Tormelk MIDI 1\" is not in the list");
-            robot::choose(box, std::max(wanted, 0));
+            hands::choose(box, std::max(wanted, 0));
             say(std::string("  ") +
                 (box.objectName() == QLatin1String("combo_in") ? "input " : "output") +
                 " chosen: " + box.currentText().toStdString() + " (of " +
                 std::to_string(box.count()) + ")");
         }
         say("  pressing OK");
-        robot::click(robot::find(dialog, "ok"));
+        hands::click(hands::find(dialog, "ok"));
     });
-    robot::click(robot::find(demo_.editor.view, "midiDevices"));
+    hands::click(hands::find(demo_.editor.view, "midiDevices"));
     expect(demo_.editor.devices.OutDevice() != nullptr, "no output was chosen");
 }
 
 void DemoCheck::send() {
     say("Pressing \"Send\"");
-    robot::whenDialogOpens(QStringLiteral("Tormelk Wyro"), [this](QDialog& dialog) {
+    hands::whenDialogOpens(QStringLiteral("Tormelk Wyro"), [this](QDialog& dialog) {
         auto* alert = qobject_cast<QMessageBox*>(&dialog);
         const QString message = alert == nullptr ? QString() : alert->text();
         say("  the editor says \"" + message.toStdString() + "\"; pressing Enter");
         expect(message == QLatin1String("Send Done"), "it should have said \"Send Done\"");
-        robot::press(dialog, Qt::Key_Enter);
+        hands::press(dialog, Qt::Key_Enter);
     });
     const std::size_t before = demo_.tormelk.log().size();
-    robot::click(robot::find(demo_.editor.view, "send"));
+    hands::click(hands::find(demo_.editor.view, "send"));
     const std::size_t arrived = demo_.tormelk.log().size() - before;
     say("  " + std::to_string(arrived) + " messages arrived");
     expect(arrived == config::layerCount, "it should have been four");
@@ -98,10 +100,10 @@ void DemoCheck::send() {
 void DemoCheck::edit() {
     const QWidget& window = demo_.editor.view;
     say("Choosing the mode \"User Defined\", the third encoder, channel 5 and controller 74");
-    robot::choose(robot::find<QComboBox>(window, "combo_mode"), editor::userDefinedMode);
-    robot::click(robot::find(window, "encoder50"));
-    robot::choose(robot::find<QComboBox>(window, "combo_chan"), newChannel);
-    robot::choose(robot::find<QComboBox>(window, "combo_cc"), newNumber);
+    hands::choose(hands::find<QComboBox>(window, "combo_mode"), editor::userDefinedMode);
+    hands::click(hands::find(window, "encoder50"));
+    hands::choose(hands::find<QComboBox>(window, "combo_chan"), newChannel);
+    hands::choose(hands::find<QComboBox>(window, "combo_cc"), newNumber);
     const config::Image& image = demo_.editor.state.sysData;
     expect(config::channel(image, 0, editedControl) == newChannel &&
                config::number(image, 0, editedControl) == newNumber &&

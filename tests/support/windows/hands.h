@@ -1,6 +1,7 @@
 #pragma once
 
-// Hands for a program that operates itself: real mouse and key events into real widgets.
+// The hands of a person in front of the windows of this process: real mouse and key events into
+// real widgets. They need no test library, so the benchmarks and the demo's check have them too.
 
 #include <QComboBox>
 #include <QDialog>
@@ -8,7 +9,7 @@
 #include <QWidget>
 #include <functional>
 
-namespace app::robot {
+namespace support::hands {
 
 /// The widget with this object name; it must exist and be of this type.
 template <typename Widget = QWidget>
@@ -37,4 +38,4 @@ Widget& find(const QWidget& window, const char* name) {
     return *widget;
 }
 
-}  // namespace app::robot
+}  // namespace support::hands
