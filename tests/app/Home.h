@@ -20,7 +20,7 @@ public:
                               QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     }
 
-    [[nodiscard]] QProcessEnvironment environment(const QString& pilotsTask) const {
+    [[nodiscard]] QProcessEnvironment environment(const QString& operatorsTask) const {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         for (const char* variable : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME",
                                      "XDG_STATE_HOME", "DBUS_SESSION_BUS_ADDRESS"}) {
@@ -31,11 +31,11 @@ public:
                            folder_.filePath(QStringLiteral("run")));
         environment.insert(QStringLiteral("TMPDIR"), folder_.path());
         environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-        if (!pilotsTask.isEmpty()) {
+        if (!operatorsTask.isEmpty()) {
             environment.insert(QStringLiteral("QT_PLUGIN_PATH"),
-                               QStringLiteral(TORMELK_PILOT_FOLDER));
+                               QStringLiteral(TORMELK_OPERATOR_FOLDER));
             environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"),
-                               QStringLiteral("pilot:") + pilotsTask);
+                               QStringLiteral("window-operator:") + operatorsTask);
         }
         return environment;
     }

@@ -20,7 +20,7 @@ using namespace std::chrono_literals;
 
 constexpr int patience = 60000;  // ms, on a machine that does other things, too
 
-/// A program that is running, with nobody but a pilot in front of it.
+/// A program that is running, with nobody but an operator in front of it.
 class Running {
 public:
     Running(const char* program, const QString& task, const Home& home,
@@ -72,7 +72,7 @@ private:
 struct Situation {
     const char* program;
     const char* task;
-    const char* words;  // of the pilot, once it has come to it
+    const char* words;  // of the operator, once it has come to it
     const char* name;
 };
 
@@ -82,9 +82,9 @@ TEST_P(EndBySignal, IsPromptAndLeavesNothing) {
     const auto& [situation, signal] = GetParam();
     const Home home;
     QProcessEnvironment others;
-    others.insert(QStringLiteral("TORMELK_PILOT_OUTPUT"), QStringLiteral("Tormelk MIDI 1"));
+    others.insert(QStringLiteral("TORMELK_OPERATOR_OUTPUT"), QStringLiteral("Tormelk MIDI 1"));
     const QString firmware = home.file("tormelk_2.bin");
-    others.insert(QStringLiteral("TORMELK_PILOT_FILE"), firmware);
+    others.insert(QStringLiteral("TORMELK_OPERATOR_FILE"), firmware);
     std::ofstream(firmware.toStdString()) << std::string(40000, 'x');
     Running program(situation.program, QString::fromLatin1(situation.task), home, others);
     ASSERT_TRUE(program.says(situation.words));
@@ -119,11 +119,11 @@ TEST(EndOfAProgram, InASendComesAfterTheMessageThatWasGoingOut) {
     for (const int signal : {SIGTERM, SIGHUP, SIGINT}) {
         const Home home;
         QProcessEnvironment others;
-        others.insert(QStringLiteral("TORMELK_PILOT_OUTPUT"), QStringLiteral("Tormelk MIDI 1"));
-        others.insert(QStringLiteral("TORMELK_PILOT_SIGNAL"), QString::number(signal));
+        others.insert(QStringLiteral("TORMELK_OPERATOR_OUTPUT"), QStringLiteral("Tormelk MIDI 1"));
+        others.insert(QStringLiteral("TORMELK_OPERATOR_SIGNAL"), QString::number(signal));
         Running program(TORMELK_DEMO, QStringLiteral("send-and-get-signal"), home, others);
         EXPECT_EQ(program.status(), 128 + signal) << program.output();
-        EXPECT_NE(program.output().find("pilot: sending\n"), std::string::npos);
+        EXPECT_NE(program.output().find("operator: sending\n"), std::string::npos);
         EXPECT_EQ(program.output().find("Send Done"), std::string::npos) << program.output();
         EXPECT_EQ(home.content(), emptyHome);
     }
@@ -197,9 +197,9 @@ TEST(EndOfAProgram, WithItsDisplayLostHasStatusOneAndLeavesNothing) {
         ASSERT_TRUE(display.isThere());
         const Home home;
         QProcessEnvironment others = display.environment();
-        others.insert(QStringLiteral("TORMELK_PILOT_OUTPUT"), QStringLiteral("Tormelk MIDI 1"));
+        others.insert(QStringLiteral("TORMELK_OPERATOR_OUTPUT"), QStringLiteral("Tormelk MIDI 1"));
         const QString firmware = home.file("tormelk_2.bin");
-        others.insert(QStringLiteral("TORMELK_PILOT_FILE"), firmware);
+        others.insert(QStringLiteral("TORMELK_OPERATOR_FILE"), firmware);
         std::ofstream(firmware.toStdString()) << std::string(40000, 'x');
         Running program(TORMELK_DEMO, QString::fromLatin1(task), home, others);
         ASSERT_TRUE(program.says(words));

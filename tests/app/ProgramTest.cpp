@@ -1,5 +1,5 @@
-// The programs as a person starts them, each in a process of its own with an empty home folder. A
-// pilot, loaded by Qt as a plug-in, stands in for the person.
+// The programs as a person starts them, each in a process of its own with an empty home folder. An
+// operator, loaded by Qt as a plug-in, stands in for the person.
 
 #include <gtest/gtest.h>
 
@@ -18,10 +18,10 @@ struct Result {
     std::string errors;
 };
 
-Result run(const char* program, const Home& home, const QString& pilotsTask = {},
+Result run(const char* program, const Home& home, const QString& operatorsTask = {},
            const QStringList& arguments = {}) {
     QProcess process;
-    process.setProcessEnvironment(home.environment(pilotsTask));
+    process.setProcessEnvironment(home.environment(operatorsTask));
     process.start(QString::fromLocal8Bit(program), arguments);
     constexpr int longest = 120000;  // ms
     Result result;
@@ -41,7 +41,7 @@ TEST(Program, EndsWithStatusZeroWhenItsWindowIsClosed) {
     const Result result = run(TORMELK_WYRO, home, QStringLiteral("close"));
     EXPECT_TRUE(result.ended) << result.errors;
     EXPECT_EQ(result.status, 0) << result.errors;
-    EXPECT_EQ(result.output, "pilot: closing the main window\n");
+    EXPECT_EQ(result.output, "operator: closing the main window\n");
 }
 
 TEST(Program, EndsWithStatusZeroOnQuit) {
@@ -49,7 +49,7 @@ TEST(Program, EndsWithStatusZeroOnQuit) {
     const Result result = run(TORMELK_WYRO, home, QStringLiteral("quit"));
     EXPECT_TRUE(result.ended);
     EXPECT_EQ(result.status, 0) << result.errors;
-    EXPECT_EQ(result.output, "pilot: pressing Ctrl+Q\n");
+    EXPECT_EQ(result.output, "operator: pressing Ctrl+Q\n");
 }
 
 TEST(Program, EndsWithStatusZeroWithAnUnsavedEdit) {
@@ -57,7 +57,7 @@ TEST(Program, EndsWithStatusZeroWithAnUnsavedEdit) {
     const Result result = run(TORMELK_WYRO, home, QStringLiteral("edit-and-close"));
     EXPECT_TRUE(result.ended);
     EXPECT_EQ(result.status, 0) << result.errors;
-    EXPECT_EQ(result.output, "pilot: edited channel 4\npilot: closing the main window\n");
+    EXPECT_EQ(result.output, "operator: edited channel 4\noperator: closing the main window\n");
 }
 
 TEST(Program, ReadsNoCommandLine) {
@@ -67,7 +67,7 @@ TEST(Program, ReadsNoCommandLine) {
                                QStringLiteral("nonsense"), QStringLiteral("file.Tormelk")});
     EXPECT_TRUE(result.ended);
     EXPECT_EQ(result.status, 0) << result.errors;
-    EXPECT_EQ(result.output, "pilot: closing the main window\n");
+    EXPECT_EQ(result.output, "operator: closing the main window\n");
 }
 
 TEST(Program, LeavesNothingBehind) {
@@ -76,11 +76,11 @@ TEST(Program, LeavesNothingBehind) {
     const Result result = run(TORMELK_WYRO, home, QStringLiteral("look-around-and-close"));
     EXPECT_EQ(result.status, 0) << result.errors;
     EXPECT_EQ(result.output,
-              "pilot: saw About Tormelk Wyro\n"
-              "pilot: saw MIDI Devices\n"
-              "pilot: saw Tormelk Wyro: Please select MIDI device first\n"
-              "pilot: saw Pad Editor\n"
-              "pilot: closing the main window\n");
+              "operator: saw About Tormelk Wyro\n"
+              "operator: saw MIDI Devices\n"
+              "operator: saw Tormelk Wyro: Please select MIDI device first\n"
+              "operator: saw Pad Editor\n"
+              "operator: closing the main window\n");
     EXPECT_EQ(home.content(), emptyHome) << home.content().join(u'\n').toStdString();
 }
 
@@ -90,7 +90,8 @@ TEST(Program, SaysSoWhenALimitOnFileSizesStopsASave) {
                               {QStringLiteral("--fsize=100"), QStringLiteral(TORMELK_WYRO)});
     EXPECT_TRUE(result.ended) << result.errors;
     EXPECT_EQ(result.status, 0) << result.errors;
-    EXPECT_EQ(result.output.rfind("pilot: saw Tormelk Wyro: Fail to save Tormelk file\n\n", 0), 0U)
+    EXPECT_EQ(result.output.rfind("operator: saw Tormelk Wyro: Fail to save Tormelk file\n\n", 0),
+              0U)
         << result.output;
     EXPECT_EQ(home.content(), emptyHome) << home.content().join(u'\n').toStdString();
 }

@@ -84,15 +84,15 @@ std::string busOf(const Home& home, const char* address) {
 
 TEST(SessionBus, IsNotStartedWhereThereIsNone) {
     const Home home;
-    EXPECT_EQ(busOf(home, nullptr), "pilot: bus disabled:");
+    EXPECT_EQ(busOf(home, nullptr), "operator: bus disabled:");
     EXPECT_EQ(home.content(), emptyHome);
 }
 
 TEST(SessionBus, IsLeftAloneWhereThereIsOne) {
     const Home home;
-    EXPECT_EQ(busOf(home, "unix:path=/nowhere"), "pilot: bus unix:path=/nowhere");
+    EXPECT_EQ(busOf(home, "unix:path=/nowhere"), "operator: bus unix:path=/nowhere");
     QFile(home.file("run/bus")).open(QFile::WriteOnly);
-    EXPECT_EQ(busOf(home, nullptr), "pilot: bus");
+    EXPECT_EQ(busOf(home, nullptr), "operator: bus");
 }
 
 TEST(WithoutADisplay, AProgramNamesAPlatformThatIsUnknown) {

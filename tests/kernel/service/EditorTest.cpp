@@ -8,12 +8,12 @@
 #include "kernel/UserSpaceMidiDevice.h"
 #include "kernel/publicTools.h"
 #include "kernel/sequencerClients.h"
-#include "kernel/service/pilotedEditor.h"
+#include "kernel/service/editorDoing.h"
 #include "kernel/service/startUpImage.h"
 #include "kernel/waitUntil.h"
 
-// The editor program itself, operated in its own window by a pilot that Qt loads into it, and what
-// comes out at the device's end of the cable.
+// The editor program itself, operated in its own window by an operator that Qt loads into it, and
+// what comes out at the device's end of the cable.
 
 namespace kernel {
 namespace {
@@ -25,9 +25,9 @@ using testing::IsEmpty;
 TEST(Editor, SendsTheFourMessagesOfItsImageToAUsbDevice) {
     UsbMidiGadget tormelk({});
     tormelk.plug();
-    const ProgramResult result = run(pilotedEditor("send-and-close", "Tormelk MIDI 1"), 60s);
+    const ProgramResult result = run(editorDoing("send-and-close", "Tormelk MIDI 1"), 60s);
     EXPECT_EQ(result.status, 0) << result.output;
-    EXPECT_THAT(result.output, HasSubstr("pilot: chose Tormelk MIDI 1\n"));
+    EXPECT_THAT(result.output, HasSubstr("operator: chose Tormelk MIDI 1\n"));
     EXPECT_THAT(result.output, HasSubstr("Send Done"));
     EXPECT_EQ(tormelk.received().atLeast(1016, 5s), startUpImage());
 }
@@ -36,7 +36,7 @@ TEST(Editor, SendsTheFourMessagesOfItsImageToVirtualMidi) {
     ReceivedBytes received;
     const RawMidiCollector raw("hw:0,0", received);
     const ProgramResult result =
-        run(pilotedEditor("send-and-close", "Virtual Raw MIDI 0-0 VirMIDI 0-0"), 60s);
+        run(editorDoing("send-and-close", "Virtual Raw MIDI 0-0 VirMIDI 0-0"), 60s);
     EXPECT_EQ(result.status, 0) << result.output;
     EXPECT_EQ(received.atLeast(1016, 5s), startUpImage());
 }
@@ -45,7 +45,7 @@ TEST(Editor, SendsTheFourMessagesOfItsImageToTheSimulator) {
     Program simulator({"env", "-u", "DISPLAY", "-u", "WAYLAND_DISPLAY", "-u", "QT_QPA_PLATFORM",
                        TORMELK_SIMULATOR});
     ASSERT_TRUE(simulator.waitForOutput("ready: Tormelk MIDI 1", 60s)) << simulator.output();
-    const ProgramResult result = run(pilotedEditor("send-and-close", "Tormelk MIDI 1"), 60s);
+    const ProgramResult result = run(editorDoing("send-and-close", "Tormelk MIDI 1"), 60s);
     EXPECT_EQ(result.status, 0) << result.output;
     ASSERT_TRUE(simulator.waitForOutput("layer 4: 254 bytes", 10s)) << simulator.output();
     const std::string told = simulator.output();
@@ -87,7 +87,7 @@ TEST(Editor, IsOnItsWayOutInNoTimeAlthoughTheDeviceIsDead) {
     UserSpaceMidiDevice device({});
     device.plug();
     device.stopTaking();
-    Program program(pilotedEditor("send-and-close", "Tormelk Port"));
+    Program program(editorDoing("send-and-close", "Tormelk Port"));
     // Its start takes a while here, all the more while the machine has other things to do.
     ASSERT_TRUE(program.waitForOutput("chose Tormelk Port", 60s)) << program.output();
     const auto began = std::chrono::steady_clock::now();
@@ -100,7 +100,7 @@ TEST(Editor, IsOnItsWayOutInNoTimeAlthoughTheDeviceIsDead) {
 TEST(Editor, SaysThatTheChosenDeviceHasGone) {
     UsbMidiGadget tormelk({});
     tormelk.plug();
-    Program program(pilotedEditor("send-again-when-gone-and-close", "Tormelk MIDI 1"));
+    Program program(editorDoing("send-again-when-gone-and-close", "Tormelk MIDI 1"));
     ASSERT_TRUE(program.waitForOutput("Send Done", 60s)) << program.output();
     tormelk.unplug();
     const ProgramResult result = program.finish(30s);
@@ -112,7 +112,7 @@ TEST(Editor, LeavesNothingBehindInTheSequencer) {
     UsbMidiGadget tormelk({});
     tormelk.plug();
     const std::size_t before = sequencerClients().size();
-    EXPECT_EQ(run(pilotedEditor("send-and-close", "Tormelk MIDI 1"), 60s).status, 0);
+    EXPECT_EQ(run(editorDoing("send-and-close", "Tormelk MIDI 1"), 60s).status, 0);
     EXPECT_TRUE(waitUntil([&] { return sequencerClients().size() == before; }, 5s));
     EXPECT_THAT(sequencerClientsNamed("Tormelk").at(0).ports.at(0).takesFrom, IsEmpty());
 }

@@ -6,7 +6,7 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "kernel/service/pilotedEditor.h"
+#include "kernel/service/editorDoing.h"
 #include "kernel/waitUntil.h"
 
 namespace kernel {
@@ -27,7 +27,7 @@ std::filesystem::path emptyFile() {
 std::vector<std::string> commandFor(const std::vector<std::string>& starter,
                                     const std::string& orders) {
     std::vector<std::string> words = starter;
-    const std::vector<std::string> editor = pilotedEditor("obey", {}, orders);
+    const std::vector<std::string> editor = editorDoing("obey", {}, orders);
     words.insert(words.end(), editor.begin(), editor.end());
     return words;
 }
@@ -44,7 +44,7 @@ void OperatedEditor::order(const std::string& what) const {
 }
 
 std::string OperatedEditor::next(const std::string& beginning, std::chrono::milliseconds limit) {
-    const std::string wanted = "pilot: " + beginning;
+    const std::string wanted = "operator: " + beginning;
     std::string rest;
     const auto isThere = [&] {
         const std::string told = program_.output();

@@ -10,8 +10,8 @@
 
 namespace kernel {
 
-/// The editor program, with a pilot in it who does one thing after the other as told, and tells
-/// what is to be read in the windows (tests/app/pilot.cpp).
+/// The editor program, with an operator in it who does one thing after the other as told, and tells
+/// what is to be read in the windows (tests/app/windowOperator.cpp).
 ///
 /// Whoever waits for words in vain gets an exception with all that was told.
 class OperatedEditor {

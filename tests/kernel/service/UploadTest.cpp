@@ -11,8 +11,8 @@
 #include "kernel/Program.h"
 #include "kernel/UsbMidiGadget.h"
 #include "kernel/sequencerClients.h"
+#include "kernel/service/editorDoing.h"
 #include "kernel/service/expectedUpload.h"
-#include "kernel/service/pilotedEditor.h"
 #include "kernel/waitUntil.h"
 #include "simulator/SimulatedController.h"
 
@@ -59,8 +59,7 @@ protected:
 };
 
 TEST_F(Upload, OfFortyThousandRandomBytesArrivesIdentical) {
-    const ProgramResult result =
-        run(pilotedEditor("upload-and-close", "Tormelk MIDI 1", file), 900s);
+    const ProgramResult result = run(editorDoing("upload-and-close", "Tormelk MIDI 1", file), 900s);
     EXPECT_EQ(result.status, 0) << result.output;
     EXPECT_THAT(result.output, HasSubstr("saw Upload: Upload completed."));
     const Bytes expected = allStepsOf(image);
@@ -79,7 +78,7 @@ TEST_F(Upload, OfFortyThousandRandomBytesArrivesIdentical) {
 
 TEST_F(Upload, ToAControllerThatIsPulledOutSkipsTheRestInSilenceButForThePausesBetweenBlocks) {
     const Bytes expected = allStepsOf(image);
-    Program program(pilotedEditor("upload-and-close", "Tormelk MIDI 1", file));
+    Program program(editorDoing("upload-and-close", "Tormelk MIDI 1", file));
     // Into the second block.
     const std::size_t enough = 8 + 2 * bytesInAFrame * bytesInAMessage + bytesOnTheWireInABlock +
                                bytesOnTheWireInABlock / 2;
@@ -102,7 +101,7 @@ TEST_F(Upload, ToAControllerThatIsPulledOutSkipsTheRestInSilenceButForThePausesB
 
 TEST_F(Upload, ThatASignalCutsEndsBetweenTwoMessagesAndAtOnce) {
     const Bytes expected = allStepsOf(image);
-    Program program(pilotedEditor("upload-and-close", "Tormelk MIDI 1", file));
+    Program program(editorDoing("upload-and-close", "Tormelk MIDI 1", file));
     const std::size_t enough = 8 + 2 * bytesInAFrame * bytesInAMessage + 100;
     ASSERT_GE(tormelk.received().atLeast(enough, 200s).size(), enough) << program.output();
     const auto began = std::chrono::steady_clock::now();

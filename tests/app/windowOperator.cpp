@@ -1,7 +1,7 @@
 // Stands in for the person in front of a program under test. Qt loads it into the program when told
 // so by its environment:
 //
-//     QT_QPA_GENERIC_PLUGINS=pilot:close
+//     QT_QPA_GENERIC_PLUGINS=window-operator:close
 
 #include <QAbstractButton>
 #include <QAction>
@@ -17,7 +17,6 @@
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QProgressBar>
-#include <QTest>
 #include <QTimer>
 #include <chrono>
 #include <csignal>
@@ -27,10 +26,14 @@
 #include <thread>
 #include <utility>
 
+#include "support/windows/hands.h"
+
 namespace {
 
+namespace hands = support::hands;
+
 void say(const QString& what) {
-    std::printf("pilot: %s\n", qUtf8Printable(what));
+    std::printf("operator: %s\n", qUtf8Printable(what));
     std::fflush(stdout);
 }
 
@@ -62,17 +65,16 @@ void closeMainWindow() {
 
 void quit() {
     say(QStringLiteral("pressing Ctrl+Q"));
-    QTest::keyClick(mainWindow(), Qt::Key_Q, Qt::ControlModifier);
+    hands::press(*mainWindow(), Qt::Key_Q, Qt::ControlModifier);
 }
 
 void editAndClose() {
-    auto* mode = mainWindow()->findChild<QComboBox*>(QStringLiteral("combo_mode"));
-    auto* channel = mainWindow()->findChild<QComboBox*>(QStringLiteral("combo_chan"));
-    QTest::keyClick(mode, Qt::Key_Home);
+    auto& channel = hands::find<QComboBox>(*mainWindow(), "combo_chan");
+    hands::press(hands::find(*mainWindow(), "combo_mode"), Qt::Key_Home);
     for (int i = 0; i < 3; ++i) {
-        QTest::keyClick(channel, Qt::Key_Down);
+        hands::press(channel, Qt::Key_Down);
     }
-    say(QStringLiteral("edited channel ") + channel->currentText());
+    say(QStringLiteral("edited channel ") + channel.currentText());
     closeMainWindow();
 }
 
@@ -94,21 +96,27 @@ void lookAtDialog() {
              const auto* alert = qobject_cast<QMessageBox*>(dialog);
              say(QStringLiteral("saw ") + dialog->windowTitle() +
                  (alert == nullptr ? QString() : QStringLiteral(": ") + alert->text()));
-             QTest::keyClick(dialog, Qt::Key_Escape);
+             hands::press(*dialog, Qt::Key_Escape);
          });
 }
 
-void press(const char* button, const QWidget* window) {
-    QTest::mouseClick(window->findChild<QAbstractButton*>(QString::fromLatin1(button)),
-                      Qt::LeftButton);
+void click(const char* button) {
+    hands::click(hands::find(*mainWindow(), button));
 }
 
-void press(const char* button) {
-    press(button, mainWindow());
+/// Types the name of a file into a file panel and accepts it.
+void enter(const QString& file, const QWidget* panel) {
+    auto& name = hands::find<QLineEdit>(*panel, "fileNameEdit");
+    name.setText(file);
+    hands::press(name, Qt::Key_Enter);
+}
+
+void trigger(const char* action) {
+    mainWindow()->findChild<QAction*>(QString::fromLatin1(action))->trigger();
 }
 
 void lookAroundAndClose() {
-    mainWindow()->findChild<QAction*>(QStringLiteral("actionAbout"))->trigger();
+    trigger("actionAbout");
     for (QWidget* window : QApplication::topLevelWidgets()) {
         if (qobject_cast<QDialog*>(window) != nullptr && window->isVisible()) {
             say(QStringLiteral("saw ") + window->windowTitle());
@@ -117,7 +125,7 @@ void lookAroundAndClose() {
     }
     for (const char* button : {"midiDevices", "send", "paLa2"}) {
         lookAtDialog();
-        press(button);
+        click(button);
     }
     closeMainWindow();
 }
@@ -126,42 +134,41 @@ void lookAroundAndClose() {
 void saveAndClose() {
     soon([] { return QApplication::activeModalWidget() != nullptr; },
          [] {
-             auto* name = QApplication::activeModalWidget()->findChild<QLineEdit*>(
-                 QStringLiteral("fileNameEdit"));
-             name->setText(QDir(QDir::tempPath()).filePath(QStringLiteral("stage")));
+             const QWidget* panel = QApplication::activeModalWidget();
              lookAtDialog();
-             QTest::keyClick(name, Qt::Key_Enter);
+             enter(QDir(QDir::tempPath()).filePath(QStringLiteral("stage")), panel);
          });
-    mainWindow()->findChild<QAction*>(QStringLiteral("actionSavePreset"))->trigger();
+    trigger("actionSavePreset");
     closeMainWindow();
 }
 
 /// Chooses the output of this name with the keyboard, and confirms.
 void choose(const QString& name, const QWidget* dialog) {
-    auto* outputs = dialog->findChild<QComboBox*>(QStringLiteral("combo_out"));
-    QTest::keyClick(outputs, Qt::Key_Home);
-    for (int steps = outputs->findText(name); steps > 0; --steps) {
-        QTest::keyClick(outputs, Qt::Key_Down);
+    auto& outputs = hands::find<QComboBox>(*dialog, "combo_out");
+    hands::press(outputs, Qt::Key_Home);
+    for (int steps = outputs.findText(name); steps > 0; --steps) {
+        hands::press(outputs, Qt::Key_Down);
     }
-    say(QStringLiteral("chose ") + outputs->currentText());
-    press("ok", dialog);
+    say(QStringLiteral("chose ") + outputs.currentText());
+    hands::click(hands::find(*dialog, "ok"));
 }
 
 /// Chooses the output that the environment names in the dialog that opens next.
 void chooseOutputInDialog() {
-    inDialog(QStringLiteral("MIDI Devices"),
-             [](QWidget* dialog) { choose(qEnvironmentVariable("TORMELK_PILOT_OUTPUT"), dialog); });
+    inDialog(QStringLiteral("MIDI Devices"), [](QWidget* dialog) {
+        choose(qEnvironmentVariable("TORMELK_OPERATOR_OUTPUT"), dialog);
+    });
 }
 
 void send() {
     lookAtDialog();
-    press("send");
+    click("send");
 }
 
 /// Sends everything to the output that the environment names.
 void sendAndClose() {
     chooseOutputInDialog();
-    press("midiDevices");
+    click("midiDevices");
     send();
     closeMainWindow();
 }
@@ -169,7 +176,7 @@ void sendAndClose() {
 /// Does so a second time after the output has gone and is, for the dialogs, no longer there.
 void sendAgainWhenGoneAndClose() {
     chooseOutputInDialog();
-    press("midiDevices");
+    click("midiDevices");
     send();
     QTimer::singleShot(std::chrono::seconds(3), [] {
         send();
@@ -180,35 +187,32 @@ void sendAgainWhenGoneAndClose() {
 /// Puts the controller into its update mode and uploads the file that the environment names.
 void uploadFrom(QWidget* window) {
     chooseOutputInDialog();
-    press("select", window);
+    hands::click(hands::find(*window, "select"));
     inDialog(QStringLiteral("Tormelk Wyro"), [](QWidget* alert) {
         say(QStringLiteral("saw ") + qobject_cast<QMessageBox*>(alert)->text());
-        QTest::keyClick(alert, Qt::Key_Escape);
+        hands::press(*alert, Qt::Key_Escape);
     });
-    press("update", window);
+    hands::click(hands::find(*window, "update"));
     chooseOutputInDialog();
-    press("select", window);
-    inDialog(QStringLiteral("Open"), [](QWidget* panel) {
-        auto* name = panel->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        name->setText(qEnvironmentVariable("TORMELK_PILOT_FILE"));
-        QTest::keyClick(name, Qt::Key_Enter);
-    });
-    press("open", window);
+    hands::click(hands::find(*window, "select"));
+    inDialog(QStringLiteral("Open"),
+             [](QWidget* panel) { enter(qEnvironmentVariable("TORMELK_OPERATOR_FILE"), panel); });
+    hands::click(hands::find(*window, "open"));
     inDialog(QStringLiteral("Firmware Update"), [](QWidget* confirmation) {
         say(QStringLiteral("uploading"));
-        press("ok", confirmation);
+        hands::click(hands::find(*confirmation, "ok"));
     });
     inDialog(QStringLiteral("Upload"), [](QWidget* alert) {
         say(QStringLiteral("saw Upload: ") + qobject_cast<QMessageBox*>(alert)->text());
-        QTest::keyClick(alert, Qt::Key_Escape);
+        hands::press(*alert, Qt::Key_Escape);
     });
-    press("upload", window);
-    QTest::keyClick(window, Qt::Key_Escape);
+    hands::click(hands::find(*window, "upload"));
+    hands::press(*window, Qt::Key_Escape);
 }
 
 void uploadAndClose() {
     inDialog(QStringLiteral("Firmware Upgrade"), uploadFrom);
-    mainWindow()->findChild<QAction*>(QStringLiteral("actionFirmwareUpdate"))->trigger();
+    trigger("actionFirmwareUpdate");
     closeMainWindow();
 }
 
@@ -216,7 +220,7 @@ void uploadAndClose() {
 void openDialog(const char* action) {
     soon([] { return QApplication::activeModalWidget() != nullptr; },
          [] { say(QStringLiteral("opened ") + QApplication::activeModalWidget()->windowTitle()); });
-    mainWindow()->findChild<QAction*>(QString::fromLatin1(action))->trigger();
+    trigger(action);
 }
 
 void openDevices() {
@@ -239,9 +243,9 @@ void wait() {
 /// Sends, and the signal that the environment names arrives while it does.
 void sendAndGetSignal() {
     chooseOutputInDialog();
-    press("midiDevices");
+    click("midiDevices");
     say(QStringLiteral("sending"));
-    std::raise(qEnvironmentVariableIntValue("TORMELK_PILOT_SIGNAL"));
+    std::raise(qEnvironmentVariableIntValue("TORMELK_OPERATOR_SIGNAL"));
     send();
     say(QStringLiteral("sent"));
 }
@@ -315,17 +319,13 @@ void tell(const QString&, QWidget* window) {
 
 /// What can be ordered: a word, and what it is about. The window is the one in front.
 const std::pair<const char*, void (*)(const QString& what, QWidget* window)> orders[] = {
-    {"press", [](const QString& button, QWidget* window) { press(qPrintable(button), window); }},
+    {"press", [](const QString& button,
+                 QWidget* window) { hands::click(hands::find(*window, qPrintable(button))); }},
     {"trigger", [](const QString& action,
                    QWidget* window) { window->findChild<QAction*>(action)->trigger(); }},
     {"choose", [](const QString& output, QWidget* window) { choose(output, window); }},
-    {"open",
-     [](const QString& file, QWidget* window) {
-         auto* name = window->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-         name->setText(file);
-         QTest::keyClick(name, Qt::Key_Enter);
-     }},
-    {"leave", [](const QString&, QWidget* window) { QTest::keyClick(window, Qt::Key_Escape); }},
+    {"open", [](const QString& file, QWidget* window) { enter(file, window); }},
+    {"leave", [](const QString&, QWidget* window) { hands::press(*window, Qt::Key_Escape); }},
     {"close", [](const QString&, QWidget* window) { window->close(); }},
     {"tell", tell},
 };
@@ -359,7 +359,7 @@ void obeyLinesOf(const std::shared_ptr<QFile>& file) {
 void obey() {
     QApplication::instance()->installEventFilter(new Reader(QApplication::instance()));
     mainWindow()->update();
-    const auto file = std::make_shared<QFile>(qEnvironmentVariable("TORMELK_PILOT_FILE"));
+    const auto file = std::make_shared<QFile>(qEnvironmentVariable("TORMELK_OPERATOR_FILE"));
     if (!file->open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         say(QStringLiteral("cannot read ") + file->fileName());
         return;
@@ -386,9 +386,9 @@ const std::pair<const char*, void (*)()> tasks[] = {
     {"upload-and-close", uploadAndClose},
 };
 
-class Pilot final : public QGenericPlugin {
+class WindowOperator final : public QGenericPlugin {
     Q_OBJECT
-    Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "pilot.json")
+    Q_PLUGIN_METADATA(IID QGenericPluginFactoryInterface_iid FILE "windowOperator.json")
 
 public:
     QObject* create(const QString&, const QString& specification) override {
@@ -404,4 +404,4 @@ public:
 
 }  // namespace
 
-#include "pilot.moc"
+#include "windowOperator.moc"
