@@ -91,7 +91,6 @@ int main(int count, char** arguments) {
     platform::software::SoftwareMidiService midiService;
     platform::software::Destination& destination =
         midiService.addDevice("Tormelk").addDestination("Tormelk");
-    destination.keepReceived(false);
     simulator::SimulatedController tormelk;
     destination.onReceive([&tormelk](const platform::MIDIPacketList& list) {
         platform::forEachPacket(list, [&](std::uint64_t, std::span<const std::uint8_t> bytes) {

@@ -19,8 +19,9 @@ void moveInto(const QRect& area, QRect& window) {
 
 }  // namespace
 
-Demo::Demo(qt::desktop::QtDesktop::EndProcess endProcess)
-    : otherDevice(midiService.addDevice("Spare Port")),
+Demo::Demo(platform::software::SoftwareMidiService& service, qt::desktop::QtDesktop::EndProcess endProcess)
+    : midiService(service),
+      otherDevice(midiService.addDevice("Spare Port")),
       device(midiService.addDevice("Tormelk")),
       source(device.addSource("Tormelk MIDI 1")),
       destination(device.addDestination("Tormelk MIDI 1")),

@@ -12,13 +12,15 @@ namespace app {
 /// port "Tormelk MIDI 1" arrives there. A second port, to which nothing listens, makes the choice
 /// of the port a real one.
 struct Demo {
-    /// Without `endProcess` the process is ended for real.
-    explicit Demo(qt::desktop::QtDesktop::EndProcess endProcess = nullptr);
+    /// Over a service that has no devices yet, and must outlive it. Without `endProcess` the
+    /// process is ended for real.
+    explicit Demo(platform::software::SoftwareMidiService& service,
+                  qt::desktop::QtDesktop::EndProcess endProcess = nullptr);
 
     /// Side by side where the screen has space for it.
     void show();
 
-    platform::software::SoftwareMidiService midiService;
+    platform::software::SoftwareMidiService& midiService;
     platform::software::Device& otherDevice;
     platform::software::Device& device;
     platform::software::Source& source;

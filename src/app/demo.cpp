@@ -15,7 +15,8 @@ int main(int count, char** arguments) {
         return 2;
     }
     app::ProgramEnd programEnd;
-    app::Demo demo([&programEnd](int status) { programEnd.end(status); });
+    platform::software::SoftwareMidiService midiService;
+    app::Demo demo(midiService, [&programEnd](int status) { programEnd.end(status); });
     demo.desktop.onSleep([&programEnd] { programEnd.attend(); });
     demo.show();
     return QApplication::exec();

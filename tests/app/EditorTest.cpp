@@ -18,7 +18,7 @@
 
 #include "config/sysex.h"
 #include "platform/alsa/AlsaMidiService.h"
-#include "platform/software/SoftwareMidiService.h"
+#include "support/ScriptedMidiService.h"
 #include "support/windows/hands.h"
 
 namespace app {
@@ -76,7 +76,7 @@ protected:
     }
 
     std::vector<Device*> devices;
-    platform::software::SoftwareMidiService midiService;
+    support::ScriptedMidiService midiService;
     std::vector<int> exits;
     qt::desktop::QtDesktop desktop{[this](int status) { exits.push_back(status); }};
     Editor editor{midiService, desktop};
@@ -111,9 +111,9 @@ TEST_F(EditorTest, SendsFourMessagesToTheChosenOutput) {
     Destination& second = plug("Beta");
     chooseOutput(editor, 1);
     EXPECT_EQ(send(editor), "Send Done");
-    EXPECT_TRUE(first.received().empty());
-    ASSERT_EQ(second.received().size(), 4U);
-    EXPECT_EQ(second.receivedBytes(), messagesOf(editor));
+    EXPECT_TRUE(midiService.at(first).received().empty());
+    ASSERT_EQ(midiService.at(second).received().size(), 4U);
+    EXPECT_EQ(midiService.at(second).receivedBytes(), messagesOf(editor));
     EXPECT_EQ(midiService.openOutputPorts(), 0U);
     EXPECT_THAT(midiService.misuses(), testing::IsEmpty());
 }
@@ -121,7 +121,7 @@ TEST_F(EditorTest, SendsFourMessagesToTheChosenOutput) {
 TEST_F(EditorTest, AsksForADeviceFirst) {
     Destination& destination = plug("Alpha");
     EXPECT_EQ(send(editor), "Please select MIDI device first");
-    EXPECT_TRUE(destination.received().empty());
+    EXPECT_TRUE(midiService.at(destination).received().empty());
 }
 
 TEST_F(EditorTest, RefusesToSendToADeviceThatVanishedAfterTheChoice) {
@@ -140,7 +140,7 @@ TEST_F(EditorTest, SendsAgainToADeviceThatCameBack) {
     devices[0]->plug();
     ASSERT_TRUE(QTest::qWaitFor([this] { return editor.devices.OutDevice()->isOnline(); }, 1000));
     EXPECT_EQ(send(editor), "Send Done");
-    EXPECT_EQ(destination.receivedBytes(), messagesOf(editor));
+    EXPECT_EQ(midiService.at(destination).receivedBytes(), messagesOf(editor));
 }
 
 TEST_F(EditorTest, GoesOnToTheEndWhenTheDeviceVanishesBetweenTwoMessagesAndSaysSo) {
@@ -235,7 +235,7 @@ TEST_F(EditorTest, StaysHiddenWhileThePadEditorIsOpen) {
 TEST_F(EditorTest, SharesAProcessWithAnotherEditorUnharmed) {
     plug("Alpha");
     qt::desktop::QtDesktop secondDesktop([](int) {});
-    platform::software::SoftwareMidiService secondService;
+    support::ScriptedMidiService secondService;
     auto second = std::make_unique<Editor>(secondService, secondDesktop);
     second->show();
     choose(find<QComboBox>(second->view, "combo_mode"), editor::logicMode);
@@ -258,7 +258,7 @@ void closeLastWindow(Editor& editor, const std::vector<Editor*>& hidden) {
 }
 
 TEST_F(EditorTest, ComesBackBesideAnotherEditorOfItsDesktopAndAfterThatOneIsGone) {
-    platform::software::SoftwareMidiService secondService;
+    support::ScriptedMidiService secondService;
     auto second = std::make_unique<Editor>(secondService, desktop);
     second->show();
     closeLastWindow(editor, {&editor, second.get()});

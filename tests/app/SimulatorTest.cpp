@@ -2,13 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/software/SoftwareMidiService.h"
+#include "support/ScriptedMidiService.h"
 
 namespace app {
 namespace {
 
 using platform::ServiceState;
-using platform::software::SoftwareMidiService;
+using support::ScriptedMidiService;
 
 /// A computer whose MIDI cannot be had at first.
 struct LateMidi {
@@ -23,11 +23,11 @@ struct LateMidi {
         service.recover();
         service.dispatch();
     }
-    SoftwareMidiService service;
+    ScriptedMidiService service;
 };
 
 TEST(Simulator, PublishesASourceAndADestinationAndHasNothingToSay) {
-    SoftwareMidiService service;
+    ScriptedMidiService service;
     const Simulator simulator(service);
     EXPECT_TRUE(simulator.isPublished());
     EXPECT_EQ(service.publishedEndpoints(), 2U);
@@ -52,7 +52,7 @@ TEST(Simulator, SaysWhatTheSystemSays) {
 }
 
 TEST(Simulator, SaysThatItsPortCannotBeMadeWhereNothingElseIsKnown) {
-    SoftwareMidiService service;
+    ScriptedMidiService service;
     service.fail("MIDIDestinationCreate", platform::kMIDIServerStartErr);
     const Simulator simulator(service);
     EXPECT_EQ(simulator.trouble(),

@@ -9,7 +9,7 @@
 #include <cstdio>
 
 #include "app/Demo.h"
-#include "qt/EveryWindow.h"
+#include "app/windows/EveryWindow.h"
 #include "qt/desktop/QtDesktop.h"
 #include "support/windows/hands.h"
 
@@ -27,7 +27,8 @@ auto enter(const QString& path) {
 /// Whether a byte that was changed after saving is back after loading.
 bool saveAndLoad() {
     const QTemporaryDir folder;
-    app::Demo demo;
+    platform::software::SoftwareMidiService midiService;
+    app::Demo demo(midiService);
     demo.show();
     config::Image& image = demo.editor.state.sysData;
     const std::uint8_t saved = image[config::channelOffset];

@@ -15,8 +15,8 @@
 #include "devices/seldev2.h"
 #include "midi/ZQMIDIProcess.h"
 #include "platform/NotificationCentre.h"
-#include "platform/software/SoftwareMidiService.h"
 #include "support/ScriptedDesktop.h"
+#include "support/ScriptedMidiService.h"
 
 namespace devices {
 
@@ -98,7 +98,7 @@ protected:
         });
     }
 
-    platform::software::SoftwareMidiService service;
+    support::ScriptedMidiService service;
     platform::NotificationCentre centre;
     midi::ZQMIDIProcess process{service, centre};
     support::ScriptedDesktop desktop;

@@ -64,18 +64,18 @@ TEST_F(SendReport, SaysHowManyLayersAreKnownToHaveLeftForAnOutputThatWasPulledOu
         });
         send();
         expectCut("X went away during the Send: " + known[layers - 1]);
-        EXPECT_EQ(port_.received().size(), layers);
+        EXPECT_EQ(editor.midiService.at(port_).received().size(), layers);
         device_.plug();
         editor.midiService.dispatch();
-        port_.forgetReceived();
+        editor.midiService.at(port_).forgetReceived();
         EXPECT_EQ(said(), "X went away during the Send: " + known[layers - 1])
             << "coming back mends nothing";
     }
 }
 
 TEST_F(SendReport, DoesNotCountALayerThatHasNotLeftWhole) {
-    after(1, [this] { port_.holdBack(); });
-    port_.settleLater();
+    after(1, [this] { editor.midiService.at(port_).holdBack(); });
+    editor.midiService.at(port_).settleLater();
     send();
     EXPECT_EQ(said(), "Sending to X: waiting until it has taken everything");
     device_.unplug();
@@ -85,21 +85,21 @@ TEST_F(SendReport, DoesNotCountALayerThatHasNotLeftWhole) {
 }
 
 TEST_F(SendReport, SaysThatItWaitsUntilEverythingIsTaken) {
-    port_.settleLater();
+    editor.midiService.at(port_).settleLater();
     send();
     EXPECT_EQ(said(), "Sending to X: waiting until it has taken everything");
     EXPECT_EQ(alerted(), "Send Done");
     editor.midiService.dispatch();
     EXPECT_EQ(said(), "Sending to X: waiting until it has taken everything");
-    port_.settle();
+    editor.midiService.at(port_).settle();
     editor.midiService.dispatch();
     EXPECT_EQ(said(), "Sent 4 layers to X");
 }
 
 TEST_F(SendReport, IsSettledAlsoWhileTheAlertIsOpen) {
-    port_.settleLater();
+    editor.midiService.at(port_).settleLater();
     desktop.onAlert([this](const toolkit::Alert&) {
-        port_.settle();
+        editor.midiService.at(port_).settle();
         editor.midiService.dispatch();
         EXPECT_EQ(said(), "Sent 4 layers to X");
         return toolkit::AlertAnswer::Default;
@@ -109,7 +109,7 @@ TEST_F(SendReport, IsSettledAlsoWhileTheAlertIsOpen) {
 }
 
 TEST_F(SendReport, SaysSoWhenTheOutputGoesAwayBeforeEverythingIsKnownToHaveArrived) {
-    port_.settleLater();
+    editor.midiService.at(port_).settleLater();
     send();
     device_.unplug();
     editor.midiService.dispatch();
@@ -117,27 +117,27 @@ TEST_F(SendReport, SaysSoWhenTheOutputGoesAwayBeforeEverythingIsKnownToHaveArriv
 }
 
 TEST_F(SendReport, SaysThatTheOutputTakesNothing) {
-    port_.holdBack();
+    editor.midiService.at(port_).holdBack();
     send();
     EXPECT_EQ(said(), "Sending to X: waiting until it has taken everything");
-    port_.giveUp();
+    editor.midiService.at(port_).giveUp();
     editor.midiService.dispatch();
     EXPECT_EQ(said(), "X takes nothing: nothing was sent");
-    after(2, [this] { port_.holdBack(); });
+    after(2, [this] { editor.midiService.at(port_).holdBack(); });
     send();
-    port_.giveUp();
+    editor.midiService.at(port_).giveUp();
     editor.midiService.dispatch();
     EXPECT_EQ(said(), "X takes nothing any more: at most 2 of 4 layers reached it");
 }
 
 TEST_F(SendReport, SaysWhichProgramKeepsTheOutputToItself) {
-    port_.keepInUse("aseqdump");
+    editor.midiService.at(port_).keepInUse("aseqdump");
     send();
     expectCut("X is in use by aseqdump: nothing was sent");
-    port_.keepInUse("");
+    editor.midiService.at(port_).keepInUse("");
     send();
     expectCut("X is in use by another program: nothing was sent");
-    port_.freeAgain();
+    editor.midiService.at(port_).freeAgain();
     send();
     EXPECT_EQ(said(), "Sent 4 layers to X");
 }
@@ -173,17 +173,17 @@ TEST_F(SendReport, DoesNotLeaveAnEarlierSuccessStandingWhenNothingWasSent) {
 }
 
 TEST_F(SendReport, OfAnEarlierSendIsNotGivenAnyMoreAfterTheNext) {
-    port_.settleLater();
+    editor.midiService.at(port_).settleLater();
     send();
     editor.devices.chosen.g_outDevice = nullptr;
     send();
-    port_.settle();
+    editor.midiService.at(port_).settle();
     editor.midiService.dispatch();
     EXPECT_EQ(said(), "Nothing was sent: no output is chosen");
 }
 
 TEST_F(SendReport, DoesNotWaitForEverWhereTheFirmwareWindowSentSomethingElse) {
-    port_.settleLater();
+    editor.midiService.at(port_).settleLater();
     send();
     desktop.onModal<firmware::firm>([this](firmware::firm& shown) {
         desktop.answerAlert();

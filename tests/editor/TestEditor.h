@@ -16,16 +16,12 @@
 #include <utility>
 #include <vector>
 
-#include "devices/seldev.h"
 #include "editor/EditorState.h"
 #include "editor/MainWindow.h"
 #include "editor/mainController.h"
 #include "editor/pad.h"
-#include "firmware/FirmwareState.h"
-#include "midi/ZQMIDIProcess.h"
-#include "platform/NotificationCentre.h"
-#include "platform/software/SoftwareMidiService.h"
 #include "support/ScriptedDesktop.h"
+#include "support/ScriptedEditor.h"
 #include "texts/List.h"
 
 namespace editor {
@@ -119,15 +115,8 @@ inline bool showsBlank(const toolkit::ComboBox& box) {
     return item && toolkit::isBlankEntry(*item);
 }
 
-struct TestEditor {
-    platform::software::SoftwareMidiService midiService;
-    platform::NotificationCentre notificationCentre;
-    midi::ZQMIDIProcess midiProcess{midiService, notificationCentre};
-    devices::seldevChoice devices{midiProcess};
-    firmware::FirmwareState firmware{midiProcess};
+struct TestEditor : support::EditorParts {
     EditorDesktop desktop;
-    EditorState state;
-    MainWindow window;
     mainController controller{state, window, desktop, devices, firmware};
 
     TestEditor() { controller.awakeFromNib(); }

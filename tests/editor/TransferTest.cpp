@@ -9,7 +9,7 @@ namespace editor {
 namespace {
 
 namespace journal = support::journal;
-using platform::software::Call;
+using support::Call;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::IsEmpty;
@@ -48,11 +48,11 @@ protected:
 
     /// What arrives at the port during one Send.
     std::vector<std::vector<std::uint8_t>> send() {
-        port_.forgetReceived();
+        editor.midiService.at(port_).forgetReceived();
         desktop.answerAlert();
         controller.sendData();
         std::vector<std::vector<std::uint8_t>> messages;
-        for (const auto& list : port_.received()) {
+        for (const auto& list : editor.midiService.at(port_).received()) {
             for (const auto& packet : list) {
                 messages.push_back(packet.bytes);
             }
@@ -87,7 +87,7 @@ TEST_F(Transfer, FourBlocksLeaveInOrderWithAPauseAfterEach) {
 TEST_F(Transfer, EachMessageIsOnePacketOf254BytesForNow) {
     chooseOutput();
     send();
-    const auto lists = port_.received();
+    const auto lists = editor.midiService.at(port_).received();
     ASSERT_EQ(lists.size(), 4U);
     for (std::size_t i = 0; i < 4; ++i) {
         ASSERT_EQ(lists.at(i).size(), 1U);
@@ -166,7 +166,7 @@ TEST_F(Transfer, AnOutputThatVanishesUnnoticedEndsTheSendAsUsual) {
     desktop.onSleep = [&](std::chrono::duration<double>) { port_.unplug(); };
     desktop.answerAlert();
     controller.sendData();
-    EXPECT_EQ(port_.received().size(), 1U);
+    EXPECT_EQ(editor.midiService.at(port_).received().size(), 1U);
     EXPECT_EQ(desktop.journal().back(), doneBut("Tormelk Port 1 went away during the Send: 1 of 4 "
                                                 "layers is known to have left this computer"));
     EXPECT_EQ(desktop.sleeps().size(), 4U);
@@ -191,8 +191,9 @@ TEST_F(Transfer, TheOutputIsAskedForAgainBeforeEachBlock) {
     };
     desktop.answerAlert();
     controller.sendData();
-    EXPECT_EQ(port_.received().size(), 2U);  // blocks 0 and 3
-    EXPECT_EQ(other.received().size(), 1U);  // block 1; for block 2 there was none
+    EXPECT_EQ(editor.midiService.at(port_).received().size(), 2U);  // blocks 0 and 3
+    EXPECT_EQ(editor.midiService.at(other).received().size(),
+              1U);  // block 1; for block 2 there was none
     EXPECT_FALSE(first->isInUse());
     second->removeSender(&self);
 }

@@ -88,7 +88,7 @@ TEST_F(AbsoluteBytes, TheConnectionPointsDoNothing) {
 TEST(SecondMessageForm, HasItsFifteenBytesInOnePacket) {
     const platform::MIDIPacketListPtr list = mainController::getMidiPacketList();
     ASSERT_NE(list, nullptr);
-    const auto packets = platform::software::recordOf(*list);
+    const auto packets = support::recordOf(*list);
     ASSERT_EQ(packets.size(), 1U);
     EXPECT_EQ(packets[0].timeStamp, 0U);
     EXPECT_THAT(packets[0].bytes, ElementsAre(0xF0, 0x1D, 0x03, 0x00, 0x65, 0x4E, 0x67, 0x67, 0x67,

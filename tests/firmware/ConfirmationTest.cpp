@@ -61,10 +61,10 @@ TEST_F(ConfirmationTest, TellsWhatToDoShouldItBeCutOff) {
 
 TEST_F(ConfirmationTest, NamesTheOtherProgramsOnTheSameOutput) {
     openImage(someImage(400));
-    output->setConnectedPrograms({"Recorder", "Patch Bay"});
+    service.at(*output).setConnectedPrograms({"Recorder", "Patch Bay"});
     EXPECT_THAT(fact(shown(), "Also connected"),
                 AllOf(HasSubstr("Recorder, Patch Bay"), HasSubstr("could slip in between")));
-    output->setConnectedPrograms({});
+    service.at(*output).setConnectedPrograms({});
     EXPECT_EQ(fact(shown(), "Also connected"), "not said");
 }
 

@@ -195,7 +195,7 @@ TEST_F(DeviceOffline, SaysSoWhenNoOutputIsChosenAnyMore) {
 }
 
 TEST_F(DeviceOffline, NamesTheProgramThatKeepsTheOutputToItself) {
-    output->keepInUse("aseqdump");
+    service.at(*output).keepInUse("aseqdump");
     upload();
     expectCompleted(
         "Nothing left this computer: the output is in use by aseqdump. Close that program and "
@@ -205,16 +205,16 @@ TEST_F(DeviceOffline, NamesTheProgramThatKeepsTheOutputToItself) {
 TEST_F(DeviceOffline, SaysWhileItHappensThatADeviceTakesNothing) {
     std::vector<std::string> texts;
     dialog().progress.onDisplay = [&] { texts.push_back(dialog().step5.stringValue()); };
-    afterMessages(34 + 530 + 100, [this] { output->holdBack(); });
+    afterMessages(34 + 530 + 100, [this] { service.at(*output).holdBack(); });
     std::size_t waiting = 0;
     desktop.onSleep = [&](Seconds pause) {
         events.push_back({{}, pause.count()});
         if (received == 664) {
             ++waiting;
             if (waiting == 10) {
-                output->holdBack(std::chrono::milliseconds(5300));
+                service.at(*output).holdBack(std::chrono::milliseconds(5300));
             } else if (waiting == 20) {
-                output->giveUp();
+                service.at(*output).giveUp();
             }
         }
     };
@@ -231,7 +231,7 @@ TEST_F(DeviceOffline, SaysWhileItHappensThatADeviceTakesNothing) {
 /// The last bytes of an upload are known to have arrived only after its end.
 class SettledLater : public DeviceOffline {
 protected:
-    SettledLater() { output->settleLater(); }
+    SettledLater() { service.at(*output).settleLater(); }
 
     const std::string waiting_ =
         "All 4 blocks were handed over. Waiting until the controller has taken everything.";
@@ -243,7 +243,7 @@ TEST_F(SettledLater, ClaimsNoMoreThanIsKnownAndSaysItWhenItIs) {
     EXPECT_EQ(dialog().step5.stringValue(), waiting_);
     EXPECT_EQ(dialog().nextStep(), 5) << "it still goes on";
     EXPECT_EQ(dialog().progress.doubleValue(), 0);
-    output->settle();
+    service.at(*output).settle();
     service.dispatch();
     EXPECT_EQ(dialog().step5.stringValue(), "");
     EXPECT_EQ(dialog().nextStep(), 0);
@@ -254,7 +254,7 @@ TEST_F(SettledLater, IsShownBehindTheAlertAlready) {
     desktop.onAlert([this](const toolkit::Alert&) {
         int told = 0;
         dialog().onNextStep = [&told] { ++told; };
-        output->settle();
+        service.at(*output).settle();
         service.dispatch();
         EXPECT_EQ(told, 1);
         EXPECT_EQ(dialog().step5.stringValue(), "");
@@ -276,10 +276,10 @@ TEST_F(SettledLater, TakesAControllerThatGoesAwayAtTheEndForOneThatStartsAnew) {
 }
 
 TEST_F(SettledLater, IsCutByTroubleAfterItsLastByte) {
-    afterMessages(34 + 3 * 530, [this] { output->holdBack(); });
+    afterMessages(34 + 3 * 530, [this] { service.at(*output).holdBack(); });
     upload();
     EXPECT_EQ(dialog().step5.stringValue(), waiting_);
-    output->giveUp();
+    service.at(*output).giveUp();
     service.dispatch();
     const std::string truth =
         "Only 3 of 4 blocks left this computer: the controller takes nothing. Its firmware is "
@@ -294,7 +294,7 @@ TEST_F(SettledLater, IsKnownToAWindowThatWasClosedMeanwhile) {
     reopenDialog();
     EXPECT_EQ(dialog().step5.stringValue(), waiting_);
     reopenDialog();
-    output->settle();
+    service.at(*output).settle();
     service.dispatch();
     EXPECT_EQ(dialog().step5.stringValue(), "");
     EXPECT_EQ(dialog().nextStep(), 0);
@@ -303,13 +303,13 @@ TEST_F(SettledLater, IsKnownToAWindowThatWasClosedMeanwhile) {
 TEST_F(SettledLater, LeavesAPersonWhoHasBegunAnewWhereTheyAre) {
     upload();
     chooseDevice();
-    output->settle();
+    service.at(*output).settle();
     service.dispatch();
     EXPECT_EQ(dialog().nextStep(), 4);
 }
 
 TEST_F(SettledLater, OfAResetThatWasNotSeenToLeaveSaysThatItIsNotKnown) {
-    afterMessages(34 + 4 * 530, [this] { output->holdBack(); });
+    afterMessages(34 + 4 * 530, [this] { service.at(*output).holdBack(); });
     upload();
     device->unplug();
     service.dispatch();

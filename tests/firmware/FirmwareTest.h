@@ -20,8 +20,8 @@
 #include "firmware/message.h"
 #include "midi/ZQMIDIProcess.h"
 #include "platform/NotificationCentre.h"
-#include "platform/software/SoftwareMidiService.h"
 #include "support/ScriptedDesktop.h"
+#include "support/ScriptedMidiService.h"
 
 namespace firmware {
 
@@ -129,7 +129,7 @@ protected:
     }
 
     files::TemporaryFolder folder{files::parentInMemory()};
-    platform::software::SoftwareMidiService service;
+    support::ScriptedMidiService service;
     platform::NotificationCentre centre;
     midi::ZQMIDIProcess process{service, centre};
     support::ScriptedDesktop desktop;

@@ -12,7 +12,7 @@ namespace {
 
 class CarelessPerson final : public toolkit::Desktop {
 public:
-    CarelessPerson(unsigned seed, platform::software::SoftwareMidiService& service,
+    CarelessPerson(unsigned seed, support::ScriptedMidiService& service,
                    platform::software::Device& device, std::vector<std::filesystem::path> files)
         : random_(seed), service_(service), device_(device), files_(std::move(files)) {}
 
@@ -86,7 +86,7 @@ private:
     }
 
     std::mt19937 random_;
-    platform::software::SoftwareMidiService& service_;
+    support::ScriptedMidiService& service_;
     platform::software::Device& device_;
     std::vector<std::filesystem::path> files_;
 };
@@ -100,7 +100,7 @@ TEST_P(RandomPresses, BreakNothing) {
     files::write(folder / "tormelk-empty.bin", "");
     files::write(folder / "tormelk-large.bin", someImage(58000));
     files::write(folder / "other.bin", someImage(100));
-    output->keepReceived(false);
+    service.at(*output).keepReceived(false);
     CarelessPerson person(
         GetParam(), service, *device,
         {folder / "tormelk-small.bin", folder / "tormelk-empty.bin", folder / "tormelk-large.bin",

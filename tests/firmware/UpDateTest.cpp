@@ -39,9 +39,9 @@ TEST_F(UpDate, SendsTheUpdateModeMessageAndWaits) {
     const Bytes message = {0xF0, 0x1D, 0x03, 0x00, 0x69, 0x55, 0x7F, 0xF7};
     EXPECT_THAT(desktop.journal(), ElementsAre(journal::bytes(message), journal::sleep(1.75),
                                                alertLine("Tormelk Wyro", "Send Done")));
-    ASSERT_EQ(output->received().size(), 1U);
-    EXPECT_EQ(output->received()[0].size(), 1U);
-    EXPECT_EQ(output->received()[0][0].timeStamp, 0U);
+    ASSERT_EQ(service.at(*output).received().size(), 1U);
+    EXPECT_EQ(service.at(*output).received()[0].size(), 1U);
+    EXPECT_EQ(service.at(*output).received()[0][0].timeStamp, 0U);
     EXPECT_EQ(devices.midi_device_open, 0);
 }
 
@@ -55,7 +55,7 @@ TEST_F(UpDate, IsRefusedWhileTheDeviceIsOffline) {
     device->unplug();
     service.dispatch();
     expectRefusal();
-    EXPECT_THAT(output->received(), testing::IsEmpty());
+    EXPECT_THAT(service.at(*output).received(), testing::IsEmpty());
 }
 
 TEST_F(UpDate, IsNotDoneWhenTheMessageDidNotLeave) {
@@ -74,12 +74,12 @@ TEST_F(UpDate, IsNotDoneWhenTheMessageDidNotLeave) {
         EXPECT_EQ(devices.midi_device_open, 0);
         EXPECT_EQ(desktop.sleeps().back(), Seconds(1.75));
     };
-    output->keepInUse("aseqdump");
+    service.at(*output).keepInUse("aseqdump");
     expectNotDone("the output is in use by aseqdump");
-    output->freeAgain();
-    output->holdBack();
+    service.at(*output).freeAgain();
+    service.at(*output).holdBack();
     expectNotDone("the controller has not taken it yet");
-    output->takeWaiting();
+    service.at(*output).takeWaiting();
     service.fail("MIDISend", -1);
     expectNotDone("the controller takes nothing");
 }
@@ -87,7 +87,7 @@ TEST_F(UpDate, IsNotDoneWhenTheMessageDidNotLeave) {
 TEST_F(UpDate, IsDoneAlsoWhenTheControllerLeavesItsNormalModeAtOnce) {
     plugController();
     chooseDevice();
-    output->settleLater();
+    service.at(*output).settleLater();
     desktop.onSleep = [this](Seconds) { device->unplug(); };
     desktop.answerAlert();
     dialog().updateButton.click();
@@ -104,7 +104,7 @@ TEST_F(UpDate, WorksWithoutTheDeviceHavingBeenChosenAnewAfterIt) {
         dialog().updateButton.click();
         EXPECT_EQ(devices.midi_device_open, 0);
     }
-    EXPECT_EQ(output->received().size(), 2U) << "the output is still known";
+    EXPECT_EQ(service.at(*output).received().size(), 2U) << "the output is still known";
 }
 
 }  // namespace

@@ -148,7 +148,7 @@ TEST_F(UpLoad, AdvancesTheProgressByOneForEachBlock) {
         EXPECT_EQ(dialog().progress.minValue(), 0);
         EXPECT_EQ(dialog().progress.maxValue(), 79);
         EXPECT_FALSE(dialog().progress.isHidden());
-        messages.push_back(output->received().size());
+        messages.push_back(service.at(*output).received().size());
     };
     upload();
     ASSERT_EQ(shown.size(), 80U);
@@ -250,7 +250,7 @@ TEST_F(UpLoad, CountsFromNothingAtItsStartAndAgainAfterTheErase) {
     };
     upload();
     EXPECT_THAT(counts, ElementsAre(0U, 4096U));
-    EXPECT_EQ(output->received().size(), 3U * 17 + 2 * 530)
+    EXPECT_EQ(service.at(*output).received().size(), 3U * 17 + 2 * 530)
         << "both blocks, from the first byte on";
     EXPECT_EQ(state.file_len_count, 1024U);
 }
@@ -262,7 +262,7 @@ TEST_F(UpLoad, StartsAlsoWithAFileThatWasRefused) {
     openImage(someImage(1000), "firmware.bin");
     record();
     upload();
-    EXPECT_EQ(output->received().size(), 3U * 17) << "connect, erase, reset";
+    EXPECT_EQ(service.at(*output).received().size(), 3U * 17) << "connect, erase, reset";
 }
 
 TEST_F(UpLoad, TheWindowOpensWithTheTitleAndTheBytesSentLast) {

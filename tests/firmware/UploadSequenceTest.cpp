@@ -192,9 +192,9 @@ TEST_F(UploadSequence, WrapsTheBlockCounterAfter256Blocks) {
 
 TEST_F(UploadSequence, SendsEachMessageInAListOfItsOwnStampedNow) {
     openImage(someImage(100));
-    output->forgetReceived();
+    service.at(*output).forgetReceived();
     upload();
-    const auto lists = output->received();
+    const auto lists = service.at(*output).received();
     ASSERT_EQ(lists.size(), 17U + 17 + 530 + 17);
     for (const auto& list : lists) {
         ASSERT_EQ(list.size(), 1U);

@@ -13,7 +13,7 @@
 #include "fuzz/Mutator.h"
 #include "midi/ZQMIDIProcess.h"
 #include "platform/NotificationCentre.h"
-#include "platform/software/SoftwareMidiService.h"
+#include "support/ScriptedMidiService.h"
 
 // The reader of firmware files does with a file what its name and size ask for, whatever is in it:
 // files of every size around the limits, under every kind of name, one after another into the same
@@ -83,7 +83,7 @@ protected:
     void seed(std::uint64_t seed) { random_.seed(seed); }
 
     const files::TemporaryFolder folder_{files::parentInMemory()};
-    platform::software::SoftwareMidiService service_;
+    support::ScriptedMidiService service_;
     platform::NotificationCentre notificationCentre_;
     midi::ZQMIDIProcess process_{service_, notificationCentre_};
     firmware::FirmwareState state_{process_};

@@ -10,17 +10,17 @@
 
 #include "midi/ZQMIDIProcess.h"
 #include "platform/NotificationCentre.h"
-#include "platform/software/SoftwareMidiService.h"
+#include "support/ScriptedMidiService.h"
 
 namespace midi {
 
 using platform::MIDIEndpointRef;
 using platform::noErr;
-using platform::software::Call;
 using platform::software::Destination;
 using platform::software::Device;
-using platform::software::RecordedPacketList;
 using platform::software::Source;
+using support::Call;
+using support::RecordedPacketList;
 
 inline const std::vector<std::uint8_t> noteOn = {0x90, 0x3C, 0x64};
 inline const RecordedPacketList noteOnRecord = {{0, noteOn}};
@@ -31,7 +31,7 @@ struct Recorder final : ZQMIDIReceiver {
     std::vector<const void*> senders;
 
     void processMIDIPacketList(const platform::MIDIPacketList& list, const void* sender) override {
-        lists.push_back(platform::software::recordOf(list));
+        lists.push_back(support::recordOf(list));
         senders.push_back(sender);
     }
 };
@@ -90,9 +90,9 @@ protected:
         });
     }
 
-    std::unique_ptr<platform::software::SoftwareMidiService> serviceOwner =
-        std::make_unique<platform::software::SoftwareMidiService>();
-    platform::software::SoftwareMidiService& service = *serviceOwner;
+    std::unique_ptr<support::ScriptedMidiService> serviceOwner =
+        std::make_unique<support::ScriptedMidiService>();
+    support::ScriptedMidiService& service = *serviceOwner;
     platform::NotificationCentre centre;
     std::time_t now = 1'700'000'000;
     std::unique_ptr<ZQMIDIProcess> process =

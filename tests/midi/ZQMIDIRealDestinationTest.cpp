@@ -22,7 +22,7 @@ TEST_F(RealDestination, SendsWithASenderRegistered) {
     destination.processMIDIPacketList(*list,
                                       nullptr);  // who says it does not matter
     destination.removeSender(this);
-    EXPECT_THAT(out.received(), ElementsAre(noteOnRecord, noteOnRecord));
+    EXPECT_THAT(service.at(out).received(), ElementsAre(noteOnRecord, noteOnRecord));
 }
 
 TEST_F(RealDestination, SendsNothingWithoutASender) {
@@ -34,7 +34,7 @@ TEST_F(RealDestination, SendsNothingWithoutASender) {
     destination.addSender(this);
     destination.removeSender(this);
     destination.processMIDIPacketList(*list, this);
-    EXPECT_THAT(out.received(), IsEmpty());
+    EXPECT_THAT(service.at(out).received(), IsEmpty());
 }
 
 TEST_F(RealDestination, SendsNothingWhileOffline) {
@@ -52,7 +52,7 @@ TEST_F(RealDestination, SendsIntoTheVoidWhenTheDeviceHasJustGone) {
     destination.addSender(this);
     out.unplug();
     destination.processMIDIPacketList(*list, this);
-    EXPECT_THAT(out.received(), IsEmpty());
+    EXPECT_THAT(service.at(out).received(), IsEmpty());
     destination.removeSender(this);
     EXPECT_EQ(service.openOutputPorts(), 0U);
 }
@@ -67,7 +67,7 @@ TEST_F(RealDestination, OpensAndClosesAPortAroundEveryUse) {
         EXPECT_EQ(service.openOutputPorts(), 0U);
     }
     EXPECT_EQ(service.outputPortsCreated(), 3U);
-    EXPECT_EQ(out.received().size(), 3U);
+    EXPECT_EQ(service.at(out).received().size(), 3U);
 }
 
 TEST_F(RealDestination, TakesTheLastOfSeveralSendersToClose) {

@@ -182,7 +182,7 @@ TEST_F(RealEndpoint, ReopensItsPortOnTheNewHandleAfterAReplug) {
     EXPECT_TRUE(destination.ioIsRunning());
     EXPECT_EQ(service.outputPortsCreated(), 2U);
     destination.processMIDIPacketList(*platform::makeOnePacketList(noteOn), this);
-    EXPECT_THAT(out.received(), ElementsAre(noteOnRecord));
+    EXPECT_THAT(service.at(out).received(), ElementsAre(noteOnRecord));
     destination.removeSender(this);
 }
 
@@ -223,7 +223,7 @@ TEST_F(RealEndpoint, ToleratesAPortThatCannotBeCreated) {
     real(out).processMIDIPacketList(*platform::makeOnePacketList(noteOn), this);
     EXPECT_FALSE(real(in).ioIsRunning());
     EXPECT_FALSE(real(out).ioIsRunning());
-    EXPECT_THAT(out.received(), IsEmpty());
+    EXPECT_THAT(service.at(out).received(), IsEmpty());
     real(in).removeReceiver(&receiver);
     real(out).removeSender(this);
     EXPECT_THAT(calls, ElementsAre(entry("MIDIInputPortCreate", client),

@@ -84,7 +84,7 @@ TEST_F(RealSource, CanBeTiedToADestination) {
     real(out).addSender(&real(in));
     real(in).addReceiver(&real(out));
     in.emit(noteOn);
-    EXPECT_THAT(out.received(), ElementsAre(noteOnRecord));
+    EXPECT_THAT(service.at(out).received(), ElementsAre(noteOnRecord));
     real(in).removeReceiver(&real(out));
     real(out).removeSender(&real(in));
 }

@@ -107,7 +107,7 @@ TEST_F(ArchivedEndpoints, KeepsTheClassApartFromTheName) {
 TEST_F(ArchivedEndpoints, GivesAnAbsentEndpointBackAsOneThatTheManagerAdopts) {
     Bytes bytes;
     {
-        platform::software::SoftwareMidiService elsewhere;
+        support::ScriptedMidiService elsewhere;
         ZQMIDIProcess other(elsewhere, centre);
         elsewhere.addSource("far").setUniqueID(12);
         bytes = archived(*other.sharedInstance().realSources().at(0));

@@ -55,18 +55,18 @@ TEST_F(ConsignmentTest, ForgetsWhatTheOutputWasGivenBefore) {
 }
 
 TEST_F(ConsignmentTest, TellsEachTroubleOfTheService) {
-    port.keepInUse("Recorder");
+    service.at(port).keepInUse("Recorder");
     Consignment inUse(service, 3, output());
     handOver(inUse, 1);
     EXPECT_EQ(inUse.look().trouble, Trouble::InUse);
     EXPECT_EQ(inUse.receipt().program, "Recorder");
-    port.freeAgain();
-    port.holdBack(4s);
+    service.at(port).freeAgain();
+    service.at(port).holdBack(4s);
     Consignment stalled(service, 3, output());
     handOver(stalled, 1);
     EXPECT_EQ(stalled.look().standstill, 4s);
     EXPECT_EQ(stalled.look().trouble, Trouble::None);
-    port.giveUp();
+    service.at(port).giveUp();
     EXPECT_EQ(stalled.look().trouble, Trouble::TakesNothing);
     Consignment gone(service, 6, output());
     handOver(gone, 1);
@@ -108,25 +108,25 @@ TEST_F(ConsignmentTest, GoesToItsOwnOutputAlone) {
 }
 
 TEST_F(ConsignmentTest, ThatIsCutLeavesNothingWaiting) {
-    port.holdBack();
+    service.at(port).holdBack();
     Consignment cut(service, 9, output());
     handOver(cut, 2);
     cut.cut(Trouble::WentAway);
     EXPECT_EQ(cut.receipt().trouble, Trouble::WentAway);
-    port.takeWaiting();
-    EXPECT_TRUE(port.receivedBytes().empty());
+    service.at(port).takeWaiting();
+    EXPECT_TRUE(service.at(port).receivedBytes().empty());
     EXPECT_EQ(cut.receipt().left, 0U);
 }
 
 TEST_F(ConsignmentTest, TellsOnceWhenItIsSettled) {
-    port.settleLater();
+    service.at(port).settleLater();
     Consignment watched(service, 3, output());
     handOver(watched, 1);
     EXPECT_FALSE(watched.look().isSettled);
     watched.whenSettled([this] { ++settled_; });
     service.dispatch();
     EXPECT_EQ(settled_, 0);
-    port.settle();
+    service.at(port).settle();
     service.dispatch();
     service.dispatch();
     EXPECT_EQ(settled_, 1);
@@ -135,7 +135,7 @@ TEST_F(ConsignmentTest, TellsOnceWhenItIsSettled) {
 }
 
 TEST_F(ConsignmentTest, TellsOfTroubleThatComesAfterItsLastByte) {
-    port.settleLater();
+    service.at(port).settleLater();
     Consignment watched(service, 3, output());
     handOver(watched, 1);
     watched.whenSettled([this] { ++settled_; });
@@ -148,20 +148,20 @@ TEST_F(ConsignmentTest, TellsOfTroubleThatComesAfterItsLastByte) {
 }
 
 TEST_F(ConsignmentTest, TellsNobodyAnyMoreWhenItIsGoneOrSomethingElseIsSent) {
-    port.settleLater();
+    service.at(port).settleLater();
     {
         Consignment gone(service, 3, output());
         handOver(gone, 1);
         gone.whenSettled([this] { ++settled_; });
     }
-    port.settle();
+    service.at(port).settle();
     service.dispatch();
     Consignment before(service, 3, output());
     handOver(before, 1);
     before.whenSettled([this] { ++settled_; });
     Consignment after(service, 9, output());
     handOver(after, 2);
-    port.settle();
+    service.at(port).settle();
     service.dispatch();
     EXPECT_EQ(settled_, 0);
     EXPECT_TRUE(before.look().isSettled) << "nothing will be known of it any more";
@@ -170,13 +170,13 @@ TEST_F(ConsignmentTest, TellsNobodyAnyMoreWhenItIsGoneOrSomethingElseIsSent) {
 }
 
 TEST_F(ConsignmentTest, TellsTheOneWhoAskedLast) {
-    port.settleLater();
+    service.at(port).settleLater();
     Consignment watched(service, 3, output());
     handOver(watched, 1);
     watched.whenSettled([] { FAIL(); });
     watched.whenSettled(nullptr);
     watched.whenSettled([this] { ++settled_; });
-    port.settle();
+    service.at(port).settle();
     service.dispatch();
     EXPECT_EQ(settled_, 1);
 }

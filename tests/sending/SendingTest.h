@@ -10,9 +10,9 @@
 
 #include "midi/ZQMIDIProcess.h"
 #include "platform/NotificationCentre.h"
-#include "platform/software/SoftwareMidiService.h"
 #include "sending/Consignment.h"
 #include "sending/Way.h"
+#include "support/ScriptedMidiService.h"
 
 namespace sending {
 
@@ -46,7 +46,7 @@ protected:
         service.dispatch();
     }
 
-    platform::software::SoftwareMidiService service;
+    support::ScriptedMidiService service;
     platform::software::Device& device = service.addDevice("Tormelk");
     platform::software::Destination& port = device.addDestination("Tormelk");
     platform::NotificationCentre centre;

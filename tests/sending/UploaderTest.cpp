@@ -114,11 +114,11 @@ TEST_F(UploaderTest, SendsNothingMoreToAnOutputThatWasOfflineForAMoment) {
 }
 
 TEST_F(UploaderTest, SendsNothingMoreAfterAByteThatIsKnownToBeLost) {
-    after(1000, [this] { port.holdBack(); });
+    after(1000, [this] { service.at(port).holdBack(); });
     std::size_t pausesOfWaiting = 0;
     onPause = [&] {
         if (received == 1000 && ++pausesOfWaiting == 10) {
-            port.giveUp();  // and takes what comes after
+            service.at(port).giveUp();  // and takes what comes after
         }
     };
     const Receipt receipt = upload();
@@ -129,33 +129,33 @@ TEST_F(UploaderTest, SendsNothingMoreAfterAByteThatIsKnownToBeLost) {
 }
 
 TEST_F(UploaderTest, ThrowsAwayWhatStillWaitsWhenItIsCut) {
-    after(100, [this] { port.holdBack(); });
+    after(100, [this] { service.at(port).holdBack(); });
     onPause = [this] {
         if (received == 100 && pauses.size() > 200) {
             chosen = nullptr;
         }
     };
     EXPECT_EQ(upload().trouble, Trouble::WentAway);
-    port.takeWaiting();
+    service.at(port).takeWaiting();
     EXPECT_EQ(received, 100U);
 }
 
 TEST_F(UploaderTest, TellsEachSecondOfAStandstillAndItsEnd) {
-    after(100, [this] { port.holdBack(1500ms); });
+    after(100, [this] { service.at(port).holdBack(1500ms); });
     onPause = [this] {
         if (received == 100) {
             switch (pauses.size()) {
                 case 150:
-                    port.holdBack(2s);
+                    service.at(port).holdBack(2s);
                     break;
                 case 160:
-                    port.holdBack(2900ms);
+                    service.at(port).holdBack(2900ms);
                     break;
                 case 170:
-                    port.holdBack(3s);
+                    service.at(port).holdBack(3s);
                     break;
                 case 200:
-                    port.takeWaiting();
+                    service.at(port).takeWaiting();
                     break;
                 default:
                     break;
@@ -182,7 +182,7 @@ TEST_F(UploaderTest, HasTroubleFromTheStartWithoutAnOutputThatIsThere) {
 }
 
 TEST_F(UploaderTest, SendsNothingToAnOutputThatAnotherProgramKeepsToItself) {
-    port.keepInUse("Recorder");
+    service.at(port).keepInUse("Recorder");
     const Receipt receipt = upload();
     EXPECT_EQ(receipt.trouble, Trouble::InUse);
     EXPECT_EQ(receipt.program, "Recorder");
@@ -223,7 +223,7 @@ TEST_F(UploaderTest, AfterOneThatWasCutIsWholeAgain) {
 }
 
 TEST_F(UploaderTest, MayBeSettledLater) {
-    port.settleLater();
+    service.at(port).settleLater();
     const Receipt receipt = upload();
     EXPECT_TRUE(receipt.hasLeft());
     EXPECT_FALSE(receipt.isSettled);

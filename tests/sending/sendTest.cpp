@@ -18,7 +18,7 @@ protected:
 
 TEST_F(SendTest, SendsAMessageForEachLayerWithAPauseAfterEach) {
     const Consignment sent = send(image, way());
-    const auto lists = port.received();
+    const auto lists = service.at(port).received();
     ASSERT_EQ(lists.size(), 4U);
     for (std::size_t layer = 0; layer < 4; ++layer) {
         ASSERT_EQ(lists[layer].size(), 1U);
@@ -73,7 +73,7 @@ TEST_F(SendTest, OfOneMessageKeepsTheOutputOpenDuringThePause) {
     onPause = [this] { EXPECT_EQ(service.openOutputPorts(), 1U); };
     const Consignment sent = sendMessage(message, Seconds(1.75), way());
     EXPECT_THAT(pauses, ElementsAre(1.75));
-    EXPECT_EQ(port.receivedBytes(), message);
+    EXPECT_EQ(service.at(port).receivedBytes(), message);
     EXPECT_TRUE(sent.receipt().hasLeft());
     chosen = nullptr;
     EXPECT_EQ(sendMessage(message, Seconds(1.75), way()).receipt().trouble, Trouble::NoOutput);

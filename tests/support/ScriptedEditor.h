@@ -10,18 +10,18 @@
 #include "firmware/FirmwareState.h"
 #include "midi/ZQMIDIProcess.h"
 #include "platform/NotificationCentre.h"
-#include "platform/software/SoftwareMidiService.h"
 #include "support/ScriptedDesktop.h"
+#include "support/ScriptedMidiService.h"
 
 namespace support {
 
 /// What the editor is put together from, but for a desktop and the controller above it.
 struct EditorParts {
-    platform::software::SoftwareMidiService service;
-    platform::NotificationCentre centre;
-    midi::ZQMIDIProcess process{service, centre};
-    devices::seldevChoice devices{process};
-    firmware::FirmwareState firmware{process};
+    ScriptedMidiService midiService;
+    platform::NotificationCentre notificationCentre;
+    midi::ZQMIDIProcess midiProcess{midiService, notificationCentre};
+    devices::seldevChoice devices{midiProcess};
+    firmware::FirmwareState firmware{midiProcess};
     editor::EditorState state;
     editor::MainWindow window;
 };

@@ -38,10 +38,7 @@ void SoftwareMidiService::deliverTo(Lock& lock, MIDIEndpointRef destination,
         runCallback(lock, destination, [=, &list] { read(&list, refCon, nullptr); });
         return;
     }
-    auto& device = static_cast<Destination&>(*present_.at(destination));
-    if (device.keepsReceived_) {
-        device.received_.push_back(recordOf(list));
-    }
+    const auto& device = static_cast<const Destination&>(*present_.at(destination));
     const std::shared_ptr<const Destination::Handler> handler = device.handler_;
     lock.unlock();
     if (handler) {
@@ -82,74 +79,45 @@ void SoftwareMidiService::sendTo(MIDIEndpointRef publishedDestination, const MID
     }
 }
 
-std::vector<RecordedPacketList> SoftwareMidiService::publishedBy(MIDIEndpointRef source) const {
-    const std::lock_guard lock(mutex_);
-    const auto lists = publishedLists_.find(source);
-    return lists == publishedLists_.end() ? std::vector<RecordedPacketList>() : lists->second;
-}
-
 OSStatus SoftwareMidiService::MIDISend(MIDIPortRef port, MIDIEndpointRef destination,
                                        const MIDIPacketList* list) {
-    const OSStatus failed = begin({"MIDISend", destination});
-    Lock lock(mutex_);
-    if (failed != noErr) {
-        if (list != nullptr) {
-            lose(lock, destination, *list, failed);
-        }
-        return failed;
-    }
-    if (list == nullptr) {
-        misuse("MIDISend", "no packet list for", destination);
-        return kMIDIObjectNotFound;
-    }
-    if (findPort(lock, "MIDISend", port, false) == nullptr) {
-        return kMIDIInvalidPort;
-    }
-    const Object* const object = find(lock, "MIDISend", destination);
-    if (object == nullptr) {
-        lose(lock, destination, *list, kMIDIUnknownEndpoint);
-        return kMIDIUnknownEndpoint;
-    }
-    if (object->type_ != kMIDIObjectType_Destination) {
-        misuse("MIDISend", "not a destination:", destination);
-        return kMIDIWrongEndpointType;
-    }
-    return accept(lock, static_cast<const Destination&>(*object), *list);
-}
-
-std::vector<std::string> SoftwareMidiService::connectedPrograms(MIDIEndpointRef endpoint) {
-    const Lock lock(mutex_);
-    const auto found = present_.find(endpoint);
-    const bool isDestination =
-        found != present_.end() && found->second->type_ == kMIDIObjectType_Destination;
-    if (!isDestination || published_.contains(endpoint)) {
-        return {};
-    }
-    return static_cast<const Destination&>(*found->second).connectedPrograms_;
-}
-
-OSStatus SoftwareMidiService::MIDIReceived(MIDIEndpointRef source, const MIDIPacketList* list) {
-    if (const OSStatus failed = begin({"MIDIReceived", source}); failed != noErr) {
-        return failed;
-    }
     {
         const Lock lock(mutex_);
         if (list == nullptr) {
-            misuse("MIDIReceived", "no packet list from", source);
             return kMIDIObjectNotFound;
         }
-        const Object* const object = find(lock, "MIDIReceived", source);
+        if (findPort(lock, port, false) == nullptr) {
+            return kMIDIInvalidPort;
+        }
+        const Object* const object = find(lock, destination);
+        if (object != nullptr && object->type_ != kMIDIObjectType_Destination) {
+            return kMIDIWrongEndpointType;
+        }
+    }
+    return accept(destination, *list);
+}
+
+OSStatus SoftwareMidiService::MIDIReceived(MIDIEndpointRef source, const MIDIPacketList* list) {
+    {
+        const Lock lock(mutex_);
+        if (list == nullptr) {
+            return kMIDIObjectNotFound;
+        }
+        const Object* const object = find(lock, source);
         if (object == nullptr) {
             return kMIDIUnknownEndpoint;
         }
         if (object->type_ != kMIDIObjectType_Source || published_.count(source) == 0) {
-            misuse("MIDIReceived", "not a source that was published here:", source);
             return kMIDIWrongEndpointType;
         }
-        publishedLists_[source].push_back(recordOf(*list));
     }
     deliverFrom(source, *list);
     return noErr;
+}
+
+void SoftwareMidiService::reportChange() {
+    const Lock lock(mutex_);
+    reportChange(lock);
 }
 
 void SoftwareMidiService::reportChange(const Lock&) {
@@ -160,7 +128,7 @@ void SoftwareMidiService::reportChange(const Lock&) {
     wakeUp();
 }
 
-void SoftwareMidiService::wakeUp() {
+void SoftwareMidiService::wakeUp() const {
     const std::uint64_t one = 1;
     // The counter cannot overflow in a program's life, so nothing can be refused here.
     [[maybe_unused]] const ssize_t written = write(eventFd_, &one, sizeof one);
@@ -172,9 +140,6 @@ void SoftwareMidiService::dispatch() {
     std::vector<std::function<void()>> settled;
     {
         const Lock lock(mutex_);
-        if (std::this_thread::get_id() != mainThread_) {
-            misuse("dispatch", "called on another thread than the main thread", 0);
-        }
         std::uint64_t changes = 0;
         [[maybe_unused]] const ssize_t taken = read(eventFd_, &changes, sizeof changes);
         for (auto& [handle, client] : clients_) {
@@ -195,20 +160,6 @@ void SoftwareMidiService::dispatch() {
     }
     for (const std::function<void()>& watch : settled) {
         watch();
-    }
-}
-
-void SoftwareMidiService::deliverNotification(std::int32_t messageID) {
-    std::vector<Client> all;
-    {
-        const Lock lock(mutex_);
-        for (const auto& [handle, client] : clients_) {
-            all.push_back(client);
-        }
-    }
-    const MIDINotification message{messageID, sizeof(MIDINotification)};
-    for (const Client& client : all) {
-        client.notify(&message, client.refCon);
     }
 }
 

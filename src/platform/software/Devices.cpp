@@ -100,37 +100,6 @@ void Destination::onReceive(Handler handler) {
     handler_ = handler ? std::make_shared<const Handler>(std::move(handler)) : nullptr;
 }
 
-std::vector<RecordedPacketList> Destination::received() const {
-    const std::lock_guard lock(service_.mutex_);
-    return received_;
-}
-
-std::vector<std::uint8_t> Destination::receivedBytes() const {
-    const std::lock_guard lock(service_.mutex_);
-    std::vector<std::uint8_t> bytes;
-    for (const RecordedPacketList& list : received_) {
-        for (const RecordedPacket& packet : list) {
-            bytes.insert(bytes.end(), packet.bytes.begin(), packet.bytes.end());
-        }
-    }
-    return bytes;
-}
-
-void Destination::forgetReceived() {
-    const std::lock_guard lock(service_.mutex_);
-    received_.clear();
-}
-
-void Destination::keepReceived(bool keep) {
-    const std::lock_guard lock(service_.mutex_);
-    keepsReceived_ = keep;
-}
-
-void Destination::setConnectedPrograms(std::vector<std::string> names) {
-    const std::lock_guard lock(service_.mutex_);
-    connectedPrograms_ = std::move(names);
-}
-
 Device::Device(SoftwareMidiService& service, std::string_view name, bool external)
     : Object(service, external ? kMIDIObjectType_ExternalDevice : kMIDIObjectType_Device, name),
       external_(external) {}
@@ -243,9 +212,6 @@ void SoftwareMidiService::appear(const Lock& lock, Object& object) {
 
 ServiceState SoftwareMidiService::state() {
     const Lock lock(mutex_);
-    if (obstacle_.obstacle != ServiceState::Obstacle::None) {
-        return obstacle_;
-    }
     ServiceState state;
     state.hasDestination =
         std::any_of(destinations_.begin(), destinations_.end(), [this](MIDIEndpointRef handle) {
@@ -257,32 +223,6 @@ ServiceState SoftwareMidiService::state() {
     return state;
 }
 
-void SoftwareMidiService::obstruct(const ServiceState& state) {
-    const Lock lock(mutex_);
-    obstacle_ = state;
-    reportChange(lock);
-}
-
-void SoftwareMidiService::recover() {
-    obstruct({});
-}
-
-void SoftwareMidiService::recoverInSilence() {
-    const Lock lock(mutex_);
-    hasRecoveredInSilence_ = true;
-}
-
-void SoftwareMidiService::rescan() {
-    {
-        const Lock lock(mutex_);
-        if (!std::exchange(hasRecoveredInSilence_, false)) {
-            return;
-        }
-    }
-    recover();
-    dispatch();
-}
-
 void SoftwareMidiService::vanish(const Lock& lock, Object& object) {
     if (object.handle_ != 0) {
         withdraw(lock, object);
@@ -290,11 +230,7 @@ void SoftwareMidiService::vanish(const Lock& lock, Object& object) {
     }
 }
 
-void SoftwareMidiService::withdraw(const Lock& lock, Object& object) {
-    const auto account = accounts_.find(object.handle_);
-    if (account != accounts_.end() && !account->second.delivery.isSettled) {
-        fail(lock, account->second, Delivery::Trouble::WentAway);
-    }
+void SoftwareMidiService::withdraw(const Lock&, Object& object) {
     present_.erase(object.handle_);
     std::erase(sources_, object.handle_);
     std::erase(destinations_, object.handle_);

@@ -5,8 +5,6 @@
 // thread. The service owns these objects and keeps them while they are unplugged, so that they can
 // come back; what is plugged in anew gets new handles.
 
-#include <chrono>
-#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -18,7 +16,6 @@
 #include <vector>
 
 #include "platform/MidiService.h"
-#include "platform/software/RecordedPackets.h"
 
 namespace platform::software {
 
@@ -120,47 +117,13 @@ public:
     /// Takes each list that is sent here, within the sender's call of MIDISend.
     void onReceive(Handler handler);
 
-    /// Each list that was sent here, in order.
-    [[nodiscard]] std::vector<RecordedPacketList> received() const;
-    /// All bytes that were sent here, without packet limits.
-    [[nodiscard]] std::vector<std::uint8_t> receivedBytes() const;
-    void forgetReceived();
-    /// Whether lists are kept for `received`; they are, unless switched off.
-    void keepReceived(bool keep);
-
-    /// The other programs that are connected to this port; none at first.
-    void setConnectedPrograms(std::vector<std::string> names);
-
-    // How it takes what is sent here. At first: all of it at once, and that is known at once.
-
-    /// From now on what is sent waits, and what waits when the port goes is lost. Senders are told
-    /// that nothing was taken for so long.
-    void holdBack(std::chrono::milliseconds standstill = {});
-    /// Takes what waits, and everything after it.
-    void takeWaiting();
-    /// It has taken nothing for too long: what waits is lost.
-    void giveUp();
-    /// Another program keeps the port to itself, until `freeAgain`; its name may be unknown.
-    void keepInUse(std::string program);
-    void freeAgain();
-    /// From now on what was taken is known to have arrived only after `settle`.
-    void settleLater();
-    void settle();
-
 private:
     friend class SoftwareMidiService;
     Destination(SoftwareMidiService& service, MIDIObjectType type, std::string_view name,
                 Entity* entity)
         : Endpoint(service, type, name, entity) {}
 
-    // Guarded by the service's mutex.
-    std::shared_ptr<const Handler> handler_;
-    std::vector<RecordedPacketList> received_;
-    bool keepsReceived_ = true;
-    std::vector<std::string> connectedPrograms_;
-    std::optional<std::chrono::milliseconds> standstill_;  // while it holds back
-    std::optional<std::string> usedBy_;
-    bool settlesLater_ = false;
+    std::shared_ptr<const Handler> handler_;  // guarded by the service's mutex
 };
 
 /// Hardware with ports; or, external, what a person says is plugged into such a port.

@@ -28,12 +28,8 @@ bool has(const Map& map, std::string_view property) {
 OSStatus SoftwareMidiService::MIDIObjectGetStringProperty(MIDIObjectRef object,
                                                           std::string_view property,
                                                           std::string* value) {
-    constexpr std::string_view operation = "MIDIObjectGetStringProperty";
-    if (const OSStatus failed = begin({operation, object, property}); failed != noErr) {
-        return failed;
-    }
     const Lock lock(mutex_);
-    const Object* const found = find(lock, operation, object);
+    const Object* const found = find(lock, object);
     if (found == nullptr) {
         return kMIDIObjectNotFound;
     }
@@ -44,12 +40,8 @@ OSStatus SoftwareMidiService::MIDIObjectGetStringProperty(MIDIObjectRef object,
 OSStatus SoftwareMidiService::MIDIObjectGetIntegerProperty(MIDIObjectRef object,
                                                            std::string_view property,
                                                            std::int32_t* value) {
-    constexpr std::string_view operation = "MIDIObjectGetIntegerProperty";
-    if (const OSStatus failed = begin({operation, object, property}); failed != noErr) {
-        return failed;
-    }
     const Lock lock(mutex_);
-    const Object* const found = find(lock, operation, object);
+    const Object* const found = find(lock, object);
     if (found == nullptr) {
         return kMIDIObjectNotFound;
     }
@@ -60,12 +52,8 @@ OSStatus SoftwareMidiService::MIDIObjectGetIntegerProperty(MIDIObjectRef object,
 OSStatus SoftwareMidiService::MIDIObjectGetDataProperty(MIDIObjectRef object,
                                                         std::string_view property,
                                                         std::vector<std::uint8_t>* value) {
-    constexpr std::string_view operation = "MIDIObjectGetDataProperty";
-    if (const OSStatus failed = begin({operation, object, property}); failed != noErr) {
-        return failed;
-    }
     const Lock lock(mutex_);
-    const Object* const found = find(lock, operation, object);
+    const Object* const found = find(lock, object);
     if (found == nullptr) {
         return kMIDIObjectNotFound;
     }
@@ -76,12 +64,8 @@ OSStatus SoftwareMidiService::MIDIObjectGetDataProperty(MIDIObjectRef object,
 OSStatus SoftwareMidiService::MIDIObjectSetStringProperty(MIDIObjectRef object,
                                                           std::string_view property,
                                                           std::string_view value) {
-    constexpr std::string_view operation = "MIDIObjectSetStringProperty";
-    if (const OSStatus failed = begin({operation, object, property}); failed != noErr) {
-        return failed;
-    }
     const Lock lock(mutex_);
-    Object* const found = find(lock, operation, object);
+    Object* const found = find(lock, object);
     if (found == nullptr) {
         return kMIDIObjectNotFound;
     }
@@ -92,12 +76,8 @@ OSStatus SoftwareMidiService::MIDIObjectSetStringProperty(MIDIObjectRef object,
 OSStatus SoftwareMidiService::MIDIObjectSetIntegerProperty(MIDIObjectRef object,
                                                            std::string_view property,
                                                            std::int32_t value) {
-    constexpr std::string_view operation = "MIDIObjectSetIntegerProperty";
-    if (const OSStatus failed = begin({operation, object, property}); failed != noErr) {
-        return failed;
-    }
     const Lock lock(mutex_);
-    Object* const found = find(lock, operation, object);
+    Object* const found = find(lock, object);
     if (found == nullptr) {
         return kMIDIObjectNotFound;
     }
@@ -113,9 +93,6 @@ OSStatus SoftwareMidiService::MIDIObjectSetIntegerProperty(MIDIObjectRef object,
 
 OSStatus SoftwareMidiService::MIDIObjectFindByUniqueID(std::int32_t uniqueID, MIDIObjectRef* object,
                                                        MIDIObjectType* type) {
-    if (const OSStatus failed = begin({"MIDIObjectFindByUniqueID"}); failed != noErr) {
-        return failed;
-    }
     const Lock lock(mutex_);
     const Object* const found = objectWithUniqueID(lock, uniqueID);
     if (found == nullptr) {
@@ -128,19 +105,14 @@ OSStatus SoftwareMidiService::MIDIObjectFindByUniqueID(std::int32_t uniqueID, MI
 
 OSStatus SoftwareMidiService::MIDIEndpointGetEntity(MIDIEndpointRef endpoint,
                                                     MIDIEntityRef* entity) {
-    constexpr std::string_view operation = "MIDIEndpointGetEntity";
-    if (const OSStatus failed = begin({operation, endpoint}); failed != noErr) {
-        return failed;
-    }
     const Lock lock(mutex_);
-    const Object* const found = find(lock, operation, endpoint);
+    const Object* const found = find(lock, endpoint);
     if (found == nullptr) {
         return kMIDIObjectNotFound;
     }
     const auto* const asEndpoint = dynamic_cast<const Endpoint*>(found);
     if (asEndpoint == nullptr) {
-        misuse(operation, "not an endpoint:", endpoint);
-        return kMIDIUnknownEndpoint;
+        return kMIDIWrongEndpointType;
     }
     if (asEndpoint->entity_ == nullptr || asEndpoint->entity_->handle_ == 0) {
         return kMIDIObjectNotFound;
@@ -150,19 +122,14 @@ OSStatus SoftwareMidiService::MIDIEndpointGetEntity(MIDIEndpointRef endpoint,
 }
 
 OSStatus SoftwareMidiService::MIDIEntityGetDevice(MIDIEntityRef entity, MIDIDeviceRef* device) {
-    constexpr std::string_view operation = "MIDIEntityGetDevice";
-    if (const OSStatus failed = begin({operation, entity}); failed != noErr) {
-        return failed;
-    }
     const Lock lock(mutex_);
-    const Object* const found = find(lock, operation, entity);
+    const Object* const found = find(lock, entity);
     if (found == nullptr) {
         return kMIDIObjectNotFound;
     }
     const auto* const asEntity = dynamic_cast<const Entity*>(found);
     if (asEntity == nullptr) {
-        misuse(operation, "not an entity:", entity);
-        return kMIDIObjectNotFound;
+        return kMIDIWrongEndpointType;
     }
     if (asEntity->device_.handle_ == 0) {
         return kMIDIObjectNotFound;

@@ -5,6 +5,7 @@
 namespace app {
 namespace {
 
+using platform::software::SoftwareMidiService;
 using testing::internal::CaptureStdout;
 using testing::internal::GetCapturedStdout;
 
@@ -23,7 +24,8 @@ Verdict check(Demo& demo) {
 }
 
 TEST(DemoCheck, IsContentWhenEveryByteArrives) {
-    Demo demo;
+    SoftwareMidiService midiService;
+    Demo demo(midiService);
     const Verdict verdict = check(demo);
     EXPECT_TRUE(verdict.right) << verdict.said;
     EXPECT_EQ(demo.tormelk.log().size(), 8U);
@@ -41,7 +43,8 @@ void comeBetween(Demo& demo, const std::function<void(std::vector<std::uint8_t>&
 }
 
 TEST(DemoCheck, SeesOneWrongByteAndSaysWhichOne) {
-    Demo demo;
+    SoftwareMidiService midiService;
+    Demo demo(midiService);
     comeBetween(demo, [](std::vector<std::uint8_t>& message) {
         if (message[6] == 3) {
             message[100] = 0x55;
@@ -55,7 +58,8 @@ TEST(DemoCheck, SeesOneWrongByteAndSaysWhichOne) {
 }
 
 TEST(DemoCheck, MissesAMessageThatDidNotArrive) {
-    Demo demo;
+    SoftwareMidiService midiService;
+    Demo demo(midiService);
     comeBetween(demo, [](std::vector<std::uint8_t>& message) {
         if (message[6] == 2) {
             message.clear();

@@ -47,7 +47,8 @@ int main(int count, char** arguments) {
         std::fputs("Usage: tormelk-demo-check [--screenshot FILE]\n", stderr);
         return 2;
     }
-    app::Demo demo;
+    platform::software::SoftwareMidiService midiService;
+    app::Demo demo(midiService);
     demo.show();
     return check(demo, *screenshot) ? 0 : 1;
 }

@@ -86,7 +86,6 @@ protected:
         : device(midiService.addDevice("Tormelk")),
           destination(device.addDestination("Tormelk MIDI 1")) {
         device.addSource("Tormelk MIDI 1");
-        destination.keepReceived(false);
         destination.onReceive([this](const platform::MIDIPacketList& list) {
             platform::forEachPacket(list, [this](std::uint64_t, std::span<const std::uint8_t> b) {
                 ++messages;

@@ -86,7 +86,7 @@ TEST_F(Callbacks, MaySendAndUnplugTheDevice) {
     const MIDIPortRef input = inputPort(Action::read, &action);
     service.MIDIPortConnectSource(input, in.handle(), nullptr);
     in.emit(noteOn);
-    EXPECT_EQ(out.received().size(), 1U);
+    EXPECT_EQ(service.at(out).received().size(), 1U);
     service.MIDIPortDispose(input);
     service.MIDIPortDispose(output);
 }

@@ -17,7 +17,7 @@ TEST_F(Delivery, HandsASentListToTheDestinationBeforeTheSendReturns) {
     const MIDIPortRef port = outputPort();
     EXPECT_EQ(service.MIDISend(port, out.handle(), makeOnePacketList(noteOn).get()), noErr);
     EXPECT_THAT(taken, ElementsAre(RecordedPacketList{{0, noteOn}}));
-    EXPECT_EQ(out.received(), taken);
+    EXPECT_EQ(service.at(out).received(), taken);
     service.MIDIPortDispose(port);
 }
 
@@ -25,7 +25,7 @@ TEST_F(Delivery, TellsWhichOtherProgramsAreConnectedToADestination) {
     Destination& out = service.addDestination("out");
     const Source& in = service.addSource("in");
     EXPECT_THAT(service.connectedPrograms(out.handle()), IsEmpty());
-    out.setConnectedPrograms({"Recorder", "Patch Bay"});
+    service.at(out).setConnectedPrograms({"Recorder", "Patch Bay"});
     EXPECT_THAT(service.connectedPrograms(out.handle()), ElementsAre("Recorder", "Patch Bay"));
     EXPECT_THAT(service.connectedPrograms(in.handle()), IsEmpty());
     EXPECT_THAT(service.connectedPrograms(0), IsEmpty());
@@ -45,13 +45,14 @@ TEST_F(Delivery, RecordsEveryPacketWithItsTime) {
     const MIDIPacketListPtr list = makeOnePacketList({});
     std::memcpy(list.get(), raw.data(), raw.size());
     service.MIDISend(port, out.handle(), list.get());
-    EXPECT_THAT(out.received(), ElementsAre(RecordedPacketList{{1, {7, 8}}, {9, {0xF7}}}));
-    EXPECT_THAT(out.receivedBytes(), ElementsAre(7, 8, 0xF7));
-    out.forgetReceived();
-    EXPECT_THAT(out.received(), IsEmpty());
-    out.keepReceived(false);
+    EXPECT_THAT(service.at(out).received(),
+                ElementsAre(RecordedPacketList{{1, {7, 8}}, {9, {0xF7}}}));
+    EXPECT_THAT(service.at(out).receivedBytes(), ElementsAre(7, 8, 0xF7));
+    service.at(out).forgetReceived();
+    EXPECT_THAT(service.at(out).received(), IsEmpty());
+    service.at(out).keepReceived(false);
     service.MIDISend(port, out.handle(), list.get());
-    EXPECT_THAT(out.received(), IsEmpty());
+    EXPECT_THAT(service.at(out).received(), IsEmpty());
     service.MIDIPortDispose(port);
 }
 
@@ -62,7 +63,7 @@ TEST_F(Delivery, SendsToADestinationThatVanishedFailWithoutBlame) {
     out.unplug();
     EXPECT_EQ(service.MIDISend(port, handle, makeOnePacketList(noteOn).get()),
               kMIDIUnknownEndpoint);
-    EXPECT_THAT(out.received(), IsEmpty());
+    EXPECT_THAT(service.at(out).received(), IsEmpty());
     service.MIDIPortDispose(port);
 }
 

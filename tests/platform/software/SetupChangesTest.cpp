@@ -118,7 +118,7 @@ TEST_F(SetupChanges, DispatchedOnAnotherThreadAreMisuse) {
 TEST_F(SetupChanges, MadeDuringADispatchAreDeliveredByTheNext) {
     MIDIClientRef second = 0;
     struct Changer {
-        SoftwareMidiService& service;
+        support::ScriptedMidiService& service;
         int calls = 0;
     } changer{service};
     service.MIDIClientCreate(

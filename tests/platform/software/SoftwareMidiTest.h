@@ -8,9 +8,12 @@
 #include <string>
 #include <vector>
 
-#include "platform/software/SoftwareMidiService.h"
+#include "support/ScriptedMidiService.h"
 
 namespace platform::software {
+
+using support::RecordedPacketList;
+using support::recordOf;
 
 /// A service with one client. A test that means to misuse it empties the list of misuses.
 class SoftwareMidiTest : public ::testing::Test {
@@ -24,7 +27,7 @@ protected:
             this, &client);
     }
     void TearDown() override {
-        const std::shared_ptr<Misuses> misuses = service.misuseList();
+        const std::shared_ptr<support::Misuses> misuses = service.misuseList();
         owner.reset();
         EXPECT_THAT(misuses->reports(), ::testing::IsEmpty());
     }
@@ -60,8 +63,9 @@ protected:
         return all;
     }
 
-    std::unique_ptr<SoftwareMidiService> owner = std::make_unique<SoftwareMidiService>();
-    SoftwareMidiService& service = *owner;
+    std::unique_ptr<support::ScriptedMidiService> owner =
+        std::make_unique<support::ScriptedMidiService>();
+    support::ScriptedMidiService& service = *owner;
     MIDIClientRef client = 0;
     std::vector<std::int32_t> messages;
 };

@@ -8,17 +8,17 @@
 #include <QTimer>
 #include <memory>
 
-#include "platform/software/SoftwareMidiService.h"
 #include "qt/warnings.h"
+#include "support/ScriptedMidiService.h"
 
 namespace qt::desktop {
 namespace {
 
-using platform::software::SoftwareMidiService;
+using support::ScriptedMidiService;
 
 /// A client of a service, which counts the setup changes it hears of.
 struct Client {
-    explicit Client(SoftwareMidiService& used) : service(used) {
+    explicit Client(ScriptedMidiService& used) : service(used) {
         service.MIDIClientCreate("test", &Client::notify, this, &handle);
     }
     Client(const Client&) = delete;
@@ -29,13 +29,13 @@ struct Client {
         ++static_cast<Client*>(refCon)->changes;
     }
 
-    SoftwareMidiService& service;
+    ScriptedMidiService& service;
     platform::MIDIClientRef handle = 0;
     int changes = 0;
 };
 
 TEST(MidiDispatcher, DeliversSetupChangesFromTheEventLoop) {
-    SoftwareMidiService service;
+    ScriptedMidiService service;
     const Client client(service);
     const MidiDispatcher dispatcher(service);
     service.addDevice("Tormelk");
@@ -44,7 +44,7 @@ TEST(MidiDispatcher, DeliversSetupChangesFromTheEventLoop) {
 }
 
 TEST(MidiDispatcher, DeliversThemInANestedEventLoopToo) {
-    SoftwareMidiService service;
+    ScriptedMidiService service;
     const Client client(service);
     const MidiDispatcher dispatcher(service);
     bool heard = false;
@@ -56,7 +56,7 @@ TEST(MidiDispatcher, DeliversThemInANestedEventLoopToo) {
 }
 
 TEST(MidiDispatcher, StopsWhenItIsDestroyed) {
-    SoftwareMidiService service;
+    ScriptedMidiService service;
     const Client client(service);
     { const MidiDispatcher dispatcher(service); }
     service.addDevice("Tormelk");
@@ -65,14 +65,14 @@ TEST(MidiDispatcher, StopsWhenItIsDestroyed) {
 }
 
 /// A service that got no descriptor, because the process had none left.
-std::unique_ptr<SoftwareMidiService> serviceWithoutDescriptor() {
+std::unique_ptr<ScriptedMidiService> serviceWithoutDescriptor() {
     // The sanitizer looks at the first object of a class through a descriptor of its own.
-    const SoftwareMidiService first;
+    const ScriptedMidiService first;
     rlimit limit{};
     getrlimit(RLIMIT_NOFILE, &limit);
     const rlimit none{0, limit.rlim_max};
     setrlimit(RLIMIT_NOFILE, &none);
-    auto service = std::make_unique<SoftwareMidiService>();
+    auto service = std::make_unique<ScriptedMidiService>();
     setrlimit(RLIMIT_NOFILE, &limit);
     return service;
 }

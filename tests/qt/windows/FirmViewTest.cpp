@@ -15,13 +15,13 @@
 #include "files/TemporaryFolder.h"
 #include "midi/ZQMIDIProcess.h"
 #include "platform/NotificationCentre.h"
-#include "platform/software/SoftwareMidiService.h"
 #include "qt/desktop/MidiDispatcher.h"
 #include "qt/desktop/QtDesktop.h"
 #include "qt/widgets/ProgressView.h"
 #include "qt/windows/views.h"
 #include "sending/frames.h"
 #include "simulator/SimulatedController.h"
+#include "support/ScriptedMidiService.h"
 #include "support/windows/hands.h"
 
 namespace qt::windows {
@@ -72,7 +72,7 @@ protected:
         : device(service.addDevice("Tormelk")),
           source(device.addSource("Tormelk MIDI 1")),
           destination(device.addDestination("Tormelk MIDI 1")) {
-        destination.keepReceived(false);
+        service.at(destination).keepReceived(false);
         destination.onReceive([this](const platform::MIDIPacketList& list) {
             platform::forEachPacket(list, [this](std::uint64_t, std::span<const std::uint8_t> b) {
                 tormelk.receive(b);
@@ -144,7 +144,7 @@ protected:
         return numbers;
     }
 
-    platform::software::SoftwareMidiService service;
+    support::ScriptedMidiService service;
     platform::software::Device& device;
     platform::software::Source& source;
     platform::software::Destination& destination;
@@ -382,7 +382,7 @@ TEST_F(FirmViewTest, AWholeUploadAfterOneThatWasCutHasAFreshBar) {
 
 TEST_F(FirmViewTest, FollowsTheEndOfAnUploadFromTheEventLoop) {
     files::write(folder / "tormelk.bin", std::string(1000, 'x'));
-    destination.settleLater();
+    service.at(destination).settleLater();
     open([&](QDialog& window) {
         pressInDialog(window, "select", "MIDI Devices", "ok");
         openFile(window, (folder / "tormelk.bin").string());
@@ -391,7 +391,7 @@ TEST_F(FirmViewTest, FollowsTheEndOfAnUploadFromTheEventLoop) {
         upload(window, [](QDialog& confirmation) { click(find(confirmation, "ok")); });
         EXPECT_EQ(line(window, "step5"), waiting);
         EXPECT_THAT(emphasised(window), ElementsAre(5));
-        destination.settle();
+        service.at(destination).settle();
         EXPECT_TRUE(QTest::qWaitFor([&window] {
             return line(window, "step5") == QStringLiteral("Nothing is being sent.");
         }));

@@ -12,10 +12,10 @@
 #include "devices/seldev2.h"
 #include "midi/ZQMIDIProcess.h"
 #include "platform/NotificationCentre.h"
-#include "platform/software/SoftwareMidiService.h"
 #include "qt/desktop/MidiDispatcher.h"
 #include "qt/desktop/QtDesktop.h"
 #include "qt/windows/views.h"
+#include "support/ScriptedMidiService.h"
 #include "support/windows/hands.h"
 
 namespace qt::windows {
@@ -53,7 +53,7 @@ protected:
         return choice.InDevice() == nullptr ? "none" : choice.InDevice()->displayName();
     }
 
-    platform::software::SoftwareMidiService service;
+    support::ScriptedMidiService service;
     platform::NotificationCentre centre;
     midi::ZQMIDIProcess process{service, centre};
     devices::seldevChoice choice{process};

@@ -1,4 +1,4 @@
-#include "platform/software/Misuses.h"
+#include "support/Misuses.h"
 
 #include "platform/software/SoftwareMidiTest.h"
 
@@ -31,7 +31,7 @@ TEST_F(MisusesOfTheService, IncludeUseOfADisposedPort) {
     service.MIDIPortDispose(port);
     EXPECT_EQ(service.MIDISend(port, out.handle(), list.get()), kMIDIInvalidPort);
     expectMisuse("MIDISend");
-    EXPECT_THAT(out.received(), IsEmpty());
+    EXPECT_THAT(service.at(out).received(), IsEmpty());
 }
 
 TEST_F(MisusesOfTheService, IncludeAPortOfTheWrongKind) {
@@ -144,8 +144,8 @@ TEST_F(MisusesOfTheService, IncludeAPublishedEndpointDisposedOfTwice) {
 }
 
 TEST(MisusesAtTheEnd, IncludeWhatWasLeftOpen) {
-    auto service = std::make_unique<SoftwareMidiService>();
-    const std::shared_ptr<Misuses> misuses = service->misuseList();
+    auto service = std::make_unique<support::ScriptedMidiService>();
+    const std::shared_ptr<support::Misuses> misuses = service->misuseList();
     MIDIClientRef client = 0;
     MIDIPortRef port = 0;
     MIDIEndpointRef source = 0;

@@ -6,9 +6,9 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-using Failures = SoftwareMidiTest;
+using ScriptedFailures = SoftwareMidiTest;
 
-TEST_F(Failures, LeaveNoClient) {
+TEST_F(ScriptedFailures, LeaveNoClient) {
     service.fail("MIDIClientCreate", kMIDIServerStartErr);
     MIDIClientRef failed = 3;
     EXPECT_EQ(service.MIDIClientCreate("x", nullptr, nullptr, &failed), kMIDIServerStartErr);
@@ -16,7 +16,7 @@ TEST_F(Failures, LeaveNoClient) {
     EXPECT_EQ(service.clients(), 1U);
 }
 
-TEST_F(Failures, LeaveNoPort) {
+TEST_F(ScriptedFailures, LeaveNoPort) {
     service.fail("MIDIOutputPortCreate", -1);
     service.fail("MIDIInputPortCreate", -2);
     MIDIPortRef port = 3;
@@ -26,7 +26,7 @@ TEST_F(Failures, LeaveNoPort) {
     EXPECT_EQ(service.outputPortsCreated() + service.inputPortsCreated(), 0U);
 }
 
-TEST_F(Failures, CanBeForOnePropertyAndEnd) {
+TEST_F(ScriptedFailures, CanBeForOnePropertyAndEnd) {
     const Source& in = service.addSource("in");
     std::int32_t id = 0;
     std::string name;
@@ -38,16 +38,16 @@ TEST_F(Failures, CanBeForOnePropertyAndEnd) {
     EXPECT_EQ(service.MIDIObjectGetIntegerProperty(in.handle(), kMIDIPropertyUniqueID, &id), noErr);
 }
 
-TEST_F(Failures, OfASendDeliverNothing) {
+TEST_F(ScriptedFailures, OfASendDeliverNothing) {
     Destination& out = service.addDestination("out");
     const MIDIPortRef port = outputPort();
     service.fail("MIDISend", -3);
     EXPECT_EQ(service.MIDISend(port, out.handle(), makeOnePacketList(noteOn).get()), -3);
-    EXPECT_THAT(out.received(), IsEmpty());
+    EXPECT_THAT(service.at(out).received(), IsEmpty());
     service.MIDIPortDispose(port);
 }
 
-TEST_F(Failures, OfCountingCountNothing) {
+TEST_F(ScriptedFailures, OfCountingCountNothing) {
     service.addSource("in");
     service.addDestination("out");
     service.fail("MIDIGetNumberOfSources", -3);
@@ -56,11 +56,11 @@ TEST_F(Failures, OfCountingCountNothing) {
     EXPECT_THAT(destinations(), IsEmpty());
 }
 
-TEST_F(Failures, CanBeDecidedCallByCall) {
+TEST_F(ScriptedFailures, CanBeDecidedCallByCall) {
     Destination& out = service.addDestination("out");
     const MIDIPortRef port = outputPort();
     std::vector<std::string> calls;
-    service.onCall([&](const Call& call) {
+    service.onCall([&](const support::Call& call) {
         calls.emplace_back(call.operation);
         if (call.operation == "MIDISend") {
             out.unplug();  // just before it is reached

@@ -19,7 +19,7 @@
 #include <cmath>
 #include <set>
 
-#include "qt/EveryWindow.h"
+#include "app/windows/EveryWindow.h"
 #include "qt/letterContrast.h"
 #include "qt/palettes.h"
 #include "qt/widgets/ButtonView.h"

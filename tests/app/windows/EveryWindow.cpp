@@ -1,4 +1,4 @@
-#include "qt/EveryWindow.h"
+#include "app/windows/EveryWindow.h"
 
 #include <QAction>
 #include <QApplication>
@@ -14,6 +14,7 @@
 #include "firmware/readImage.h"
 #include "qt/mouse.h"
 #include "sending/Uploader.h"
+#include "support/ScriptedMidiService.h"
 #include "support/windows/hands.h"
 
 namespace tests {
@@ -73,7 +74,7 @@ void showMainAfterSend(app::Demo& demo, const Visit& visit) {
 
 /// As an owner meets it who has not plugged anything in.
 void showMainWithoutOutput(app::Demo& demo, const Visit& visit) {
-    platform::software::SoftwareMidiService empty;
+    support::ScriptedMidiService empty;
     app::Editor editor(empty, demo.desktop);
     editor.show();
     show(editor.view, "main-no-output", visit);
@@ -163,7 +164,7 @@ void showUpload(app::Demo& demo, const Visit& visit) {
 }
 
 /// An upload of which the controller takes all but the last blocks, and the alert after it.
-void showCutUpload(app::Demo& demo, const Visit& visit) {
+void showCutUpload(app::Demo& demo, support::ScriptedMidiService& service, const Visit& visit) {
     demo.editor.devices.midi_device_open = 1;
     sending::UploadData& data = demo.editor.firmware;
     std::size_t pauses = 0;
@@ -171,9 +172,9 @@ void showCutUpload(app::Demo& demo, const Visit& visit) {
         data, {demo.midiService, [&demo] { return demo.editor.devices.OutDevice(); },
                [&](sending::Seconds) {
                    if (++pauses == 36 + 31 * 531 + 100) {
-                       demo.destination.holdBack();
+                       service.at(demo.destination).holdBack();
                    } else if (pauses == 36 + 31 * 531 + 200) {
-                       demo.destination.giveUp();
+                       service.at(demo.destination).giveUp();
                    }
                }});
     demo.editor.firmware.upload = uploader.upload();
@@ -203,7 +204,7 @@ void chooseFile(app::Demo& demo, const QTemporaryDir& folder, const char* name, 
     (void)firmware::readImage(file.fileName().toStdString(), demo.editor.firmware);
 }
 
-void showFirmware(app::Demo& demo, const Visit& visit) {
+void showFirmware(app::Demo& demo, support::ScriptedMidiService& service, const Visit& visit) {
     const QTemporaryDir folder;
     openFirmware(demo, [&](QDialog& dialog) {
         show(dialog, "firmware", visit);
@@ -215,16 +216,16 @@ void showFirmware(app::Demo& demo, const Visit& visit) {
     chooseFile(demo, folder, "tormelk_2.bin", 40000);
     openFirmware(demo, [&](QDialog& dialog) {
         show(dialog, "firmware-ready", visit);
-        demo.destination.setConnectedPrograms({"Recorder"});
+        service.at(demo.destination).setConnectedPrograms({"Recorder"});
         showMessage(dialog, "message", visit);
-        demo.destination.setConnectedPrograms({});
+        service.at(demo.destination).setConnectedPrograms({});
         chooseFile(demo, folder, "tormelk_far_too_large.bin", 60000);
         showMessage(dialog, "message-warning", visit);
         press(dialog, Qt::Key_Escape);
     });
     chooseFile(demo, folder, "tormelk_2.bin", 40000);
     showUpload(demo, visit);
-    showCutUpload(demo, visit);
+    showCutUpload(demo, service, visit);
     show(demo.simulatorView, "simulator-update", visit);
     demo.editor.firmware.lastStepDone = 5;
     openFirmware(demo, [&](QDialog& dialog) {
@@ -234,7 +235,7 @@ void showFirmware(app::Demo& demo, const Visit& visit) {
 }
 
 void showEmptyDeviceDialog(app::Demo& demo, const Visit& visit) {
-    platform::software::SoftwareMidiService empty;
+    support::ScriptedMidiService empty;
     midi::ZQMIDIProcess process(empty, demo.editor.notificationCentre);
     devices::seldevChoice choice(process);
     devices::seldev dialog(choice, demo.desktop);
@@ -246,8 +247,8 @@ void showEmptyDeviceDialog(app::Demo& demo, const Visit& visit) {
 }
 
 /// An editor on another computer than the demo's: its main window and its device dialog.
-void showElsewhere(app::Demo& demo, platform::software::SoftwareMidiService& service,
-                   const std::string& where, const Visit& visit) {
+void showElsewhere(app::Demo& demo, support::ScriptedMidiService& service, const std::string& where,
+                   const Visit& visit) {
     app::Editor editor(service, demo.desktop);
     editor.show();
     whenDialogOpens(QStringLiteral("MIDI Devices"), [&](QDialog& dialog) {
@@ -260,7 +261,7 @@ void showElsewhere(app::Demo& demo, platform::software::SoftwareMidiService& ser
 
 void showWithoutMidi(app::Demo& demo, const Visit& visit) {
     using Obstacle = platform::ServiceState::Obstacle;
-    platform::software::SoftwareMidiService service;
+    support::ScriptedMidiService service;
     const platform::ServiceState notAllowed{Obstacle::NotAllowed, "sudo usermod -aG audio $USER",
                                             "audio"};
     service.obstruct(notAllowed);
@@ -277,7 +278,7 @@ void showWithoutMidi(app::Demo& demo, const Visit& visit) {
 }
 
 void showLongName(app::Demo& demo, const Visit& visit) {
-    platform::software::SoftwareMidiService service;
+    support::ScriptedMidiService service;
     service.addSource(std::string(127, 'W'));
     service.addDestination(std::string(127, 'W'));
     showElsewhere(demo, service, "long-name", visit);
@@ -286,7 +287,8 @@ void showLongName(app::Demo& demo, const Visit& visit) {
 }  // namespace
 
 void forEveryWindow(const Visit& visit) {
-    app::Demo demo;
+    support::ScriptedMidiService service;
+    app::Demo demo(service);
     parkMouse();
     demo.show();
     (void)QTest::qWaitForWindowActive(&demo.editor.view);
@@ -298,7 +300,7 @@ void forEveryWindow(const Visit& visit) {
     show(demo.simulatorView, "simulator", visit);
     showPadEditor(demo, visit);
     showAbout(demo, visit);
-    showFirmware(demo, visit);
+    showFirmware(demo, service, visit);
     showEmptyDeviceDialog(demo, visit);
     showMainWithoutOutput(demo, visit);
     showWithoutMidi(demo, visit);

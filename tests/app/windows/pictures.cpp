@@ -1,7 +1,7 @@
 // Writes a picture of every window, light and dark, into a folder, for people to leaf through:
 //
-//     qt-pictures FOLDER          at 1x and at 2x
-//     qt-pictures FOLDER SCALE    at one of them, or any other
+//     window-pictures FOLDER          at 1x and at 2x
+//     window-pictures FOLDER SCALE    at one of them, or any other
 //
 // No display is needed. It fails where a text on the drawn controller has too little contrast to be
 // read.
@@ -16,7 +16,7 @@
 #include <vector>
 
 #include "app/identity.h"
-#include "qt/EveryWindow.h"
+#include "app/windows/EveryWindow.h"
 #include "qt/letterContrast.h"
 #include "qt/palettes.h"
 #include "qt/surface/SurfaceEditor.h"
@@ -73,7 +73,7 @@ bool writeAtEveryScale(const std::string& program, const std::string& folder) {
 int main(int count, char** arguments) {
     const std::vector<std::string> words(arguments, arguments + count);
     if (words.size() != 2 && words.size() != 3) {
-        std::fputs("Usage: qt-pictures FOLDER [SCALE]\n", stderr);
+        std::fputs("Usage: window-pictures FOLDER [SCALE]\n", stderr);
         return 2;
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-namespace platform::software {
+namespace support {
 
 /// What a caller of the service did wrong, in words, in order. It may be kept beyond the service's
 /// life, to see what was left open at the end.
@@ -29,4 +29,4 @@ private:
     std::vector<std::string> reports_;
 };
 
-}  // namespace platform::software
+}  // namespace support

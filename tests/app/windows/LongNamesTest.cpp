@@ -12,9 +12,9 @@
 
 #include "app/Editor.h"
 #include "firmware/firm.h"
-#include "platform/software/SoftwareMidiService.h"
 #include "qt/desktop/QtDesktop.h"
 #include "qt/widgets/TextFieldView.h"
+#include "support/ScriptedMidiService.h"
 #include "support/windows/hands.h"
 
 namespace qt {
@@ -74,7 +74,7 @@ protected:
         });
     }
 
-    platform::software::SoftwareMidiService service;
+    support::ScriptedMidiService service;
     desktop::QtDesktop desktop{[](int) {}};
     app::Editor editor{service, desktop};
 };
