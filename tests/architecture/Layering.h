@@ -30,9 +30,8 @@ struct Room {
 /// if the tree is in order.
 [[nodiscard]] std::vector<std::string> layeringOffences(const std::filesystem::path& src);
 
-/// The #include lines of the core rooms' tests under `tests` that name a window toolkit or the
-/// system's MIDI library, in the same form.
-[[nodiscard]] std::vector<std::string> testOffences(const std::filesystem::path& tests);
+/// The arrows of the table that no #include line under `src` needs: "midi: files".
+[[nodiscard]] std::vector<std::string> unusedArrows(const std::filesystem::path& src);
 
 /// The files under `src`, relative to it, that include the library behind the archive's byte
 /// format.
