@@ -27,6 +27,8 @@ struct Stores {
     static constexpr std::size_t holdsDataMark = 246;
 
     [[nodiscard]] bool userDefinedHoldsData() const { return SysBuf_usrdef[holdsDataMark] != 0; }
+
+    bool operator==(const Stores&) const = default;
 };
 
 /// Start, then end (not included), of the byte ranges of a block that a mode change exchanges.

@@ -11,6 +11,13 @@ namespace describe {
 
 namespace {
 
+constexpr std::string_view ownAreKept = ". Your own assignments are kept.";
+constexpr std::string_view loaded = "Loaded ";
+constexpr std::string_view oddLayer = ". Layer";  // or "Layers"
+constexpr std::string_view oddBytes = " bytes the controller may not take.";
+constexpr std::string_view padLayersChanged = " changed";
+constexpr std::string_view padLayersUnchanged = "Pad layers 2 to 4 are as they were";
+
 std::string withNumber(std::string_view what, int index) {
     return std::string(what) + " " + std::to_string(index + 1);
 }
@@ -65,7 +72,7 @@ std::string reportMode(int mode, bool leavesUserDefined) {
     std::string text = "DAW mode: ";
     text += shortNameOfMode(mode);
     if (leavesUserDefined) {
-        text += ". Your own assignments are kept.";
+        text += ownAreKept;
     }
     return text;
 }
@@ -84,9 +91,10 @@ std::string padLayerName(int layer) {
 
 std::string reportPadLayers(const std::vector<int>& changed) {
     if (changed.empty()) {
-        return "Pad layers 2 to 4 are as they were";
+        return std::string(padLayersUnchanged);
     }
-    return (changed.size() == 1 ? "Pad layer " : "Pad layers ") + listed(changed) + " changed";
+    return (changed.size() == 1 ? "Pad layer " : "Pad layers ") + listed(changed) +
+           std::string(padLayersChanged);
 }
 
 std::string reportLoad(const std::string& fileName, const config::Image& sysData) {
@@ -96,14 +104,38 @@ std::string reportLoad(const std::string& fileName, const config::Image& sysData
             odd.push_back(layer);
         }
     }
-    std::string loaded = "Loaded " + fileName;
+    std::string text = std::string(loaded) + fileName;
     if (odd.empty()) {
-        return loaded;
+        return text;
     }
-    return loaded +
-           (odd.size() == 1 ? ". Layer " + listed(odd) + " holds"
-                            : ". Layers " + listed(odd) + " hold") +
-           " bytes the controller may not take.";
+    text += oddLayer;
+    text += (odd.size() == 1 ? " " : "s ") + listed(odd) + (odd.size() == 1 ? " holds" : " hold");
+    text += oddBytes;
+    return text;
+}
+
+std::string stepName(const std::string& report) {
+    if (report == padLayersUnchanged) {
+        return "Pad editor";  // a remembered velocity may be all that changed
+    }
+    std::string_view name = report;
+    const auto cutEnd = [&name](std::string_view end) {
+        if (name.ends_with(end)) {
+            name.remove_suffix(end.size());
+        }
+    };
+    cutEnd(ownAreKept);
+    if (name.starts_with("Pad layer")) {
+        cutEnd(padLayersChanged);
+    }
+    if (!name.starts_with(loaded)) {
+        return std::string(name);
+    }
+    if (name.ends_with(oddBytes)) {
+        name = name.substr(0, name.rfind(oddLayer));
+    }
+    name.remove_prefix(loaded.size());
+    return "Load " + std::string(name);
 }
 
 }  // namespace describe

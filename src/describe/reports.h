@@ -40,4 +40,8 @@ namespace describe {
 /// "Loaded Stage.Tormelk", and what a controller may not take of it.
 [[nodiscard]] std::string reportLoad(const std::string& fileName, const config::Image& sysData);
 
+/// What a step that was reported so is called in "Undo ..." and "Redo ...": the same, without what
+/// the report adds for the moment. "DAW mode: Nuendo", "Load Stage.Tormelk", "Pad layers 2 and 4".
+[[nodiscard]] std::string stepName(const std::string& report);
+
 }  // namespace describe

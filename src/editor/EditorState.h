@@ -7,10 +7,10 @@
 #include <array>
 #include <cstdint>
 
+#include "config/Configuration.h"
 #include "config/control.h"
 #include "config/layout.h"
 #include "config/modes.h"
-#include "config/stores.h"
 
 namespace editor {
 
@@ -72,6 +72,8 @@ public:
     }
     void clear() { flags_ = {}; }
 
+    bool operator==(const LayerFlags&) const = default;
+
 private:
     static std::size_t index(int layer) { return static_cast<std::size_t>(layer); }
     std::array<std::uint8_t, config::layerCount> flags_{};
@@ -86,6 +88,8 @@ struct Selection {
     int msg_Typ = kindNote;        ///< message kind shown in `combo_type`
     int select_type = kindNote;    ///< message kind a person chose last
     int selTag2 = noControl;
+
+    bool operator==(const Selection&) const = default;
 };
 
 /// Which layer block is shown and edited, and which layer buttons stand for it.
@@ -96,6 +100,8 @@ struct Layers {
     int m_paLa = 0;  ///< current pad layer
     int varPaLaDwn = 0;
     LayerFlags bTrigAll;  ///< an "All Momentary" or "All Toggle" choice is in force
+
+    bool operator==(const Layers&) const = default;
 };
 
 /// DAW mode.
@@ -103,6 +109,8 @@ struct Modes {
     int machn_mod = 0;
     int machn_mod_bakup = 0;  ///< the mode before the current switch
     int sysExData_modeBackup = 0;
+
+    bool operator==(const Modes&) const = default;
 };
 
 /// The pad editor's working copy and state.
@@ -115,17 +123,29 @@ struct PadEditing {
     LayerFlags abChAll;            ///< a channel change applies to all nine pads
     std::array<std::int8_t, 4> SYSBuf_vel_bak{};  ///< last constant velocity of each layer
     int isInit2 = 0;
+
+    bool operator==(const PadEditing&) const = default;
 };
 
-struct EditorState {
-    config::Image sysData{};
-    config::Stores stores;
+/// The configuration, and what is selected of it and shown.
+struct EditorState : config::Configuration {
     Selection selection;
     Layers layers;
     Modes modes;
     PadEditing pads;
     int bChange = 0;  ///< 1: a channel or number was changed since the last save or load
     int isInit = 0;   ///< 1: the main window has finished waking
+
+    bool operator==(const EditorState&) const = default;
 };
+
+/// Whether nothing differs that a person works on: the configuration, the DAW mode, the flags of
+/// the layers and the remembered velocities. What is selected and shown may differ.
+[[nodiscard]] inline bool haveSameWork(const EditorState& one, const EditorState& other) {
+    const config::Configuration& configuration = one;
+    return configuration == other && one.modes.machn_mod == other.modes.machn_mod &&
+           one.layers.bTrigAll == other.layers.bTrigAll && one.pads.abChAll == other.pads.abChAll &&
+           one.pads.SYSBuf_vel_bak == other.pads.SYSBuf_vel_bak;
+}
 
 }  // namespace editor

@@ -7,6 +7,7 @@
 #include "describe/reports.h"
 #include "editor/mainController.h"
 #include "editor/pad.h"
+#include "editor/showState.h"
 #include "tables/data.h"
 
 namespace editor {
@@ -226,7 +227,7 @@ void mainController::dataChgCore_pad(int control) {
     window_.combo_cc.selectItemAtIndex(config::number(state_.sysData, padLayer, control));
     window_.combo_chan.selectItemAtIndex(config::channel(state_.sysData, padLayer, control));
     window_.combo_trig.selectItemAtIndex(
-        triggerIndex(padLayer, control, config::mode(state_.sysData, padLayer, control)));
+        triggerIndex(state_, padLayer, control, config::mode(state_.sysData, padLayer, control)));
     window_.combo_type.selectItemAtIndex(state_.selection.msg_Typ);
 }
 

@@ -11,15 +11,16 @@
 //   typeJudge.cpp     boxes brought in line with the image after a load
 //   presetFiles.cpp   Save and Load
 //   transfer.cpp      Send
+//   undo.cpp          Undo, Redo, another configuration in place of the whole
 //   otherWindows.cpp  the other windows, the end of the program
 //   unconnected.cpp   what nothing asks for
 //
 // The pad editor is `pad`. Nothing here draws: the widgets are models.
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -29,6 +30,7 @@
 
 #include "config/presetText.h"
 #include "devices/seldev.h"
+#include "editor/Document.h"
 #include "editor/EditorState.h"
 #include "editor/MainWindow.h"
 #include "editor/about.h"
@@ -102,6 +104,14 @@ public:
     void saveFile();
     void loadFile();
 
+    // Undo. While an action runs, as it does behind the pad editor, there is nothing to undo here.
+    [[nodiscard]] bool canUndo() const { return actionsRunning_ == 0 && document_.canUndo(); }
+    [[nodiscard]] bool canRedo() const { return actionsRunning_ == 0 && document_.canRedo(); }
+    void undo();
+    void redo();
+    /// Puts a whole configuration in place as one step that can be undone.
+    void takeOver(const config::Configuration& configuration, const std::string& name);
+
     // Send
     void sendData();
 
@@ -152,10 +162,11 @@ public:
     void ik_Pop() {}
 
     /// Whether the image differs from the bytes of the file that was saved or loaded last, or from
-    /// the start's. A load may rewrite a byte of what it read, and then the image differs at once.
-    [[nodiscard]] bool isImageEdited() const {
-        return !std::equal(onFile_.begin(), onFile_.end(), state_.sysData.begin());
-    }
+    /// the start's.
+    [[nodiscard]] bool isImageEdited() const { return document_.differsFromFile(); }
+
+    [[nodiscard]] Document& document() { return document_; }
+    [[nodiscard]] const Document& document() const { return document_; }
 
     [[nodiscard]] const std::string& prog_name() const { return programName_; }
 
@@ -169,8 +180,11 @@ private:
     void giveHint(std::string_view hint);
     /// Says in the status line what an action did.
     void report(std::string_view text);
-    /// Tells the view.
-    void actionEnded();
+    /// Runs what a person's click or choice is to do, to its end.
+    void perform(const std::function<void()>& act, const Choice& choice = {});
+    /// Tells the document and the view.
+    void actionEnded(const Choice& choice = {});
+    void tellView();
     void fillBoxes();
     /// `combo_chan`, `combo_type`, `combo_cc`, `combo_trig`.
     [[nodiscard]] std::array<toolkit::ComboBox*, 4> propertyBoxes();
@@ -188,7 +202,6 @@ private:
     void judgeKind(int modeByte);
     void refillValues(texts::List listForUnknownKind);
     void showAssignment(int layer, int control);
-    [[nodiscard]] int triggerIndex(int layerOfFlag, int control, int modeByte) const;
 
     void refillForKind(int modeByte);
     void labelUserDefined(int control);
@@ -223,8 +236,9 @@ private:
     devices::seldevChoice& devices_;
     firmware::FirmwareState& firmware_;
 
-    std::unique_ptr<editor::about> ab_;  // made on first use, then kept
-    config::PresetBytes onFile_{};
+    Document document_;
+    int actionsRunning_ = 0;
+    std::unique_ptr<editor::about> ab_;         // made on first use, then kept
     std::optional<sending::Consignment> sent_;  // the last one
     platform::NotificationCentre::Registration setupChanges_;
     platform::NotificationCentre::Registration stateChanges_;

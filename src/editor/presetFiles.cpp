@@ -31,7 +31,7 @@ void mainController::saveFile() {
         return;
     }
     state_.bChange = 0;
-    onFile_ = saved;
+    document_.filed(saved);
     window_.status.setStringValue("Saved " + path->filename().string() +
                                   (result.inOneStep ? "" : notInOneStep));
     actionEnded();
@@ -98,7 +98,7 @@ void mainController::takePreset(const config::PresetBytes& preset, int mode) {
         toggleGray();  // nothing can be edited in a host's mode
     }
     state_.bChange = 0;
-    onFile_ = preset;
+    document_.filed(preset);
 }
 
 }  // namespace editor

@@ -6,6 +6,7 @@
 #include "describe/controlNames.h"
 #include "describe/reports.h"
 #include "editor/mainController.h"
+#include "editor/showState.h"
 
 namespace editor {
 
@@ -125,8 +126,8 @@ void mainController::chooseTrigger(int index) {
         // stored choice is shown again, and the pad layer's block that is asked for it, so that the
         // box may stay blank, or show another layer's choice, until the next selection.
         const int padLayer = state_.layers.m_paLa;
-        window_.combo_trig.selectItemAtIndex(
-            triggerIndex(padLayer, control, config::mode(state_.sysData, padLayer, control)));
+        window_.combo_trig.selectItemAtIndex(triggerIndex(
+            state_, padLayer, control, config::mode(state_.sysData, padLayer, control)));
     }
 }
 

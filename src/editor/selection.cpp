@@ -2,6 +2,7 @@
 
 #include "describe/controlNames.h"
 #include "editor/mainController.h"
+#include "editor/showState.h"
 #include "tables/data.h"
 
 namespace editor {
@@ -132,20 +133,11 @@ void mainController::showAssignment(int layer, int control) {
     const config::Image& image = state_.sysData;
     window_.combo_chan.selectItemAtIndex(config::channel(image, layer, control));
     window_.combo_trig.selectItemAtIndex(
-        triggerIndex(layer, control, config::mode(image, layer, control)));
+        triggerIndex(state_, layer, control, config::mode(image, layer, control)));
     window_.combo_type.selectItemAtIndex(state_.selection.msg_Typ);
     if (state_.modes.machn_mod != huiMode) {
         window_.combo_cc.selectItemAtIndex(config::number(image, layer, control));
     }
-}
-
-/// Position in `combo_trig` for a mode byte: momentary or toggle, or in User Defined mode the
-/// "All" form of it while `layerOfFlag` has an "All" choice in force.
-int mainController::triggerIndex(int layerOfFlag, int control, int modeByte) const {
-    const int choice = config::toggles(modeByte) ? 1 : 0;
-    const bool all = control < config::firstEncoder && state_.layers.bTrigAll.isSet(layerOfFlag) &&
-                     state_.modes.machn_mod == userDefinedMode;
-    return all ? choice + 2 : choice;
 }
 
 /// While the pad editor is open the boxes show no value. Whether type and channel box hold their

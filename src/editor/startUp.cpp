@@ -13,7 +13,12 @@ using config::trailer;
 
 mainController::mainController(EditorState& state, MainWindow& window, toolkit::Desktop& desktop,
                                devices::seldevChoice& devices, firmware::FirmwareState& firmware)
-    : state_(state), window_(window), desktop_(desktop), devices_(devices), firmware_(firmware) {
+    : state_(state),
+      window_(window),
+      desktop_(desktop),
+      devices_(devices),
+      firmware_(firmware),
+      document_(state, window) {
     state_.selection.selTag2 = noControl;
     config::buildImageAndStores(state_.sysData, state_.stores);
     showLock(0);
@@ -39,17 +44,14 @@ void mainController::awakeFromNib() {
     }
     update_Aft_LoadFile();
     state_.isInit = 1;
-    onFile_ = config::presetBytes(state_.sysData);
+    document_.begin();
     followOutput();
     actionEnded();
 }
 
 void mainController::connectActions() {
     const auto clicked = [this](void (mainController::*act)(toolkit::Button&)) {
-        return [this, act](toolkit::Button& sender) {
-            (this->*act)(sender);
-            actionEnded();
-        };
+        return [this, act](toolkit::Button& sender) { perform([&] { (this->*act)(sender); }); };
     };
     for (toolkit::Button& button : window_.keysOrderedByTag) {
         button.action = clicked(&mainController::typeSelect1);
@@ -60,14 +62,10 @@ void mainController::connectActions() {
     for (toolkit::Button& button : window_.paLaCtrls) {
         button.action = clicked(&mainController::onPaLa);
     }
-    window_.locker.action = [this](toolkit::Button&) {
-        onLok();
-        actionEnded();
-    };
+    window_.locker.action = [this](toolkit::Button&) { perform([this] { onLok(); }); };
     const auto chosen = [this](toolkit::ComboBox& box) {
         return [this, &box] {
-            comboBoxSelectionIsChanging(box);
-            actionEnded();
+            perform([&] { comboBoxSelectionIsChanging(box); }, {&box, box.indexOfSelectedItem()});
         };
     };
     window_.combo_mode.onChoice = chosen(window_.combo_mode);
@@ -77,7 +75,19 @@ void mainController::connectActions() {
     window_.window.windowWillClose = [this] { windowWillClose(); };
 }
 
-void mainController::actionEnded() {
+void mainController::perform(const std::function<void()>& act, const Choice& choice) {
+    ++actionsRunning_;
+    act();
+    --actionsRunning_;
+    actionEnded(choice);
+}
+
+void mainController::actionEnded(const Choice& choice) {
+    document_.actionEnded(choice);
+    tellView();
+}
+
+void mainController::tellView() {
     if (window_.actionEnded) {
         window_.actionEnded();
     }

@@ -13,6 +13,13 @@
 
 namespace editor {
 
+namespace {
+
+/// What the value box offers in HUI mode.
+constexpr std::array<std::string_view, 1> nothingOffered = {" "};
+
+}  // namespace
+
 // Two bytes of the first block, which are the channels of pads there too (controls 66 and 68): what
 // changes them changes these channels, and the channel box has to show it.
 
@@ -79,9 +86,7 @@ void mainController::labelFactoryMode(int mode, int control) {
     window_.combo_chan.setEnabled(isShort);
     window_.combo_cc.removeAllItems();
     if (isShort) {
-        for (const std::string_view item : shortList) {
-            window_.combo_cc.addItemWithObjectValue(item);
-        }
+        window_.combo_cc.addItemsWithObjectValues(shortList);
         return;
     }
     switch (mode) {
@@ -92,7 +97,7 @@ void mainController::labelFactoryMode(int mode, int control) {
             window_.combo_cc.addItemsWithObjectValues(tables::data::LV());
             break;
         case huiMode:
-            window_.combo_cc.addItemWithObjectValue(" ");
+            window_.combo_cc.addItemsWithObjectValues(nothingOffered);
             window_.combo_cc.selectItemAtIndex(0);
             break;
         default:  // Nuendo, and Logic: its own list is not offered here

@@ -50,6 +50,9 @@ public:
 
     [[nodiscard]] int numberOfItems() const;
 
+    /// The list that the empty box was given; what was added later stands behind it.
+    [[nodiscard]] texts::List firstList() const { return shared_; }
+
     /// The item at `index`; none outside the list. The view is valid until the items change.
     [[nodiscard]] std::optional<std::string_view> itemObjectValueAtIndex(int index) const;
 
