@@ -114,7 +114,7 @@ void mainController::paLa234(int padLayer) {
         selection.keyEvnt = selection.keyEvnt_bak;
     }
     const config::Image before = state_.sysData;
-    pad padEditor(state_, window_, desktop_);
+    pad padEditor(state_, window_, desktop_, &document_);
     state_.layers.m_paLa = padLayer;
     state_.pads.m_zPaLayer_CurSel = padLayer;
     copyToWorkingCopy();

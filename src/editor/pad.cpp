@@ -31,7 +31,7 @@ int asSigned(int byte) {
 
 }  // namespace
 
-pad::pad(EditorState& state, MainWindow& mainWindow, toolkit::Desktop& desktop)
+pad::pad(EditorState& state, MainWindow& mainWindow, toolkit::Desktop& desktop, Document* document)
     : m_paLa0(toolkit::Button::Click::Lights, config::firstTransportKey),
       m_paLa1(toolkit::Button::Click::Lights, config::firstTransportKey + 1),
       m_paLa2(toolkit::Button::Click::Lights, config::firstTransportKey + 2),
@@ -39,6 +39,7 @@ pad::pad(EditorState& state, MainWindow& mainWindow, toolkit::Desktop& desktop)
       state_(state),
       mainWindow_(mainWindow),
       desktop_(desktop),
+      document_(document),
       m_paLas_{&m_paLa1, &m_paLa1, &m_paLa2, &m_paLa3} {}
 
 void pad::awakeFromNib() {
@@ -57,6 +58,7 @@ void pad::awakeFromNib() {
     }
     PaLa(currentLayer());
     pads.isInit2 = 1;
+    history_.emplace(moment());
     tellActionEnded();
 }
 
@@ -64,7 +66,7 @@ void pad::connectActions() {
     const auto clicked = [this](void (pad::*act)(toolkit::Button&)) {
         return [this, act](toolkit::Button& sender) {
             (this->*act)(sender);
-            tellActionEnded();
+            actionHasEnded();
         };
     };
     for (toolkit::Button& button : m_pads) {
@@ -73,14 +75,18 @@ void pad::connectActions() {
     for (toolkit::Button* button : {&m_paLa1, &m_paLa2, &m_paLa3}) {
         button->action = clicked(&pad::OnzPaLa);
     }
-    for (toolkit::ComboBox* box :
-         {&combo_chan, &combo_chanMod, &combo_msg, &combo_intervl, &combo_curv, &combo_curConst}) {
+    for (toolkit::ComboBox* box : boxes()) {
         box->onChoice = [this, box] {
+            const Choice choice{box, box->indexOfSelectedItem()};
             comboBoxSelectionIsChanging(*box);
-            tellActionEnded();
+            actionHasEnded(choice);
         };
     }
     finish.action = [this](toolkit::Button&) { OnFinish(); };
+}
+
+std::array<toolkit::ComboBox*, 6> pad::boxes() {
+    return {&combo_chan, &combo_chanMod, &combo_msg, &combo_intervl, &combo_curv, &combo_curConst};
 }
 
 void pad::tellActionEnded() {

@@ -6,11 +6,15 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 #include <string_view>
 
 #include "describe/assignment.h"
+#include "editor/Document.h"
 #include "editor/EditorState.h"
+#include "editor/History.h"
 #include "editor/MainWindow.h"
+#include "editor/Shown.h"
 #include "toolkit/Button.h"
 #include "toolkit/ComboBox.h"
 #include "toolkit/Desktop.h"
@@ -21,7 +25,10 @@ namespace editor {
 
 class pad final : public toolkit::WindowController {
 public:
-    pad(EditorState& state, MainWindow& mainWindow, toolkit::Desktop& desktop);
+    /// The document, where there is one, judges whether there are changes to be lost. It learns of
+    /// the whole session as one step, from the main window's action that opened this one.
+    pad(EditorState& state, MainWindow& mainWindow, toolkit::Desktop& desktop,
+        Document* document = nullptr);
 
     // Outlets. The pad-layer buttons carry the tags 36 to 39; `m_paLa0` is never used.
     toolkit::Button m_paLa0;
@@ -51,6 +58,12 @@ public:
     /// The pad layer shown, 1 to 3.
     [[nodiscard]] int currentLayer() const { return state_.pads.m_zPaLayer_CurSel; }
 
+    // Undo: each edit is a step while the window is open.
+    [[nodiscard]] bool canUndo() const { return history_ && history_->canUndo(); }
+    [[nodiscard]] bool canRedo() const { return history_ && history_->canRedo(); }
+    void undo();
+    void redo();
+
     void awakeFromNib() override;
     void windowWillClose() override;
     void OnFinish();
@@ -77,7 +90,29 @@ public:
     void keepPadSel(int tag);
 
 private:
+    /// Everything an edit may change, and what this window and the main one showed then.
+    struct Moment {
+        EditorState state;
+        Shown mainWindow;
+        std::array<ShownButton, 3> layers;
+        std::array<ShownButton, config::padCount> pads;
+        std::array<ShownBox, 6> boxes;
+        ShortText tx_Non;
+    };
+
+    friend bool sameWork(const Moment& one, const Moment& other) {
+        return haveSameWork(one.state, other.state) &&
+               one.state.pads.sysbuf_domal == other.state.pads.sysbuf_domal;
+    }
+
+    [[nodiscard]] Moment moment();
+    void goTo(const Moment& moment);
+    template <typename AnyMoment, typename Visit>
+    void forEachPart(AnyMoment& moment, Visit visit);
+
     void connectActions();
+    [[nodiscard]] std::array<toolkit::ComboBox*, 6> boxes();
+    void actionHasEnded(const Choice& choice = {});
     void tellActionEnded();
     void report(std::string_view text);
     void reportOfLayer(std::string_view text);
@@ -102,6 +137,8 @@ private:
     EditorState& state_;
     MainWindow& mainWindow_;
     toolkit::Desktop& desktop_;
+    Document* document_;
+    std::optional<History<Moment>> history_;  // from when the window was loaded
 
     /// The layer buttons by pad layer. The first entry repeats the second.
     std::array<toolkit::Button*, 4> m_paLas_;
