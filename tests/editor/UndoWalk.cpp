@@ -248,11 +248,11 @@ void UndoWalk::step() {
     ++actions_;
     const unsigned dice = below(100);
     if (dice < 8) {
-        for (unsigned count = 1 + below(dice == 0 ? 60 : 4); count > 0; --count) {
+        for (unsigned count = manySteps(); count > 0; --count) {
             undo();
         }
     } else if (dice < 17) {
-        for (unsigned count = 1 + below(dice == 8 ? 60 : 4); count > 0; --count) {
+        for (unsigned count = manySteps(); count > 0; --count) {
             redo();
         }
     } else {

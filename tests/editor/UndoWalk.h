@@ -86,6 +86,8 @@ private:
     using Model = UndoModel<Deed, Seen>;
 
     unsigned below(unsigned count) { return static_cast<unsigned>(random_() % count); }
+    /// Mostly a few; now and then very many.
+    unsigned manySteps() { return 1 + below(below(100) == 0 ? 200 : 3); }
     Deed randomDeed();
     /// None where nothing was done: a box did not take the choice.
     std::optional<Model::Choice> perform(TestEditor& editor, const Deed& deed);
