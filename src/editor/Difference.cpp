@@ -20,11 +20,13 @@ std::uint8_t high(std::size_t value) {
 
 Difference::Difference(std::span<const std::byte> one, std::span<const std::byte> other) {
     const std::size_t size = std::min(one.size(), other.size());
+    const std::byte* first = one.data();
+    const std::byte* second = other.data();
     const auto nextDifferent = [&](std::size_t from) {
-        const auto offset = static_cast<std::ptrdiff_t>(from);
-        const auto end = one.begin() + static_cast<std::ptrdiff_t>(size);
-        const auto found = std::mismatch(one.begin() + offset, end, other.begin() + offset).first;
-        return static_cast<std::size_t>(found - one.begin());
+        while (from < size && first[from] == second[from]) {
+            ++from;
+        }
+        return from;
     };
     for (std::size_t start = nextDifferent(0); start < size;) {
         std::size_t end = start + 1;
@@ -36,7 +38,7 @@ Difference::Difference(std::span<const std::byte> one, std::span<const std::byte
         const std::size_t length = end - start;
         runs_.insert(runs_.end(), {low(start), high(start), low(length), high(length)});
         for (std::size_t i = start; i < end; ++i) {
-            runs_.push_back(std::to_integer<std::uint8_t>(one[i] ^ other[i]));
+            runs_.push_back(std::to_integer<std::uint8_t>(first[i] ^ second[i]));
         }
         start = next;
     }

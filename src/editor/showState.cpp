@@ -32,8 +32,8 @@ public:
 
 private:
     /// The selected control alone is lit, and the mode layer while one of its controls is shown.
-    /// Where a layer key was selected as a control, the mode layer of its number stays lit until it
-    /// has been the current one.
+    /// A layer key that is selected as a control lights the mode layer of its number, which stays
+    /// lit until it has been the current one; in a DAW mode it does not put the current one out.
     void light() {
         for (ShownButton& button : shown_.keysOrderedByTag) {
             button.state = 0;
@@ -42,7 +42,9 @@ private:
             const auto tag = static_cast<std::size_t>(describe::tagOfControl(control_));
             shown_.keysOrderedByTag[tag].state = 1;
         }
-        lightModeLayer(state_.layers.m_moLa, isUserDefined() && control_ < config::firstPad);
+        if (isUserDefined() || !isLayerKey(control_)) {
+            lightModeLayer(state_.layers.m_moLa, isUserDefined() && control_ < config::firstPad);
+        }
         if (isLayerKey(control_)) {
             lightModeLayer(control_ - config::firstLayerKey, true);
         }

@@ -64,5 +64,35 @@ TEST(Reports, NameThePadLayersThatChanged) {
     EXPECT_EQ(reportPadLayers({1, 2, 3}), "Pad layers 2, 3 and 4 changed");
 }
 
+TEST(StepName, IsTheReportWithoutWhatIsSaidForTheMoment) {
+    EXPECT_EQ(stepName("Strip 3, Solo: control change 64 Sustain"),
+              "Strip 3, Solo: control change 64 Sustain");
+    EXPECT_EQ(stepName(reportTriggerOfAll(1, true, 47)), reportTriggerOfAll(1, true, 47));
+    EXPECT_EQ(stepName(reportMode(config::logicMode, true)), "DAW mode: Logic");
+    EXPECT_EQ(stepName(reportMode(config::userDefinedMode, false)), "DAW mode: User Defined");
+}
+
+TEST(StepName, SaysWhichPadLayersASessionChanged) {
+    EXPECT_EQ(stepName(reportPadLayers({1, 3})), "Pad layers 2 and 4");
+    EXPECT_EQ(stepName(reportPadLayers({2})), "Pad layer 3");
+    EXPECT_EQ(stepName(reportPadLayers({})), "Pad editor");
+    EXPECT_EQ(stepName("Pad layer 2: interval 30 ms"), "Pad layer 2: interval 30 ms");
+}
+
+TEST(StepName, SaysWhichFileWasLoaded) {
+    config::Image sound{};
+    for (int layer = 0; layer < config::layerCount; ++layer) {
+        sound[config::at(layer, 0)] = 0xF0;
+        sound[config::at(layer, config::endOffset)] = 0xF7;
+    }
+    EXPECT_EQ(stepName(reportLoad("My. Layers changed.Tormelk", sound)),
+              "Load My. Layers changed.Tormelk");
+    config::Image odd = sound;
+    odd[config::at(1, 20)] = 0x80;
+    EXPECT_EQ(stepName(reportLoad("Stage. Layer.Tormelk", odd)), "Load Stage. Layer.Tormelk");
+    odd[config::at(2, 20)] = 0x80;
+    EXPECT_EQ(stepName(reportLoad("Stage.Tormelk", odd)), "Load Stage.Tormelk");
+}
+
 }  // namespace
 }  // namespace describe

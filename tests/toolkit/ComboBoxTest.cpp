@@ -287,6 +287,14 @@ TEST(ComboBox, TheBlankEntryBehindAListDoesNotCopyTheList) {
     EXPECT_EQ(box.itemObjectValueAtIndex(0)->data(), longList[0].data());
 }
 
+TEST_F(ComboBoxTest, KnowsTheListThatItWasGivenFirst) {
+    box.addItemWithObjectValue(blankEntry);
+    EXPECT_EQ(box.firstList().data(), shortList.data());
+    EXPECT_EQ(box.firstList().size(), shortList.size());
+    box.removeAllItems();
+    EXPECT_TRUE(box.firstList().empty());
+}
+
 TEST_F(ComboBoxTest, TellsItsViewWhatChanged) {
     box.addItemsWithObjectValues(otherList);
     EXPECT_THAT(changes, ElementsAre(BoxChange::Items));
