@@ -59,7 +59,8 @@ public:
 
     [[nodiscard]] bool isOpen() const { return file_.isOpen(); }
 
-    /// As far as the system lets it: some mounts have permissions and owners of their own.
+    /// Those of the old file, or of any new one; before, it is its owner's alone. As far as the
+    /// system lets it: some mounts have permissions and owners of their own.
     void takeAttributes(const std::optional<struct stat>& old) {
         if (!old) {
             std::ignore = ::fchmod(file_.get(), permissionsOfNewFiles());
@@ -132,13 +133,7 @@ struct Attempt {
     bool isForbidden = false;  // another way may be open
 };
 
-Attempt replaceInOneStep(const fs::path& target, const std::optional<struct stat>& old,
-                         std::string_view bytes) {
-    UnfinishedFile unfinished(target);
-    if (!unfinished.isOpen()) {
-        return {errno, forbidsReplacing(errno)};
-    }
-    unfinished.takeAttributes(old);
+Attempt putInPlace(UnfinishedFile& unfinished, const fs::path& target, std::string_view bytes) {
     if (!unfinished.write(bytes) || !unfinished.flushAndClose()) {
         return {errno};
     }
@@ -146,6 +141,16 @@ Attempt replaceInOneStep(const fs::path& target, const std::optional<struct stat
         return {errno, forbidsReplacing(errno)};
     }
     return {};
+}
+
+Attempt replaceInOneStep(const fs::path& target, const std::optional<struct stat>& old,
+                         std::string_view bytes) {
+    UnfinishedFile unfinished(target);
+    if (!unfinished.isOpen()) {
+        return {errno, forbidsReplacing(errno)};
+    }
+    unfinished.takeAttributes(old);
+    return putInPlace(unfinished, target, bytes);
 }
 
 }  // namespace
@@ -179,6 +184,19 @@ ReplaceResult replaceFile(const fs::path& path, std::string_view bytes) {
         return failed(attempt.error);
     }
     flushFolder(folderOf(target));
+    return {true, {}};
+}
+
+ReplaceResult replacePrivateFile(const fs::path& path, std::string_view bytes) {
+    UnfinishedFile unfinished(path);
+    if (!unfinished.isOpen()) {
+        return failed(errno);
+    }
+    const Attempt attempt = putInPlace(unfinished, path, bytes);
+    if (attempt.error != 0) {
+        return failed(attempt.error);
+    }
+    flushFolder(folderOf(path));
     return {true, {}};
 }
 

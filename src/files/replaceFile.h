@@ -30,4 +30,9 @@ struct ReplaceResult {
 /// with ".unfinished-"; nothing reads it, and it may be removed.
 [[nodiscard]] ReplaceResult replaceFile(const std::filesystem::path& path, std::string_view bytes);
 
+/// The same for a file that is its owner's alone: nobody else may read it, whatever was there
+/// before. It is put in place in one step or not at all; a symbolic link is replaced itself.
+[[nodiscard]] ReplaceResult replacePrivateFile(const std::filesystem::path& path,
+                                               std::string_view bytes);
+
 }  // namespace files

@@ -19,8 +19,8 @@ const std::string archiveHeader = "nlohmann/.*";
 const std::string processHeader = "unistd\\.h";
 /// How exactly the kernel ends a sleep.
 const std::string timerHeader = "sys/prctl\\.h";
-/// Whole files, flushed and renamed, and the descriptor to watch: the operating system's.
-const std::string systemHeader = "unistd\\.h|fcntl\\.h|sys/(stat|eventfd)\\.h";
+/// Whole files, flushed, renamed and locked, and the descriptor to watch: the operating system's.
+const std::string systemHeader = "unistd\\.h|fcntl\\.h|sys/(stat|file|eventfd)\\.h";
 
 /// What another thread has is told to an event loop through a descriptor.
 const std::string descriptorHeader = "unistd\\.h|sys/eventfd\\.h";

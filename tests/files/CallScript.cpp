@@ -69,6 +69,7 @@ int __real_open(const char* path, int flags, ...);
 int __real_mkostemp(char* path, int flags);
 int __real_fallocate(int file, int mode, off_t from, off_t size);
 int __real_ftruncate(int file, off_t size);
+int __real_flock(int file, int operation);
 
 ssize_t __wrap_read(int file, void* bytes, std::size_t size);
 ssize_t __wrap_write(int file, const void* bytes, std::size_t size);
@@ -81,6 +82,7 @@ int __wrap_open(const char* path, int flags, ...);
 int __wrap_mkostemp(char* path, int flags);
 int __wrap_fallocate(int file, int mode, off_t from, off_t size);
 int __wrap_ftruncate(int file, off_t size);
+int __wrap_flock(int file, int operation);
 
 ssize_t __wrap_read(int file, void* bytes, std::size_t size) {
     return files::fails("read") ? -1 : __real_read(file, bytes, files::allowed(size));
@@ -130,6 +132,10 @@ int __wrap_mkostemp(char* path, int flags) {
 
 int __wrap_fallocate(int file, int mode, off_t from, off_t size) {
     return files::fails("fallocate") ? -1 : __real_fallocate(file, mode, from, size);
+}
+
+int __wrap_flock(int file, int operation) {
+    return files::fails("flock") ? -1 : __real_flock(file, operation);
 }
 
 int __wrap_ftruncate(int file, off_t size) {

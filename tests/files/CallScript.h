@@ -10,8 +10,8 @@ namespace files {
 
 /// While it lives, the system calls that reading and replacing files are made of go through it:
 /// it writes them down and makes them fail as a test wants. They are open, mkostemp,
-/// read, write, fallocate, ftruncate, fsync, close, rename, fchown and fchmod; the linker sends
-/// them here (see CMakeLists.txt).
+/// read, write, fallocate, ftruncate, fsync, close, rename, fchown, fchmod and flock; the linker
+/// sends them here (see CMakeLists.txt).
 class CallScript {
 public:
     CallScript();

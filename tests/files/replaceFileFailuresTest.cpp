@@ -233,5 +233,19 @@ TEST(ReplaceFileFailure, OfGivingAwayTheNewFileIsNone) {
     }
 }
 
+TEST(ReplacePrivateFileFailure, WhateverFailsLeavesTheOldFileAndNothingBesideIt) {
+    for (const char* call : {"mkostemp", "write", "fsync", "close", "rename"}) {
+        for (const int error : {ENOSPC, EACCES, EPERM, EROFS, EIO}) {
+            const TemporaryFolder folder;
+            write(folder / "file", "old");
+            CallScript script;
+            script.fail(call, error);
+            expectRefused(replacePrivateFile(folder / "file", "new"), error);
+            EXPECT_EQ(contents(folder / "file"), "old") << call;
+            EXPECT_THAT(folder.names(), ElementsAre("file")) << call;
+        }
+    }
+}
+
 }  // namespace
 }  // namespace files

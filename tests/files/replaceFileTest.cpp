@@ -306,5 +306,40 @@ INSTANTIATE_TEST_SUITE_P(EitherStep, ReplaceFileRefused,
                                           testing::Values(EACCES, EPERM, EROFS, EBUSY, EXDEV,
                                                           EINVAL, ENOSYS, EOPNOTSUPP)));
 
+TEST(ReplacePrivateFile, IsItsOwnersAloneWhateverWasThere) {
+    const TemporaryFolder folder;
+    const mode_t mask = ::umask(0);
+    expectReplaced(replacePrivateFile(folder / "new", "private"));
+    write(folder / "old", "public");
+    fs::permissions(folder / "old", fs::perms(0666));
+    expectReplaced(replacePrivateFile(folder / "old", "private"));
+    ::umask(mask);
+    for (const char* name : {"new", "old"}) {
+        EXPECT_EQ(permissions(folder / name), 0600U) << name;
+        EXPECT_EQ(contents(folder / name), "private") << name;
+    }
+    EXPECT_THAT(folder.names(), ElementsAre("new", "old"));
+}
+
+TEST(ReplacePrivateFile, TakesThePlaceOfALinkAndOfOneOfSeveralNames) {
+    const TemporaryFolder folder;
+    write(folder / "elsewhere", "untouched");
+    fs::create_symlink("elsewhere", folder / "link");
+    fs::create_hard_link(folder / "elsewhere", folder / "name");
+    expectReplaced(replacePrivateFile(folder / "link", "private"));
+    expectReplaced(replacePrivateFile(folder / "name", "private"));
+    EXPECT_FALSE(fs::is_symlink(folder / "link"));
+    EXPECT_EQ(contents(folder / "elsewhere"), "untouched");
+    EXPECT_EQ(contents(folder / "name"), "private");
+}
+
+TEST(ReplacePrivateFile, IsFlushedToDiskBeforeItIsInPlace) {
+    const TemporaryFolder folder;
+    CallScript script;
+    expectReplaced(replacePrivateFile(folder / "file", "contents"));
+    EXPECT_THAT(script.calls(), ElementsAre("mkostemp", "write", "fsync", "close", "rename", "open",
+                                            "fsync", "close"));
+}
+
 }  // namespace
 }  // namespace files
