@@ -107,6 +107,8 @@ public:
     // Undo. While an action runs, as it does behind the pad editor, there is nothing to undo here.
     [[nodiscard]] bool canUndo() const { return actionsRunning_ == 0 && document_.canUndo(); }
     [[nodiscard]] bool canRedo() const { return actionsRunning_ == 0 && document_.canRedo(); }
+    [[nodiscard]] std::string_view undoName() const { return document_.undoName(); }
+    [[nodiscard]] std::string_view redoName() const { return document_.redoName(); }
     void undo();
     void redo();
     /// Puts a whole configuration in place as one step that can be undone.

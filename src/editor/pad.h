@@ -61,6 +61,8 @@ public:
     // Undo: each edit is a step while the window is open.
     [[nodiscard]] bool canUndo() const { return history_ && history_->canUndo(); }
     [[nodiscard]] bool canRedo() const { return history_ && history_->canRedo(); }
+    [[nodiscard]] std::string_view undoName() const { return history_ ? history_->undoName() : ""; }
+    [[nodiscard]] std::string_view redoName() const { return history_ ? history_->redoName() : ""; }
     void undo();
     void redo();
 

@@ -88,7 +88,7 @@ void AssignmentPanel::addBoxes(editor::MainWindow& window) {
     auto& rows = dynamic_cast<QVBoxLayout&>(*layout());
     auto* type = makeBox(window.combo_type, QStringLiteral("combo_type"),
                          QStringLiteral("What kind of message the selected control sends"));
-    addRow(rows, widgets::captionOf(*type, QStringLiteral("M&essage type")), type);
+    addRow(rows, widgets::captionOf(*type, QStringLiteral("Message &type")), type);
     auto* channel = makeBox(window.combo_chan, QStringLiteral("combo_chan"),
                             QStringLiteral("MIDI channel of the selected control"));
     addRow(rows, widgets::captionOf(*channel, QStringLiteral("Ch&annel")), channel);

@@ -87,6 +87,7 @@ void MainWindowView::refresh() {
     surface_->refresh();
     assignment_->refresh();
     setWindowModified(controller_.isImageEdited());
+    undo_->refresh();
 }
 
 QAction* MainWindowView::addAction(const QString& outlet, const QString& caption) {
@@ -105,6 +106,7 @@ void MainWindowView::makeActions(editor::mainController& controller) {
     quit_ = addAction(QStringLiteral("actionQuit"), QStringLiteral("&Quit"));
     quit_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(quit_, &QAction::triggered, this, [&controller] { controller.exit(); });
+    undo_ = std::make_unique<UndoActions>(*this, controller);
 
     send_ = addAction(QStringLiteral("actionSend"), QStringLiteral("&Send"));
     send_->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_Return),
@@ -127,6 +129,7 @@ void MainWindowView::makeMenus() {
     file->addActions({loadPreset_, savePreset_});
     file->addSeparator();
     file->addAction(quit_);
+    menuBar()->addMenu(QStringLiteral("&Edit"))->addActions(undo_->actions());
     QMenu* controllerMenu = menuBar()->addMenu(QStringLiteral("&Controller"));
     controllerMenu->addActions({send_, midiDevices_});
     controllerMenu->addSeparator();

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QMainWindow>
+#include <memory>
 
 #include "editor/mainController.h"
 #include "qt/widgets/ModelLink.h"
 #include "qt/widgets/WindowBinding.h"
+#include "qt/windows/UndoActions.h"
 
 class QBoxLayout;
 
@@ -42,6 +44,7 @@ private:
     QAction* midiDevices_ = nullptr;
     QAction* firmwareUpdate_ = nullptr;
     QAction* about_ = nullptr;
+    std::unique_ptr<UndoActions> undo_;
     widgets::WindowBinding binding_;
     widgets::ModelLink<editor::MainWindow, &editor::MainWindow::actionEnded> link_;
 };

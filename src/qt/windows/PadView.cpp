@@ -139,6 +139,7 @@ QLayout* PadView::makeFoot() {
     done->setObjectName(QStringLiteral("finish"));
     done->setDefault(true);
     auto* foot = new QHBoxLayout;
+    undo_ = std::make_unique<UndoActions>(*this, controller_);
     foot->addWidget(status, 1);
     foot->addWidget(done);
     return foot;
@@ -153,6 +154,7 @@ void PadView::refresh() {
     sends_->setText(selected ? widgets::asText(controller_.assignmentOfPad(control).fullText())
                              : QStringLiteral("Click a pad to set its note and channel."));
     layer_->setText(widgets::asText(describe::padLayerName(controller_.currentLayer())));
+    undo_->refresh();
 }
 
 }  // namespace qt::windows

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <memory>
+
 #include "editor/pad.h"
 #include "qt/widgets/DialogView.h"
 #include "qt/widgets/ModelLink.h"
+#include "qt/windows/UndoActions.h"
 
 class QLabel;
 class QLayout;
@@ -31,6 +34,7 @@ private:
     QLabel* pad_;
     QLabel* sends_;
     QLabel* layer_;
+    std::unique_ptr<UndoActions> undo_;
     widgets::ModelLink<editor::pad, &editor::pad::actionEnded> link_;
 };
 

@@ -338,6 +338,7 @@ TEST_F(MainWindowViewTest, NamesItsMenusAndEntriesPlainly) {
     }
     EXPECT_EQ(texts.join(QLatin1Char('\n')).remove(QLatin1Char('&')).toStdString(),
               "File/Load Preset...\nFile/Save Preset...\nFile/Quit\n"
+              "Edit/Undo\nEdit/Redo\n"
               "Controller/Send\nController/MIDI Devices...\nController/Firmware Update...\n"
               "Help/About Tormelk Wyro");
 }
