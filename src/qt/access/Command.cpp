@@ -68,7 +68,7 @@ private:
 }  // namespace
 
 Command::Command(const QString& caption, QObject* parent)
-    : QAction(caption, parent), Described(static_cast<QObject&>(*this)) {}
+    : QAction(caption, parent), Described(this) {}
 
 QAccessibleInterface* Command::newAccess() {
     return new CommandAccess(this);

@@ -13,9 +13,9 @@ QAccessibleInterface* askObject(const QString&, QObject* object) {
 
 }  // namespace
 
-Described::Described(QObject& self) {
+Described::Described(QObject* self) {
     QAccessible::installFactory(askObject);  // more than once does nothing
-    if (QAccessibleInterface* early = QAccessible::queryAccessibleInterface(&self)) {
+    if (QAccessibleInterface* early = QAccessible::queryAccessibleInterface(self)) {
         QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(early));
     }
 }

@@ -9,7 +9,7 @@ namespace qt::access {
 ///
 ///     class Lamp final : public QPushButton, public access::Described {
 ///     public:
-///         Lamp() : Described(static_cast<QObject&>(*this)) {}
+///         Lamp() : Described(this) {}
 ///         QAccessibleInterface* newAccess() override { return access::newLampAccess(*this); }
 ///     };
 class Described {
@@ -23,7 +23,7 @@ public:
 protected:
     /// `self` is the whole object. What was kept about the plain one that it was until now is
     /// dropped.
-    explicit Described(QObject& self);
+    explicit Described(QObject* self);
     virtual ~Described() = default;
 };
 

@@ -22,9 +22,7 @@ QColor touched(const QColor& fill, const QColor& lettering, const ButtonState& s
 
 ControlButton::ControlButton(toolkit::Button& model, Shape shape, const QString& caption,
                              QWidget* parent)
-    : widgets::ButtonView(model, Kind::State, caption, parent),
-      Described(static_cast<QObject&>(*this)),
-      shape_(shape) {
+    : widgets::ButtonView(model, Kind::State, caption, parent), Described(this), shape_(shape) {
     setAttribute(Qt::WA_Hover);
     setSizePolicy(isLamp() ? QSizePolicy::Fixed : QSizePolicy::Expanding, QSizePolicy::Fixed);
 }

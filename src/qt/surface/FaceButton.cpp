@@ -12,7 +12,7 @@ namespace qt::surface {
 FaceButton::FaceButton(toolkit::Button& model, FaceShape shape, const QString& caption,
                        FaceArt& art, QWidget* parent)
     : widgets::ButtonView(model, Kind::State, caption, parent),
-      Described(static_cast<QObject&>(*this)),
+      Described(this),
       shape_(shape),
       art_(art) {
     setAttribute(Qt::WA_Hover);

@@ -28,10 +28,7 @@ QSize scaled(const QSizeF& plan, qreal unit) {
 }  // namespace
 
 FacePanel::FacePanel(CasePlan plan, const QString& outlet, const QString& name, QWidget* parent)
-    : QWidget(parent),
-      Described(static_cast<QObject&>(*this)),
-      plan_(std::move(plan)),
-      art_(palette()) {
+    : QWidget(parent), Described(this), plan_(std::move(plan)), art_(palette()) {
     widgets::nameWidget(*this, outlet, name);
     setToolTip({});
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);

@@ -5,7 +5,7 @@
 namespace qt::widgets {
 
 DialogView::DialogView(toolkit::WindowController& controller, const QString& title)
-    : Described(static_cast<QObject&>(*this)), binding_(*this, controller.window()) {
+    : Described(this), binding_(*this, controller.window()) {
     setWindowTitle(title);
 }
 

@@ -11,7 +11,7 @@ namespace qt::widgets {
 
 SearchedList::SearchedList(QComboBox& box, const ModelLink<toolkit::ComboBox>& link,
                            std::function<void(int row)> pick)
-    : Described(static_cast<QObject&>(*this)), box_(box), link_(link), pick_(std::move(pick)) {}
+    : Described(this), box_(box), link_(link), pick_(std::move(pick)) {}
 
 QAccessibleInterface* SearchedList::newAccess() {
     return access::newChoiceListAccess(*this, box_, pick_);

@@ -94,14 +94,14 @@ widgets::TextFieldView* makeStateLine(toolkit::TextField& model, std::string_vie
     return line;
 }
 
-/// `lineOf` is a widget whose line of words the first line stands beside.
-widgets::TextFieldView* makeOutcome(toolkit::TextField& model, const QWidget& lineOf) {
+/// Its first line stands beside the words of the button.
+widgets::TextFieldView* makeOutcome(toolkit::TextField& model, const QPushButton& button) {
     constexpr int lines = 3;
     auto* text = new widgets::TextFieldView(model, QStringLiteral("Nothing is being sent."));
     text->setObjectName(QStringLiteral("step5"));
     text->setWordWrap(true);  // what became of an upload that was cut takes some words
     const int lineHeight = text->fontMetrics().lineSpacing();
-    const int above = std::max(0, (lineOf.sizeHint().height() - lineHeight) / 2);
+    const int above = std::max(0, (button.sizeHint().height() - lineHeight) / 2);
     text->setContentsMargins(0, above, 0, 0);
     text->setFixedHeight(above + lines * lineHeight);
     text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);

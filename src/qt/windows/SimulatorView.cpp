@@ -187,7 +187,7 @@ void fitToDump(QPlainTextEdit& text) {
 }  // namespace
 
 SimulatorView::SimulatorView(simulator::SimulatedController& controller)
-    : Described(static_cast<QObject&>(*this)),
+    : Described(this),
       notice_(makeNotice()),
       layers_(makeLayers(fontMetrics().height())),
       bytes_(makeBytes()),
