@@ -23,7 +23,7 @@ const TestFolder* findTestFolder(const std::string& name) {
 /// The folder of tests/ or the room that a file is of: the innermost one that is known, or nothing.
 std::string ownerOf(const fs::path& file) {
     for (fs::path folder = file.parent_path(); !folder.empty(); folder = folder.parent_path()) {
-        const std::string name = folder.generic_string();
+        std::string name = folder.generic_string();
         if (findTestFolder(name) != nullptr || findRoom(name) != nullptr) {
             return name;
         }

@@ -19,7 +19,6 @@ using platform::MIDINotification;
 using platform::MIDINotifyProc;
 using platform::MIDIObjectRef;
 using platform::MIDIObjectType;
-using platform::MIDIPacketList;
 using platform::MIDIPortRef;
 using platform::MIDIReadProc;
 using platform::noErr;
