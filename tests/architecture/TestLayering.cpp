@@ -12,7 +12,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Hands for windows; what they need of the toolkit is in their headers.
+/// Hands for windows, which know the toolkit.
 const std::string windows = "support/windows";
 
 const TestFolder* findTestFolder(const std::string& name) {
@@ -42,8 +42,8 @@ bool follows(const std::string& owner, const std::string& used) {
     if (used == owner || used == "support" || owner.starts_with(used + "/")) {
         return true;
     }
-    if (used == windows) {
-        return room != nullptr && !room->core;
+    if (used == windows && room != nullptr) {
+        return !room->core;
     }
     const std::vector<std::string>& allowed =
         room != nullptr ? room->uses : findTestFolder(owner)->uses;
