@@ -15,14 +15,14 @@ using ::testing::IsEmpty;
 using Bytes = std::vector<std::uint8_t>;
 
 /// A text and a number.
-class Entry : public Archivable {
+class Pair : public Archivable {
 public:
-    Entry(std::optional<std::string> itsName, std::int32_t itsNumber)
+    Pair(std::optional<std::string> itsName, std::int32_t itsNumber)
         : name(std::move(itsName)), number(itsNumber) {}
-    explicit Entry(const KeyedDecoder& coder)
+    explicit Pair(const KeyedDecoder& coder)
         : name(coder.decodeObject("name")), number(coder.decodeInt32("number")) {}
 
-    [[nodiscard]] std::string_view archivedClassName() const override { return "Entry"; }
+    [[nodiscard]] std::string_view archivedClassName() const override { return "Pair"; }
     void encodeWithCoder(KeyedEncoder& coder) const override {
         coder.encodeObject("name", name);
         coder.encodeInt32("number", number);
@@ -47,18 +47,18 @@ protected:
     std::optional<std::shared_ptr<Archivable>> unarchived(const Bytes& bytes) {
         return KeyedUnarchiver(classes).unarchiveObject(bytes);
     }
-    std::shared_ptr<Entry> unarchivedEntry(const Bytes& bytes) {
+    std::shared_ptr<Pair> unarchivedPair(const Bytes& bytes) {
         const auto object = unarchived(bytes);
         EXPECT_TRUE(object.has_value());
-        return object ? std::dynamic_pointer_cast<Entry>(*object) : nullptr;
+        return object ? std::dynamic_pointer_cast<Pair>(*object) : nullptr;
     }
 
     int made = 0;
     Only only;
-    ArchivedClasses classes{{"Entry",
+    ArchivedClasses classes{{"Pair",
                              [this](const KeyedDecoder& coder) {
                                  ++made;
-                                 return std::make_shared<Entry>(coder);
+                                 return std::make_shared<Pair>(coder);
                              }},
                             {"Only", [this](const KeyedDecoder&) {
                                  ++made;
@@ -67,7 +67,7 @@ protected:
 };
 
 TEST_F(KeyedArchive, HasTheKeysInOrderInTheBytes) {
-    const Bytes bytes = archived(Entry("x", 7));
+    const Bytes bytes = archived(Pair("x", 7));
     const std::string text(bytes.begin(), bytes.end());
     EXPECT_LT(text.find("$class"), text.find("name"));
     EXPECT_LT(text.find("name"), text.find("number"));
@@ -77,7 +77,7 @@ TEST_F(KeyedArchive, HasTheKeysInOrderInTheBytes) {
 TEST_F(KeyedArchive, GivesAnyNumberBack) {
     for (const std::int32_t id : {0, 1, -1, std::numeric_limits<std::int32_t>::max(),
                                   std::numeric_limits<std::int32_t>::min()}) {
-        const auto back = unarchivedEntry(archived(Entry("Tormelk", id)));
+        const auto back = unarchivedPair(archived(Pair("Tormelk", id)));
         ASSERT_NE(back, nullptr);
         EXPECT_EQ(back->name, "Tormelk");
         EXPECT_EQ(back->number, id);
@@ -89,7 +89,7 @@ TEST_F(KeyedArchive, GivesAnyNameBackByteForByte) {
         std::nullopt,           "", "Gerät Ω", std::string("a\0b", 3), "\xFF\xFE broken",
         std::string(70000, 'x')};
     for (const auto& name : names) {
-        const auto back = unarchivedEntry(archived(Entry(name, 1)));
+        const auto back = unarchivedPair(archived(Pair(name, 1)));
         ASSERT_NE(back, nullptr);
         EXPECT_EQ(back->name, name);
     }
@@ -106,23 +106,23 @@ TEST_F(KeyedArchive, HoldsNothingAndEmptyLists) {
 }
 
 TEST_F(KeyedArchive, GivesListsBackInOrderWithTheirIdentities) {
-    const Entry entry("d", 1);
-    const Bytes bytes = KeyedArchiver().archivedData({&entry, &only, nullptr, &entry});
+    const Pair pair("d", 1);
+    const Bytes bytes = KeyedArchiver().archivedData({&pair, &only, nullptr, &pair});
     const auto back = KeyedUnarchiver(classes).unarchiveList(bytes);
     ASSERT_TRUE(back);
     ASSERT_EQ(back->size(), 4U);
-    EXPECT_NE(dynamic_cast<Entry*>((*back)[0].get()), nullptr);
+    EXPECT_NE(dynamic_cast<Pair*>((*back)[0].get()), nullptr);
     EXPECT_EQ((*back)[1].get(), &only);
     EXPECT_EQ((*back)[2], nullptr);
     EXPECT_EQ((*back)[3], (*back)[0]);
 }
 
 TEST_F(KeyedArchive, TellsAListFromAnObject) {
-    const Entry entry("d", 1);
+    const Pair pair("d", 1);
     KeyedUnarchiver unarchiver(classes);
-    EXPECT_FALSE(unarchiver.unarchiveList(archived(entry)));
+    EXPECT_FALSE(unarchiver.unarchiveList(archived(pair)));
     EXPECT_FALSE(unarchiver.unarchiveObject(
-        KeyedArchiver().archivedData(std::vector<const Archivable*>{&entry})));
+        KeyedArchiver().archivedData(std::vector<const Archivable*>{&pair})));
 }
 
 TEST_F(KeyedArchive, AsksTheDelegatesOncePerObject) {
@@ -140,10 +140,10 @@ TEST_F(KeyedArchive, AsksTheDelegatesOncePerObject) {
             return object;
         }
     } counter;
-    const Entry entry("d", 1);
+    const Pair pair("d", 1);
     KeyedArchiver archiver;
     archiver.setDelegate(&counter);
-    const Bytes bytes = archiver.archivedData({&entry, nullptr, &entry});
+    const Bytes bytes = archiver.archivedData({&pair, nullptr, &pair});
     KeyedUnarchiver unarchiver(classes);
     unarchiver.setDelegate(&counter);
     EXPECT_TRUE(unarchiver.unarchiveList(bytes));
@@ -152,9 +152,9 @@ TEST_F(KeyedArchive, AsksTheDelegatesOncePerObject) {
 }
 
 TEST_F(KeyedArchive, OfAnUnknownClassIsRefusedBeforeAnythingIsMade) {
-    const Entry entry("d", 1);
-    const Bytes bytes = KeyedArchiver().archivedData({&only, &entry});
-    classes.erase("Entry");
+    const Pair pair("d", 1);
+    const Bytes bytes = KeyedArchiver().archivedData({&only, &pair});
+    classes.erase("Pair");
     EXPECT_FALSE(KeyedUnarchiver(classes).unarchiveList(bytes));
     EXPECT_EQ(made, 0);
 }
@@ -170,19 +170,16 @@ Bytes cbor(std::initializer_list<std::string_view> parts) {
     return bytes;
 }
 
-/// An archive of one entry with these bytes as its members behind the
+/// An archive of one pair with these bytes as its members behind the
 /// class, `count` in all.
-Bytes entryWith(char count, std::string_view members, std::string_view root = {"\x00", 1}) {
+Bytes pairWith(char count, std::string_view members, std::string_view root = {"\x00", 1}) {
     const char mapHead[] = {static_cast<char>('\xA0' + count + 1), 0};
-    return cbor({"\xA2\x67objects\x81", mapHead,
-                 "\x66$class\x65"
-                 "Entry",
-                 members, "\x64root", root});
+    return cbor({"\xA2\x67objects\x81", mapHead, "\x66$class\x64Pair", members, "\x64root", root});
 }
 
 TEST_F(KeyedArchive, ReadsPlainCborWrittenByHand) {
-    const auto back = unarchivedEntry(entryWith(2, std::string_view("\x64name\x63"
-                                                                    "abc\x66number\x07")));
+    const auto back = unarchivedPair(pairWith(2, std::string_view("\x64name\x63"
+                                                                  "abc\x66number\x07")));
     ASSERT_NE(back, nullptr);
     EXPECT_EQ(back->name, "abc");
     EXPECT_EQ(back->number, 7);
@@ -202,7 +199,7 @@ TEST_F(KeyedArchive, TakesMissingOrMistypedMembersAsNone) {
         {1, "\x66number\x3B\x7F\xFF\xFF\xFF\xFF\xFF\xFF\xFF"sv},  // -2^63
     };
     for (const auto& [count, text] : members) {
-        const auto back = unarchivedEntry(entryWith(count, text));
+        const auto back = unarchivedPair(pairWith(count, text));
         ASSERT_NE(back, nullptr);
         EXPECT_EQ(back->name, std::nullopt);
         EXPECT_EQ(back->number, 0);
@@ -225,33 +222,33 @@ TEST_F(KeyedArchive, RefusesBytesThatAreNoArchive) {
         cbor({"\xA2\x67objects\x81\xA0\x64root\xF6"}),    // an object without a class
         cbor({"\xA2\x67objects\x81\xA1\x66$class\x01\x64root\xF6"}),
         cbor({"\xA2\x67objects\x81\xA1\x66$class\x63NSX\x64root\xF6"}),
-        entryWith(1, "\x64name\x80"),  // deeper than an archive is
-        entryWith(0, "", "\x20"),      // root -1
-        entryWith(0, "", "\x01"),      // root 1 of 1
-        entryWith(0, "",
-                  "\x61"
-                  "0"),                // root a text
-        entryWith(0, "", "\xA0"),      // root a map
-        entryWith(0, "", "\x81\xF6"),  // root a list
-        entryWith(0, "", "\x1B\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF"),
-        entryWith(0, "", "\xFB\x7F\xF8\x00\x00\x00\x00\x00\x00"sv),  // root not a number
+        pairWith(1, "\x64name\x80"),  // deeper than an archive is
+        pairWith(0, "", "\x20"),      // root -1
+        pairWith(0, "", "\x01"),      // root 1 of 1
+        pairWith(0, "",
+                 "\x61"
+                 "0"),                // root a text
+        pairWith(0, "", "\xA0"),      // root a map
+        pairWith(0, "", "\x81\xF6"),  // root a list
+        pairWith(0, "", "\x1B\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF"),
+        pairWith(0, "", "\xFB\x7F\xF8\x00\x00\x00\x00\x00\x00"sv),  // root not a number
     };
     for (std::size_t i = 0; i < broken.size(); ++i) {
         EXPECT_FALSE(unarchived(broken[i])) << i;
     }
     KeyedUnarchiver unarchiver(classes);
-    EXPECT_FALSE(unarchiver.unarchiveList(entryWith(0, "", "\x82\xF6\x01")));
-    EXPECT_FALSE(unarchiver.unarchiveList(entryWith(0, "", "\x81\x80")));
+    EXPECT_FALSE(unarchiver.unarchiveList(pairWith(0, "", "\x82\xF6\x01")));
+    EXPECT_FALSE(unarchiver.unarchiveList(pairWith(0, "", "\x81\x80")));
 }
 
 TEST_F(KeyedArchive, RefusesTrailingBytes) {
-    Bytes bytes = archived(Entry("d", 1));
+    Bytes bytes = archived(Pair("d", 1));
     bytes.push_back(0);
     EXPECT_FALSE(unarchived(bytes));
 }
 
 TEST_F(KeyedArchive, RefusesEveryTruncation) {
-    const Bytes whole = archived(Entry("in", 5));
+    const Bytes whole = archived(Pair("in", 5));
     for (std::size_t length = 0; length < whole.size(); ++length) {
         EXPECT_FALSE(
             unarchived(Bytes(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length))))
@@ -269,15 +266,15 @@ TEST_F(KeyedArchive, RefusesHostileDepthAndLength) {
             bytes[0] = static_cast<std::uint8_t>(head);
             EXPECT_FALSE(unarchived(bytes));
             const std::string length(bytes.begin(), bytes.end());
-            EXPECT_FALSE(unarchived(entryWith(1, "\x64name" + length)));
+            EXPECT_FALSE(unarchived(pairWith(1, "\x64name" + length)));
         }
     }
 }
 
 TEST_F(KeyedArchive, SurvivesGarbledBytes) {
-    const Entry other("out", -5);
-    const Entry entry("d", 1);
-    const Bytes whole = KeyedArchiver().archivedData({&only, &entry, nullptr, &other});
+    const Pair other("out", -5);
+    const Pair pair("d", 1);
+    const Bytes whole = KeyedArchiver().archivedData({&only, &pair, nullptr, &other});
     KeyedUnarchiver unarchiver(classes);
     std::mt19937 random(20240229);  // the same bytes in every run
     const auto below = [&](std::size_t end) {
