@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <cstdarg>
+#include <utility>
 
 namespace files {
 namespace {
@@ -34,8 +35,17 @@ void CallScript::fail(std::string_view call, int error, int times, int after) {
     failures_[std::string(call)] = {error, times, after};
 }
 
+void CallScript::before(std::string_view call, std::function<void()> happening) {
+    happenings_[std::string(call)] = std::move(happening);
+}
+
 bool CallScript::takes(std::string_view call) {
     calls_.emplace_back(call);
+    if (const auto happening = happenings_.find(call); happening != happenings_.end()) {
+        const auto happen = std::move(happening->second);
+        happenings_.erase(happening);
+        happen();
+    }
     const auto failure = failures_.find(call);
     if (failure == failures_.end() || failure->second.times == 0) {
         return false;

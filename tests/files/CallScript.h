@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -26,6 +27,9 @@ public:
     /// The next call of this name does nothing and reports success.
     void pretend(std::string_view call) { fail(call, 0); }
 
+    /// Right before the next call of this name something else happens, as if others did it.
+    void before(std::string_view call, std::function<void()> happening);
+
     /// No read and no write takes more bytes than this at a time.
     void shorten(std::size_t most) { most_ = most; }
 
@@ -45,6 +49,7 @@ private:
         int after = 0;
     };
     std::map<std::string, Failure, std::less<>> failures_;
+    std::map<std::string, std::function<void()>, std::less<>> happenings_;
     std::vector<std::string> calls_;
     std::size_t most_ = static_cast<std::size_t>(-1);
 };

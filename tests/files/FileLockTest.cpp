@@ -117,6 +117,22 @@ TEST(FileLock, LeavesNoFileWhereTheFileSystemKnowsNoLocks) {
     EXPECT_THAT(folder.names(), IsEmpty());
 }
 
+TEST(FileLock, IsNotHadOnAFileThatIsRemovedWhileItIsBeingLocked) {
+    const TemporaryFolder folder;
+    for (const bool isReplaced : {false, true}) {
+        write(folder / "lock", "");
+        CallScript script;
+        script.before("flock", [&] {
+            fs::remove(folder / "lock");
+            if (isReplaced) {
+                write(folder / "lock", "");
+            }
+        });
+        EXPECT_FALSE(FileLock::tryToLock(folder / "lock", Kind::Exclusive));
+        EXPECT_EQ(errno, EWOULDBLOCK);
+    }
+}
+
 TEST(FileLock, IsTriedAgainWhenASignalBreaksIn) {
     const TemporaryFolder folder;
     CallScript script;

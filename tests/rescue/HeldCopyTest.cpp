@@ -159,6 +159,19 @@ TEST_F(HeldCopyTest, IsDiscardedWithTheOneBeforeItThatAKillHasLeft) {
     EXPECT_THAT(names(), IsEmpty());
 }
 
+TEST_F(HeldCopyTest, ThatTurnsOutToBeWholeIsNotTakenForAHalf) {
+    std::string stem;
+    {
+        HeldCopy copy = begun();
+        stem = copy.stem();
+        ASSERT_TRUE(copy.write(workWith(1)).replaced);
+    }
+    auto taken = HeldCopy::take(folder, stem);
+    ASSERT_TRUE(taken);
+    HeldCopy::discardHalves(std::move(*taken));
+    EXPECT_THAT(found(), testing::ElementsAre(1));
+}
+
 TEST_F(HeldCopyTest, SaysWhyItCannotBegin) {
     fs::create_directory(folder.parent_path());
     files::write(folder, "a file where the folder should be");

@@ -43,24 +43,35 @@ private:
 
 class KilledEditor : public RescueTest {
 protected:
-    /// Runs an editor, which lives for ever, and kills it at a random moment after its first work.
-    template <typename Live>
-    void killWhile(const SharedProgress& progress, Live live) {
+    /// Runs an editor, which lives for ever, and kills it once that has come to pass.
+    template <typename Live, typename HasHappened>
+    void killOnce(HasHappened hasHappened, const SharedProgress& progress, Live live) {
         const pid_t child = ::fork();
         ASSERT_GE(child, 0);
         if (child == 0) {
             live(*progress);
             ::_exit(1);
         }
-        while (progress->last == 0) {
+        while (!hasHappened()) {
             std::this_thread::yield();
         }
-        std::this_thread::sleep_for(
-            std::chrono::microseconds(std::uniform_int_distribution<int>(0, 4000)(random_)));
         ::kill(child, SIGKILL);
         int status = 0;
         ASSERT_EQ(::waitpid(child, &status, 0), child);
         ASSERT_TRUE(WIFSIGNALED(status));
+    }
+    /// The same at a random moment after its first work.
+    template <typename Live>
+    void killWhile(const SharedProgress& progress, Live live) {
+        const auto hasHappened = [&] {
+            if (progress->last == 0) {
+                return false;
+            }
+            std::this_thread::sleep_for(
+                std::chrono::microseconds(std::uniform_int_distribution<int>(0, 4000)(random_)));
+            return true;
+        };
+        killOnce(hasHappened, progress, live);
     }
 
 private:
@@ -123,6 +134,34 @@ TEST_F(KilledEditor, BringsNothingToLightAgainThatWasSavedBefore) {
         for (const std::string& name : names()) {
             EXPECT_TRUE(name.starts_with(".unfinished-")) << name;
         }
+    }
+}
+
+TEST_F(KilledEditor, BringsNoOlderOneToLightWhenItWasDiscardingANewer) {
+    constexpr int newest = 100;
+    const std::string stem = "unsaved-00000001";
+    for (int round = 0; round < 10; ++round) {
+        std::filesystem::create_directories(folder);
+        for (int number = 1; number <= newest; ++number) {
+            const auto at = static_cast<std::uint64_t>(number);
+            files::write(folder / fileName({stem, Part::Shown, at}),
+                         presetTextOf(workWith(number).shown));
+            files::write(folder / fileName({stem, Part::UserDefined, at}),
+                         presetTextOf(workWith(number).userDefined));
+        }
+        const SharedProgress progress;
+        const auto hasBegun = [this] { return names().size() < 2 * newest; };
+        killOnce(hasBegun, progress, [&](Progress&) {
+            auto taken = HeldCopy::take(folder, stem);
+            if (taken && taken->read()) {
+                HeldCopy::discard(std::move(*taken));
+            }
+            ::pause();
+        });
+        const std::vector<int> numbers = numbersIn(lookInto(folder));
+        EXPECT_TRUE(numbers.empty() || numbers.front() == newest)
+            << testing::PrintToString(numbers);
+        std::filesystem::remove_all(folder);
     }
 }
 
