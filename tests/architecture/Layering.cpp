@@ -72,7 +72,7 @@ const std::vector<Room>& rooms() {
         {"config", {"texts"}, {}},
         {"describe", {"texts", "tables", "config"}, {}},
         {"files", {}, {systemHeader}},
-        {"rescue", {"texts", "tables", "config", "describe", "files"}, {}},
+        {"rescue", {"config", "describe", "files"}, {}},
         {"toolkit", {"texts"}, {}},
         {"platform", {}, {}},
         {"platform/software", {"platform"}, {systemHeader}},
