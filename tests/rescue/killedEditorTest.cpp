@@ -150,7 +150,7 @@ TEST_F(KilledEditor, BringsNoOlderOneToLightWhenItWasDiscardingANewer) {
                          presetTextOf(workWith(number).userDefined));
         }
         const SharedProgress progress;
-        const auto hasBegun = [this] { return names().size() < 2 * newest; };
+        const auto hasBegun = [this] { return names().size() < std::size_t{2} * newest; };
         killOnce(hasBegun, progress, [&](Progress&) {
             auto taken = HeldCopy::take(folder, stem);
             if (taken && taken->read()) {
