@@ -3,6 +3,7 @@
 #include <QFontMetrics>
 #include <QWidget>
 
+#include "qt/access/Command.h"
 #include "qt/widgets/asText.h"
 
 namespace qt::windows {
@@ -14,7 +15,7 @@ constexpr int lettersOfAStep = 60;  // names of files can be longer
 }  // namespace
 
 QAction* UndoActions::makeAction(QWidget& window, const std::function<void()>& act) {
-    auto* action = new QAction(&window);
+    auto* action = new access::Command({}, &window);
     window.addAction(action);
     QObject::connect(action, &QAction::triggered, &window, act);
     return action;
