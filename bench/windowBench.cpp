@@ -125,6 +125,38 @@ void benchClicking(app::Editor& editor) {
                 {QStringLiteral("moLa1"), QStringLiteral("moLa3")});
 }
 
+/// From the command to everything painted, there and back again.
+void benchUndoing(app::Editor& editor) {
+    constexpr int runs = 1000;
+    constexpr double aim = 8'000;
+    auto* undo = editor.view.findChild<QAction*>(QStringLiteral("actionUndo"));
+    auto* redo = editor.view.findChild<QAction*>(QStringLiteral("actionRedo"));
+    std::printf("Undo and redo, to everything painted, with all 74 faces shown\n");
+    const auto timed = [&](const char* what, int steps) {
+        std::vector<double> times;
+        times.reserve(runs);
+        for (int run = 0; run < runs; ++run) {
+            const bool back = run / steps % 2 == 0;
+            const auto start = Clock::now();
+            (back ? undo : redo)->trigger();
+            paintAll();
+            times.push_back(microsecondsSince(start));
+        }
+        const bench::Timing timing = bench::timingOf(std::move(times));
+        bench::print(what, timing);
+        bench::printWithin(timing, aim);
+    };
+    timed("a preset over another, of which everything differs", 1);
+    for (const char* layer : {"moLa1", "moLa3"}) {
+        app::robot::click(app::robot::find(editor.view, layer));
+        app::robot::click(app::robot::find(editor.view, "encoder9"));
+        editor.window.combo_chan.choose((editor.window.combo_chan.indexOfSelectedItem() + 5) % 16);
+    }
+    timed("a channel in one layer, then in another", 2);
+    editor.window.combo_mode.choose(editor::logicMode);
+    timed("a DAW mode", 1);
+}
+
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
@@ -138,5 +170,6 @@ int main(int argumentCount, char** arguments) {
     paintAll();
     benchLoading(editor);
     benchClicking(editor);
+    benchUndoing(editor);
     return 0;
 }
