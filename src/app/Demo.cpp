@@ -19,7 +19,8 @@ void moveInto(const QRect& area, QRect& window) {
 
 }  // namespace
 
-Demo::Demo(platform::software::SoftwareMidiService& service, qt::desktop::QtDesktop::EndProcess endProcess)
+Demo::Demo(platform::software::SoftwareMidiService& service,
+           qt::desktop::QtDesktop::EndProcess endProcess)
     : midiService(service),
       otherDevice(midiService.addDevice("Spare Port")),
       device(midiService.addDevice("Tormelk")),

@@ -56,7 +56,9 @@ TEST_F(ShowState, FindsEverythingAsActionsLeaveIt) {
         EXPECT_EQ(derived.combo_chan, shown.combo_chan) << step;
         EXPECT_EQ(derived.combo_cc, shown.combo_cc) << step;
         EXPECT_EQ(derived.combo_trig, shown.combo_trig) << step;
-        ASSERT_TRUE(derived == shown) << step << " mode " << state.modes.machn_mod << " control " << state.selection.keyEvnt << " layer " << state.layers.m_moLa << " done " << window.status.stringValue();
+        ASSERT_TRUE(derived == shown)
+            << step << " mode " << state.modes.machn_mod << " control " << state.selection.keyEvnt
+            << " layer " << state.layers.m_moLa << " done " << window.status.stringValue();
     }
 }
 

@@ -24,7 +24,7 @@ protected:
     /// `self` is the whole object. What was kept about the plain one that it was until now is
     /// dropped.
     explicit Described(QObject* self);
-    virtual ~Described() = default;
+    ~Described() = default;  // as the widget or action it is
 };
 
 }  // namespace qt::access
