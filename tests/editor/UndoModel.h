@@ -17,7 +17,7 @@ template <typename Action, typename Snapshot>
 class UndoModel {
 public:
     struct Entry {
-        Action action;
+        Action action{};
         Snapshot before;
         Snapshot after;
     };

@@ -24,8 +24,8 @@ config::Image userDefinedIn(const EditorState& state) {
     for (int layer = 0; layer < 4; ++layer) {
         for (int offset = 0; offset < 247; ++offset) {
             if (isParked(layer, offset)) {
-                image.at(position(layer, offset)) =
-                    parked.at(static_cast<std::size_t>(layer * 247 + offset));
+                image.at(position(layer, offset)) = parked.at(
+                    static_cast<std::size_t>(layer) * 247 + static_cast<std::size_t>(offset));
             }
         }
     }

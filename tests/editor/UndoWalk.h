@@ -105,7 +105,7 @@ private:
     TestEditor editor_;
     Model model_;
     Seen start_;
-    std::array<config::Image, 6> presets_;
+    std::array<config::Image, 6> presets_{};
     config::PresetBytes onFile_{};
     config::Image userDefinedOnFile_{};
     std::size_t actions_ = 0;
