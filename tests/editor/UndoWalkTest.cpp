@@ -27,7 +27,7 @@ TEST_P(UndoWalks, BringBackWhatWasAndEqualTheRemainingActions) {
     std::size_t redone = 0;
     std::size_t replayed = 0;
     for (std::size_t begun = 0; begun < actions; begun += actionsOfAPerson) {
-        UndoWalk walk(GetParam() * 1'000'000U + begun);
+        UndoWalk walk(GetParam() * std::size_t{1'000'000} + begun);
         while (walk.actions() < std::min(actionsOfAPerson, actions - begun)) {
             walk.step();
             ASSERT_EQ(walk.problem(), "") << "begun " << begun << ", action " << walk.actions();
