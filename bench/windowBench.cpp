@@ -148,8 +148,8 @@ void benchUndoing(app::Editor& editor) {
     };
     timed("a preset over another, of which everything differs", 1);
     for (const char* layer : {"moLa1", "moLa3"}) {
-        app::robot::click(app::robot::find(editor.view, layer));
-        app::robot::click(app::robot::find(editor.view, "encoder9"));
+        support::hands::click(support::hands::find(editor.view, layer));
+        support::hands::click(support::hands::find(editor.view, "encoder9"));
         editor.window.combo_chan.choose((editor.window.combo_chan.indexOfSelectedItem() + 5) % 16);
     }
     timed("a channel in one layer, then in another", 2);
