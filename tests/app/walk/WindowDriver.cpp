@@ -65,8 +65,10 @@ QString nameOf(PadBox box) {
 void pickByMouse(QComboBox& box, int index) {
     QAbstractItemView& list = *box.view();
     const QModelIndex item = box.model()->index(index, 0);
-    // The click that opened the list must be over before the next one counts.
+    // The click that opened the list must be over before the next one counts: its time has passed,
+    // and the box has been told so.
     QTest::qWait(QApplication::doubleClickInterval() + 1);
+    QApplication::processEvents();
     list.scrollTo(item);
     const QPoint place = list.visualRect(item).center();
     QTest::mouseMove(list.viewport(), place);
