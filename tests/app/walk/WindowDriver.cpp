@@ -174,6 +174,9 @@ void WindowDriver::clickPadLayer(int index, const std::function<void()>& inside)
     bool ran = false;
     support::hands::whenDialogOpens(QStringLiteral("Pad Editor"),
                                     [this, &inside, &ran](QDialog& dialog) {
+                                        // A list that is open while the desktop makes its
+                                        // window the active one would close.
+                                        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
                                         padWindow_ = &dialog;
                                         inside();
                                         ran = true;
@@ -182,6 +185,7 @@ void WindowDriver::clickPadLayer(int index, const std::function<void()>& inside)
                                     });
     operate(editor_.view, QStringLiteral("paLa%1").arg(index + 1));
     EXPECT_TRUE(ran);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&editor_.view));
 }
 
 void WindowDriver::clickLocker() {
