@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QGuiApplication>
 #include <QTest>
 #include <algorithm>
 #include <memory>
@@ -113,6 +114,14 @@ QString numbered(const char* name, std::size_t number) {
     return QString::fromLatin1(name) + QString::number(number);
 }
 
+/// The desktop has given the window the focus. A window that only belongs to the one with the focus
+/// counts as active, too, and on a busy desktop no window at all has it for a moment in between: an
+/// open list would close then.
+bool waitForFocus(const QWidget& window) {
+    return QTest::qWaitFor(
+        [&window] { return QGuiApplication::focusWindow() == window.windowHandle(); }, 30'000);
+}
+
 }  // namespace
 
 WindowDriver::WindowDriver(Hand first) : hand_(first) {
@@ -122,7 +131,7 @@ WindowDriver::WindowDriver(Hand first) : hand_(first) {
         return std::make_unique<qt::windows::PadView>(controller);
     });
     editor_.show();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&editor_.view));
+    EXPECT_TRUE(waitForFocus(editor_.view));
 }
 
 WindowDriver::Hand WindowDriver::nextHand() {
@@ -174,9 +183,7 @@ void WindowDriver::clickPadLayer(int index, const std::function<void()>& inside)
     bool ran = false;
     support::hands::whenDialogOpens(QStringLiteral("Pad Editor"),
                                     [this, &inside, &ran](QDialog& dialog) {
-                                        // A list that is open while the desktop makes its
-                                        // window the active one would close.
-                                        EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+                                        EXPECT_TRUE(waitForFocus(dialog));
                                         padWindow_ = &dialog;
                                         inside();
                                         ran = true;
@@ -185,7 +192,7 @@ void WindowDriver::clickPadLayer(int index, const std::function<void()>& inside)
                                     });
     operate(editor_.view, QStringLiteral("paLa%1").arg(index + 1));
     EXPECT_TRUE(ran);
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&editor_.view));
+    EXPECT_TRUE(waitForFocus(editor_.view));
 }
 
 void WindowDriver::clickLocker() {
