@@ -87,6 +87,8 @@ void UsbMidiGadget::setUp(const Options& options) const {
     writeText(function / "index", std::to_string(firstDeviceCard + controller_));
     writeText(function / "in_ports", std::to_string(options.ports));
     writeText(function / "out_ports", std::to_string(options.ports));
+    // One packet each: a full one would otherwise lie there until the next one comes.
+    writeText(function / "buflen", options.highSpeed ? "512" : "64");
     const fs::path configuration = folder_ / "configs/c.1";
     fs::create_directory(configuration);
     fs::create_directory_symlink(function, configuration / "midi.0");

@@ -5,6 +5,7 @@
 #include <csignal>
 
 #include "kernel/publicTools.h"
+#include "kernel/rawMidi.h"
 #include "kernel/sequencerClients.h"
 #include "kernel/sysEx.h"
 #include "kernel/waitUntil.h"
@@ -62,6 +63,21 @@ TEST(UsbMidiGadget, TakesASysExOfThePublicToolsByteForByte) {
     gadget.plug();
     sendThroughSequencer(address(*gadget.host().client()), sysEx(254));
     EXPECT_EQ(gadget.received().atLeast(254, 5s), sysEx(254));
+}
+
+TEST(UsbMidiGadget, TakesAPacketThatIsFullWithoutWaitingForMore) {
+    struct Speed {
+        bool isHigh;
+        std::size_t bytesInAPacket;  // of MIDI: three of four
+    };
+    for (const Speed& speed : {Speed{false, 48}, Speed{true, 384}}) {
+        UsbMidiGadget gadget({.highSpeed = speed.isHigh});
+        gadget.plug();
+        const RawMidi host =
+            openRawMidiOutput("hw:" + std::to_string(gadget.host().card().value_or(-1)) + ",0,0");
+        writeRawMidi(*host, sysEx(speed.bytesInAPacket));
+        EXPECT_EQ(gadget.received().atLeast(speed.bytesInAPacket, 5s), sysEx(speed.bytesInAPacket));
+    }
 }
 
 TEST(UsbMidiGadget, KeepsWhatItReceivedWhenItIsUnpluggedAndPluggedAgain) {
