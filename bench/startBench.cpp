@@ -2,13 +2,14 @@
 // often it wakes up while nobody touches it.
 //
 //     start-bench
-//     start-bench --editor | --bare | --idle     (what it runs itself as)
+//     start-bench --editor | --bare | --idle | --unsaved     (what it runs itself as)
 
 #include <QApplication>
 #include <QFile>
 #include <QPointer>
 #include <QProcess>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <chrono>
 #include <cstdio>
@@ -26,6 +27,8 @@
 namespace {
 
 using Clock = std::chrono::steady_clock;
+
+const QString keptIn = QStringLiteral("unsaved");  // in a folder of the process's own
 
 /// Ends the process as soon as the window has been painted and handed to the display.
 class EndWhenPainted final : public QObject {
@@ -73,34 +76,44 @@ Activity activity() {
 }
 
 /// Tells what happened in ten seconds without a hand on the program.
-void watchIdle() {
+void watchIdle(QTemporaryDir& folder) {
     using namespace std::chrono_literals;
-    QTimer::singleShot(3s, [] {  // it has come to rest
+    QTimer::singleShot(3s, [&folder] {  // it has come to rest
         const Activity before = activity();
-        QTimer::singleShot(10s, [before] {
+        QTimer::singleShot(10s, [before, &folder] {
             const Activity after = activity();
             // The one of this timer's own end is left out.
             std::printf("%ld wake-ups and %.2f ms of work", after.wakeUps - before.wakeUps - 1,
                         after.milliseconds - before.milliseconds);
+            const std::filesystem::path kept = folder.filePath(keptIn).toStdString();
+            if (std::filesystem::exists(kept)) {
+                std::printf(", with unsaved work kept");
+            }
             std::fflush(stdout);
+            folder.remove();
             std::_Exit(0);
         });
     });
 }
 
-int runEditor(int count, char** arguments, bool idle) {
+int runEditor(int count, char** arguments, const std::string& role) {
     const QApplication application(count, arguments);
     app::setIdentity();
     platform::alsa::AlsaMidiService midiService("Tormelk Wyro");
     qt::desktop::QtDesktop desktop;
-    app::Editor editor(midiService, desktop);
+    QTemporaryDir folder;
+    app::Editor editor(midiService, desktop, folder.filePath(keptIn).toStdString());
     std::unique_ptr<EndWhenPainted> end;
-    if (idle) {
-        watchIdle();
-    } else {
+    if (role == "--editor") {
+        folder.remove();  // nothing is put there
         end = std::make_unique<EndWhenPainted>(editor.view);
+    } else {
+        watchIdle(folder);
     }
     editor.show();
+    if (role == "--unsaved") {
+        editor.window.locker.click();
+    }
     return QApplication::exec();
 }
 
@@ -133,9 +146,12 @@ void compareStarts(const char* program) {
 
 void tellIdle(const char* program) {
     std::printf("Ten seconds without a hand on the program\n");
-    const std::string told = runAs(program, "--idle");
-    std::printf("  %s; the aim is none: %s\n\n", told.c_str(),
-                told.rfind("0 ", 0) == 0 ? "met" : "MISSED");
+    for (const char* role : {"--idle", "--unsaved"}) {
+        const std::string told = runAs(program, role);
+        std::printf("  %s; the aim is none: %s\n", told.c_str(),
+                    told.rfind("0 ", 0) == 0 ? "met" : "MISSED");
+    }
+    std::printf("\n");
 }
 
 }  // namespace
@@ -145,8 +161,8 @@ int main(int count, char** arguments) {
     if (role == "--bare") {
         return runBare(count, arguments);
     }
-    if (role == "--editor" || role == "--idle") {
-        return runEditor(count, arguments, role == "--idle");
+    if (!role.empty()) {
+        return runEditor(count, arguments, role);
     }
     compareStarts(arguments[0]);
     tellIdle(arguments[0]);

@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QTemporaryDir>
 #include <QTest>
 #include <chrono>
 #include <cstdio>
@@ -98,7 +99,8 @@ int main(int count, char** arguments) {
         });
     });
     qt::desktop::QtDesktop desktop([](int) {});
-    app::Editor editor(midiService, desktop);
+    const QTemporaryDir folder;
+    app::Editor editor(midiService, desktop, folder.filePath(QStringLiteral("unsaved")).toStdString());
     editor.show();
     (void)QTest::qWaitForWindowExposed(&editor.view);
     tormelk.receive(sending::update);

@@ -164,7 +164,8 @@ int main(int argumentCount, char** arguments) {
     app::setIdentity();
     platform::software::SoftwareMidiService midiService;
     qt::desktop::QtDesktop desktop([](int status) { std::exit(status); });
-    app::Editor editor(midiService, desktop);
+    const QTemporaryDir folder;
+    app::Editor editor(midiService, desktop, folder.filePath(QStringLiteral("unsaved")).toStdString());
     editor.window.combo_mode.choose(editor::userDefinedMode);
     editor.show();
     paintAll();

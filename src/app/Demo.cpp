@@ -28,7 +28,7 @@ Demo::Demo(platform::software::SoftwareMidiService& service,
       destination(device.addDestination("Tormelk MIDI 1")),
       desktop(std::move(endProcess)),
       simulatorView(tormelk),
-      editor(midiService, desktop) {
+      editor(midiService, desktop, folder.filePath(QStringLiteral("unsaved")).toStdString()) {
     otherDevice.addSource("Spare Port MIDI 1");
     otherDevice.addDestination("Spare Port MIDI 1");
     destination.onReceive([this](const platform::MIDIPacketList& list) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QTemporaryDir>
+
 #include "app/Editor.h"
 #include "platform/software/SoftwareMidiService.h"
 #include "qt/desktop/QtDesktop.h"
@@ -20,6 +22,10 @@ struct Demo {
     /// Side by side where the screen has space for it.
     void show();
 
+    /// What it has put on disk goes, for a process that ends at once. Nobody misses what was done
+    /// to a controller that is simulated.
+    void removeFiles() { folder.remove(); }
+
     platform::software::SoftwareMidiService& midiService;
     platform::software::Device& otherDevice;
     platform::software::Device& device;
@@ -28,6 +34,7 @@ struct Demo {
     simulator::SimulatedController tormelk;
     qt::desktop::QtDesktop desktop;
     qt::windows::SimulatorView simulatorView;
+    QTemporaryDir folder;
     Editor editor;
 
 private:

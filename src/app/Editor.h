@@ -1,8 +1,10 @@
 #pragma once
 
+#include "app/WakeUp.h"
 #include "devices/seldev.h"
 #include "editor/EditorState.h"
 #include "editor/MainWindow.h"
+#include "editor/UnsavedWork.h"
 #include "editor/mainController.h"
 #include "firmware/FirmwareState.h"
 #include "midi/ZQMIDIProcess.h"
@@ -15,9 +17,10 @@
 namespace app {
 
 /// The editor, put together over a MIDI service and a desktop; both must outlive it. Its main
-/// window is awake, and shown by `show`.
+/// window is awake, and shown by `show`. Unsaved work is kept at the place.
 struct Editor {
-    Editor(platform::MidiService& midiService, qt::desktop::QtDesktop& desktop);
+    Editor(platform::MidiService& midiService, qt::desktop::QtDesktop& desktop,
+           editor::UnsavedWork::Place placeOfUnsavedWork);
     Editor(const Editor&) = delete;
     Editor& operator=(const Editor&) = delete;
 
@@ -31,6 +34,8 @@ struct Editor {
     editor::EditorState state;
     editor::MainWindow window;
     editor::mainController controller;
+    editor::UnsavedWork unsavedWork;
+    WakeUp wakeUp;
     qt::windows::MainWindowView view;
     qt::desktop::MidiDispatcher midiDispatcher;
     qt::desktop::QtDesktop::Registration lastWindowClosed;

@@ -17,6 +17,7 @@ int main(int count, char** arguments) {
     app::ProgramEnd programEnd;
     platform::software::SoftwareMidiService midiService;
     app::Demo demo(midiService, [&programEnd](int status) { programEnd.end(status); });
+    programEnd.before([&demo] { demo.removeFiles(); });
     demo.desktop.onSleep([&programEnd] { programEnd.attend(); });
     demo.show();
     return QApplication::exec();

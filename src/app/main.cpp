@@ -8,6 +8,7 @@
 #include "app/openDisplay.h"
 #include "platform/alsa/AlsaMidiService.h"
 #include "qt/desktop/QtDesktop.h"
+#include "rescue/place.h"
 
 int main(int, char** arguments) {
     // A save that meets a limit on file sizes fails and says so; unheeded, the signal would end us.
@@ -20,7 +21,8 @@ int main(int, char** arguments) {
     programEnd.before([&midiService] { midiService.end(); });
     qt::desktop::QtDesktop desktop([&programEnd](int status) { programEnd.end(status); });
     desktop.onSleep([&programEnd] { programEnd.attend(); });
-    app::Editor editor(midiService, desktop);
+    app::Editor editor(midiService, desktop, rescue::place());
+    programEnd.before([&editor] { editor.unsavedWork.end(); });
     editor.show();
     programEnd.end(QApplication::exec());
 }

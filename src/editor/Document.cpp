@@ -49,8 +49,10 @@ void Document::goTo(const Moment& moment) {
     tell();
 }
 
-void Document::takeOver(const config::Configuration& configuration, std::string name) {
+void Document::takeOver(const config::Configuration& configuration, std::string name,
+                        int broughtBack) {
     static_cast<config::Configuration&>(state_) = configuration;
+    state_.broughtBack = broughtBack;
     const int mode = config::trailer(state_.sysData, 0, config::dawModeOffset);
     state_.modes.machn_mod_bakup = std::exchange(state_.modes.machn_mod, mode);
     state_.modes.sysExData_modeBackup = mode;
@@ -74,6 +76,17 @@ void Document::filed(const config::PresetBytes& bytes) {
 
 bool Document::differsFromFile() const {
     return !std::equal(onFile_.begin(), onFile_.end(), state_.sysData.begin());
+}
+
+/// What a DAW mode does not exchange is in force in every mode, and any preset holds it.
+bool Document::parkedDiffersFromFile() const {
+    if (config::trailer(state_.sysData, 0, config::dawModeOffset) == userDefinedMode ||
+        !state_.stores.userDefinedHoldsData()) {
+        return false;
+    }
+    config::Image parked = userDefinedOnFile_;
+    config::restoreUserDefined(parked, state_.stores);
+    return parked != userDefinedOnFile_;
 }
 
 void Document::judgeChange() {

@@ -49,13 +49,20 @@ public:
     [[nodiscard]] std::size_t memory() const { return history_.memory(); }
 
     /// Puts a whole configuration in place, bit for bit, as one step of this name. The selection
-    /// stays. Where nothing differs it is no step.
-    void takeOver(const config::Configuration& configuration, std::string name);
+    /// stays. Where nothing differs it is no step. `broughtBack` tells which copy of unsaved work
+    /// it is, if it is one.
+    void takeOver(const config::Configuration& configuration, std::string name,
+                  int broughtBack = 0);
 
     // What is on file: the bytes that were saved or loaded last, or the start's.
     void filed(const config::PresetBytes& bytes);
     /// A load may rewrite a byte of what it read; the image differs from the file at once then.
     [[nodiscard]] bool differsFromFile() const;
+    /// Whether anything is on no file. Unlike the title's mark it knows of the person's own
+    /// assignments behind a DAW mode, which no preset of that mode holds.
+    [[nodiscard]] bool hasUnsavedWork() const {
+        return differsFromFile() || parkedDiffersFromFile();
+    }
 
     /// `bChange` after the state was put back: set where a channel or number of the User Defined
     /// assignments, shown or parked, is not as it was saved or loaded last.
@@ -78,6 +85,7 @@ private:
 
     [[nodiscard]] Moment moment() const { return {state_, shownBy(window_), filings_}; }
     void goTo(const Moment& moment);
+    [[nodiscard]] bool parkedDiffersFromFile() const;
     void tell();
 
     EditorState& state_;

@@ -135,6 +135,8 @@ struct EditorState : config::Configuration {
     PadEditing pads;
     int bChange = 0;  ///< 1: a channel or number was changed since the last save or load
     int isInit = 0;   ///< 1: the main window has finished waking
+    /// Which copy of unsaved work this began as, counted from 1; 0 is none.
+    int broughtBack = 0;
 
     bool operator==(const EditorState&) const = default;
 };

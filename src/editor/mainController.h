@@ -112,7 +112,8 @@ public:
     void undo();
     void redo();
     /// Puts a whole configuration in place as one step that can be undone.
-    void takeOver(const config::Configuration& configuration, const std::string& name);
+    void takeOver(const config::Configuration& configuration, const std::string& name,
+                  int broughtBack = 0);
 
     // Send
     void sendData();
@@ -172,6 +173,14 @@ public:
 
     [[nodiscard]] const std::string& prog_name() const { return programName_; }
 
+    // For who keeps unsaved work.
+
+    /// Run around everything that sends: a Send, and the firmware window as a whole.
+    std::function<void()> onTransferBegin;
+    std::function<void()> onTransferEnd;
+    /// A save has succeeded.
+    std::function<void()> onSaved;
+
     /// For the view, which shows what the widgets do not hold.
     [[nodiscard]] const EditorState& state() const { return state_; }
 
@@ -187,6 +196,7 @@ private:
     /// Tells the document and the view.
     void actionEnded(const Choice& choice = {});
     void tellView();
+    void transfer(const std::function<void()>& act);
     void fillBoxes();
     /// `combo_chan`, `combo_type`, `combo_cc`, `combo_trig`.
     [[nodiscard]] std::array<toolkit::ComboBox*, 4> propertyBoxes();

@@ -40,7 +40,7 @@ void mainController::midiSelect() {
 
 void mainController::firmware() {
     firmware::firm dialog(firmware_, devices_, desktop_);
-    desktop_.runModalForWindow(dialog);
+    transfer([&] { desktop_.runModalForWindow(dialog); });
     showOutput();
     if (sent_ && !sent_->receipt().isSettled && sent_->look().isSettled) {
         // It sent something there before the Send was settled.

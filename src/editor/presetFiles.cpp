@@ -35,6 +35,9 @@ void mainController::saveFile() {
     window_.status.setStringValue("Saved " + path->filename().string() +
                                   (result.inOneStep ? "" : notInOneStep));
     actionEnded();
+    if (onSaved) {
+        onSaved();
+    }
 }
 
 void mainController::loadFile() {
@@ -98,6 +101,7 @@ void mainController::takePreset(const config::PresetBytes& preset, int mode) {
         toggleGray();  // nothing can be edited in a host's mode
     }
     state_.bChange = 0;
+    state_.broughtBack = 0;
     document_.filed(preset);
 }
 

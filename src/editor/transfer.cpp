@@ -6,10 +6,21 @@
 
 namespace editor {
 
+void mainController::transfer(const std::function<void()>& act) {
+    if (onTransferBegin) {
+        onTransferBegin();
+    }
+    act();
+    if (onTransferEnd) {
+        onTransferEnd();
+    }
+}
+
 void mainController::sendData() {
-    sent_ = sending::send(
-        state_.sysData, {devices_.process().service(), [this] { return devices_.OutDevice(); },
-                         [this](sending::Seconds pause) { desktop_.sleepForTimeInterval(pause); }});
+    const sending::Way way{
+        devices_.process().service(), [this] { return devices_.OutDevice(); },
+        [this](sending::Seconds pause) { desktop_.sleepForTimeInterval(pause); }};
+    transfer([&] { sent_ = sending::send(state_.sysData, way); });
     const sending::Receipt& receipt = sent_->receipt();
     const std::string said = sending::reportSend(receipt);
     report(said);

@@ -24,8 +24,9 @@ void mainController::redo() {
     tellView();
 }
 
-void mainController::takeOver(const config::Configuration& configuration, const std::string& name) {
-    document_.takeOver(configuration, name);
+void mainController::takeOver(const config::Configuration& configuration, const std::string& name,
+                              int broughtBack) {
+    document_.takeOver(configuration, name, broughtBack);
     report(name);
     tellView();
 }

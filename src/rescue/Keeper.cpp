@@ -33,6 +33,13 @@ std::string Keeper::timePassed(Time now) {
     return due() && *due() <= now ? settle() : "";
 }
 
+void Keeper::keepNow(Time now) {
+    if (due() && !settle().empty()) {
+        toldFailure_.clear();
+        due_ = now;
+    }
+}
+
 void Keeper::end() {
     if (!isSettled()) {
         (void)settle();
@@ -118,14 +125,16 @@ std::optional<Work> Keeper::bringBack(const std::string& stem) {
     return work;
 }
 
-void Keeper::discard(const std::string& stem) {
-    if (bringBack(stem)) {
+bool Keeper::discard(const std::string& stem) {
+    const bool isHeld = bringBack(stem).has_value();
+    if (isHeld) {
         HeldCopy::discard(std::move(taken_.at(stem).copy));
         taken_.erase(stem);
     }
     if (!isSettled()) {
         due_ = Time::min();  // it was the copy of what is unsaved
     }
+    return isHeld;
 }
 
 }  // namespace rescue

@@ -39,6 +39,10 @@ public:
     /// Does what is due. Returns the line to show, empty where there is nothing to tell.
     [[nodiscard]] std::string timePassed(Time now);
 
+    /// Does now what would be due later, before something that is not to be disturbed. What fails
+    /// is due again at once, so that it is told afterwards.
+    void keepNow(Time now);
+
     // A Send or a firmware upload. What became due meanwhile is due when it has ended.
     void transferBegins() { ++transfers_; }
     void transferEnds() { --transfers_; }
@@ -57,7 +61,8 @@ public:
     [[nodiscard]] std::optional<Work> bringBack(const std::string& stem);
 
     /// Removes such a copy, brought back or not: a person wants it no longer, or has saved it.
-    void discard(const std::string& stem);
+    /// False where it is there no longer or another editor has it.
+    bool discard(const std::string& stem);
 
 private:
     struct Taken {

@@ -79,7 +79,9 @@ protected:
     support::ScriptedMidiService midiService;
     std::vector<int> exits;
     qt::desktop::QtDesktop desktop{[this](int status) { exits.push_back(status); }};
-    Editor editor{midiService, desktop};
+    const QTemporaryDir folder;
+    const std::string placeOfUnsavedWork = folder.filePath(QStringLiteral("unsaved")).toStdString();
+    Editor editor{midiService, desktop, placeOfUnsavedWork};
 };
 
 std::vector<QWidget*> aboutWindows() {
@@ -236,7 +238,7 @@ TEST_F(EditorTest, SharesAProcessWithAnotherEditorUnharmed) {
     plug("Alpha");
     qt::desktop::QtDesktop secondDesktop([](int) {});
     support::ScriptedMidiService secondService;
-    auto second = std::make_unique<Editor>(secondService, secondDesktop);
+    auto second = std::make_unique<Editor>(secondService, secondDesktop, placeOfUnsavedWork);
     second->show();
     choose(find<QComboBox>(second->view, "combo_mode"), editor::logicMode);
     chooseOutput(editor, 0);
@@ -259,7 +261,7 @@ void closeLastWindow(Editor& editor, const std::vector<Editor*>& hidden) {
 
 TEST_F(EditorTest, ComesBackBesideAnotherEditorOfItsDesktopAndAfterThatOneIsGone) {
     support::ScriptedMidiService secondService;
-    auto second = std::make_unique<Editor>(secondService, desktop);
+    auto second = std::make_unique<Editor>(secondService, desktop, placeOfUnsavedWork);
     second->show();
     closeLastWindow(editor, {&editor, second.get()});
     EXPECT_TRUE(
@@ -281,7 +283,7 @@ struct EditorWithoutMidi {
         {folder.filePath(QStringLiteral("seq")).toStdString(),
          [this](const std::string&) { return error; }}};
     qt::desktop::QtDesktop desktop{[](int) {}};
-    Editor editor{midiService, desktop};
+    Editor editor{midiService, desktop, folder.filePath(QStringLiteral("unsaved")).toStdString()};
 };
 
 QString statusOf(const Editor& editor) {

@@ -320,6 +320,23 @@ TEST_F(UndoTest, HasNoStepForTakingOverWhatIsThere) {
     EXPECT_EQ(document.numberOfSteps(), steps);
 }
 
+// What is on file
+
+TEST_F(UndoTest, KnowsOfWorkBehindADawModeThatIsOnNoFile) {
+    EXPECT_TRUE(document.hasUnsavedWork()) << "the mode is another one than at the start";
+    save(editor, file);
+    EXPECT_FALSE(document.hasUnsavedWork());
+    window.combo_chan.choose(9);
+    editor.chooseMode(logicMode);
+    save(editor, file);
+    EXPECT_FALSE(document.differsFromFile());
+    EXPECT_TRUE(document.hasUnsavedWork());
+    controller.undo();
+    controller.undo();
+    editor.chooseMode(logicMode);
+    EXPECT_FALSE(document.hasUnsavedWork());
+}
+
 // Who listens
 
 TEST_F(UndoTest, TellsOfEveryChangeAndOfNothingElse) {

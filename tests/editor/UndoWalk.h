@@ -76,6 +76,7 @@ public:
     /// Does what is in effect once more in an editor that has just started, and compares.
     void replay();
 
+    [[nodiscard]] TestEditor& editor() { return editor_; }
     [[nodiscard]] const std::string& problem() const { return problem_; }
     [[nodiscard]] std::size_t actions() const { return actions_; }
     [[nodiscard]] std::size_t undone() const { return undone_; }

@@ -125,16 +125,20 @@ void MainWindowView::makeActions(editor::mainController& controller) {
 }
 
 void MainWindowView::makeMenus() {
-    QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
-    file->addActions({loadPreset_, savePreset_});
-    file->addSeparator();
-    file->addAction(quit_);
+    file_ = menuBar()->addMenu(QStringLiteral("&File"));
+    file_->addActions({loadPreset_, savePreset_});
+    file_->addSeparator();
+    file_->addAction(quit_);
     menuBar()->addMenu(QStringLiteral("&Edit"))->addActions(undo_->actions());
     QMenu* controllerMenu = menuBar()->addMenu(QStringLiteral("&Controller"));
     controllerMenu->addActions({send_, midiDevices_});
     controllerMenu->addSeparator();
     controllerMenu->addAction(firmwareUpdate_);
     menuBar()->addMenu(QStringLiteral("&Help"))->addAction(about_);
+}
+
+void MainWindowView::offer(editor::UnsavedWork& unsavedWork) {
+    unsavedWork_ = std::make_unique<UnsavedWorkMenu>(*file_, *quit_, unsavedWork);
 }
 
 QBoxLayout* MainWindowView::makeTopBar(editor::MainWindow& window) {

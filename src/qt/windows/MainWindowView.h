@@ -7,6 +7,7 @@
 #include "qt/widgets/ModelLink.h"
 #include "qt/widgets/WindowBinding.h"
 #include "qt/windows/UndoActions.h"
+#include "qt/windows/UnsavedWorkMenu.h"
 
 class QBoxLayout;
 
@@ -23,6 +24,9 @@ class AssignmentPanel;
 class MainWindowView final : public QMainWindow {
 public:
     MainWindowView(editor::MainWindow& window, editor::mainController& controller);
+
+    /// Puts what concerns unsaved work into the File menu; it must outlive this.
+    void offer(editor::UnsavedWork& unsavedWork);
 
 private:
     void makeActions(editor::mainController& controller);
@@ -45,6 +49,8 @@ private:
     QAction* firmwareUpdate_ = nullptr;
     QAction* about_ = nullptr;
     std::unique_ptr<UndoActions> undo_;
+    QMenu* file_ = nullptr;
+    std::unique_ptr<UnsavedWorkMenu> unsavedWork_;
     widgets::WindowBinding binding_;
     widgets::ModelLink<editor::MainWindow, &editor::MainWindow::actionEnded> link_;
 };

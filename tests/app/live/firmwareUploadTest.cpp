@@ -112,7 +112,8 @@ protected:
     std::size_t messages = 0;
     std::vector<int> exits;
     qt::desktop::QtDesktop desktop{[this](int status) { exits.push_back(status); }};
-    app::Editor editor{midiService, desktop};
+    const QTemporaryDir folder;
+    app::Editor editor{midiService, desktop, folder.filePath(QStringLiteral("unsaved")).toStdString()};
 };
 
 void FirmwareUpload::prepare(QDialog& window, const std::string& file) const {

@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QDialog>
+#include <QTemporaryDir>
 
 #include "app/Editor.h"
 #include "editor/walk/Driver.h"
@@ -45,7 +46,9 @@ private:
 
     platform::software::SoftwareMidiService service_;
     qt::desktop::QtDesktop desktop_{[](int) {}};
-    app::Editor editor_{service_, desktop_};
+    const QTemporaryDir folder_;
+    app::Editor editor_{service_, desktop_,
+                        folder_.filePath(QStringLiteral("unsaved")).toStdString()};
     editor::pad* pad_ = nullptr;
     QDialog* padWindow_ = nullptr;
     Hand hand_;

@@ -72,10 +72,15 @@ void showMainAfterSend(app::Demo& demo, const Visit& visit) {
     choose(find<QComboBox>(window, "combo_mode"), editor::userDefinedMode);
 }
 
+/// For what another editor than the demo's keeps.
+std::string elsewhere(const app::Demo& demo) {
+    return demo.folder.filePath(QStringLiteral("elsewhere")).toStdString();
+}
+
 /// As an owner meets it who has not plugged anything in.
 void showMainWithoutOutput(app::Demo& demo, const Visit& visit) {
     support::ScriptedMidiService empty;
-    app::Editor editor(empty, demo.desktop);
+    app::Editor editor(empty, demo.desktop, elsewhere(demo));
     editor.show();
     show(editor.view, "main-no-output", visit);
 }
@@ -249,7 +254,7 @@ void showEmptyDeviceDialog(app::Demo& demo, const Visit& visit) {
 /// An editor on another computer than the demo's: its main window and its device dialog.
 void showElsewhere(app::Demo& demo, support::ScriptedMidiService& service, const std::string& where,
                    const Visit& visit) {
-    app::Editor editor(service, demo.desktop);
+    app::Editor editor(service, demo.desktop, elsewhere(demo));
     editor.show();
     whenDialogOpens(QStringLiteral("MIDI Devices"), [&](QDialog& dialog) {
         show(dialog, ("seldev-" + where).c_str(), visit);

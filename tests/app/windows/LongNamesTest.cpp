@@ -7,6 +7,7 @@
 #include <QAccessible>
 #include <QHelpEvent>
 #include <QScreen>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QToolTip>
 
@@ -76,7 +77,8 @@ protected:
 
     support::ScriptedMidiService service;
     desktop::QtDesktop desktop{[](int) {}};
-    app::Editor editor{service, desktop};
+    const QTemporaryDir folder;
+    app::Editor editor{service, desktop, folder.filePath(QStringLiteral("unsaved")).toStdString()};
 };
 
 TEST_F(LongNames, DoNotMakeTheMainWindowWider) {
