@@ -68,13 +68,23 @@ void quit() {
     hands::press(*mainWindow(), Qt::Key_Q, Qt::ControlModifier);
 }
 
-void editAndClose() {
+void edit() {
     auto& channel = hands::find<QComboBox>(*mainWindow(), "combo_chan");
     hands::press(hands::find(*mainWindow(), "combo_mode"), Qt::Key_Home);
     for (int i = 0; i < 3; ++i) {
         hands::press(channel, Qt::Key_Down);
     }
     say(QStringLiteral("edited channel ") + channel.currentText());
+}
+
+void editAndClose() {
+    edit();
+    closeMainWindow();
+}
+
+/// Says what the line below the window says.
+void tellStatusAndClose() {
+    say(QStringLiteral("status: ") + hands::find<QLabel>(*mainWindow(), "status").text());
     closeMainWindow();
 }
 
@@ -378,7 +388,9 @@ const std::pair<const char*, void (*)()> tasks[] = {
     {"hang", hang},
     {"close", closeMainWindow},
     {"quit", quit},
+    {"edit", edit},
     {"edit-and-close", editAndClose},
+    {"tell-status-and-close", tellStatusAndClose},
     {"look-around-and-close", lookAroundAndClose},
     {"save-and-close", saveAndClose},
     {"send-and-close", sendAndClose},

@@ -5,8 +5,13 @@
 #include <QComboBox>
 #include <QFile>
 #include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
 #include <QTemporaryDir>
 #include <QTest>
+#include <chrono>
+#include <filesystem>
+#include <string>
 
 #include "app/Demo.h"
 #include "devices/missingMidi.h"
@@ -282,6 +287,59 @@ void showWithoutMidi(app::Demo& demo, const Visit& visit) {
     demo.simulatorView.setNotice(QString());
 }
 
+/// Another editor changes this many controls and comes to its end, half a day after all before.
+void leaveUnsavedWork(app::Demo& demo, const std::string& place, std::size_t controls) {
+    namespace fs = std::filesystem;
+    if (fs::exists(place)) {
+        for (const auto& file : fs::directory_iterator(place)) {
+            fs::last_write_time(file, file.last_write_time() - std::chrono::hours(11));
+        }
+    }
+    support::ScriptedMidiService empty;
+    app::Editor editor(empty, demo.desktop, place);
+    editor.window.combo_mode.choose(editor::userDefinedMode);
+    for (std::size_t tag = 0; tag < controls; ++tag) {
+        editor.window.keysOrderedByTag.at(tag).click();
+        editor.window.combo_chan.choose(7);
+    }
+    if (controls % 2 == 0) {
+        editor.window.locker.click();
+        editor.window.combo_mode.choose(editor::logicMode);
+    }
+    editor.unsavedWork.end();
+}
+
+void showUnsavedWork(app::Demo& demo, const Visit& visit) {
+    leaveUnsavedWork(demo, elsewhere(demo), 1);
+    support::ScriptedMidiService empty;
+    app::Editor editor(empty, demo.desktop, elsewhere(demo));
+    editor.show();
+    show(editor.view, "main-unsaved-work", visit);
+    editor.unsavedWork.discard(editor.unsavedWork.offers().front());
+}
+
+QMenu& open(QMenu& menu, const QPoint& place) {
+    menu.popup(place);
+    QApplication::processEvents();
+    return menu;
+}
+
+/// The list of what can be brought back opens where there is one.
+void showFileMenu(QMainWindow& window, const char* name, const Visit& visit) {
+    QAction* action = window.menuBar()->actions().front();
+    const QPoint below = window.menuBar()->actionGeometry(action).bottomLeft();
+    QMenu& file = open(*action->menu(), window.menuBar()->mapToGlobal(below));
+    auto& list = find<QMenu>(window, "listBringBack");
+    if (list.menuAction()->isVisible()) {
+        file.setActiveAction(list.menuAction());
+        open(list, file.mapToGlobal(file.actionGeometry(list.menuAction()).topRight()));
+        list.setActiveAction(list.actions().front());
+    }
+    visit(window, QString::fromLatin1(name));
+    list.close();
+    file.close();
+}
+
 void showLongName(app::Demo& demo, const Visit& visit) {
     support::ScriptedMidiService service;
     service.addSource(std::string(127, 'W'));
@@ -309,7 +367,25 @@ void forEveryWindow(const Visit& visit) {
     showEmptyDeviceDialog(demo, visit);
     showMainWithoutOutput(demo, visit);
     showWithoutMidi(demo, visit);
+    showUnsavedWork(demo, visit);
     showLongName(demo, visit);
+}
+
+void forEveryMenu(const Visit& visit) {
+    support::ScriptedMidiService service;
+    app::Demo demo(service);
+    parkMouse();
+    demo.show();
+    QMainWindow& window = demo.editor.view;
+    (void)QTest::qWaitForWindowActive(&demo.editor.view);
+    const std::string place = demo.folder.filePath(QStringLiteral("unsaved")).toStdString();
+    showFileMenu(window, "menu-file", visit);
+    leaveUnsavedWork(demo, place, 1);
+    showFileMenu(window, "menu-unsaved-work", visit);
+    for (const std::size_t controls : {12U, 27U}) {
+        leaveUnsavedWork(demo, place, controls);
+    }
+    showFileMenu(window, "menu-unsaved-works", visit);
 }
 
 }  // namespace tests

@@ -10,4 +10,8 @@ namespace tests {
 /// variants of them.
 void forEveryWindow(const std::function<void(QWidget& window, const QString& name)>& visit);
 
+/// Opens the File menu over the main window of the editor, with no, one and several copies of
+/// unsaved work, and shows the window to `visit`. The menus are windows of their own.
+void forEveryMenu(const std::function<void(QWidget& window, const QString& name)>& visit);
+
 }  // namespace tests

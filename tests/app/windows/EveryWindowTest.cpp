@@ -11,6 +11,7 @@
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QLabel>
+#include <QMenu>
 #include <QPalette>
 #include <QPushButton>
 #include <QScrollBar>
@@ -241,6 +242,26 @@ TEST(EveryWindow, ShowsTheTextOfAChoiceInFullWhereItIsShort) {
                 << name.toStdString() << ": " << box->objectName().toStdString();
         }
     });
+}
+
+TEST(EveryMenu, FitsASmallScreenWithLargerLettersToo) {
+    for (const qreal times : {1.0, 1.3}) {
+        const LargerLetters larger(times);
+        int menus = 0;
+        forEveryMenu([&menus](QWidget& window, const QString& name) {
+            QRect all;
+            for (const QMenu* menu : window.findChildren<QMenu*>()) {
+                if (menu->isVisible()) {
+                    ++menus;
+                    all |= menu->frameGeometry();
+                    EXPECT_GE(menu->width(), menu->sizeHint().width()) << name.toStdString();
+                }
+            }
+            EXPECT_LE(all.width(), 1280) << name.toStdString();
+            EXPECT_LE(all.height(), 720) << name.toStdString();
+        });
+        EXPECT_EQ(menus, 4);
+    }
 }
 
 TEST(EveryWindow, IsOneOfTheWindowsThereAre) {

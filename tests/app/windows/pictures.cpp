@@ -8,6 +8,8 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QMenu>
+#include <QPainter>
 #include <QPixmap>
 #include <QProcess>
 #include <QStyleFactory>
@@ -23,12 +25,23 @@
 
 namespace {
 
+/// The menus that are open over the window.
+void addMenus(QPixmap& picture, const QWidget& window) {
+    QPainter painter(&picture);
+    for (QMenu* menu : window.findChildren<QMenu*>()) {
+        if (menu->isVisible()) {
+            painter.drawPixmap(window.mapFromGlobal(menu->pos()), menu->grab());
+        }
+    }
+}
+
 bool writePictures(const QDir& folder, const QString& theme, const QString& suffix) {
     bool written = true;
     const auto write = [&](QWidget& window, const QString& name) {
         const QString file =
             folder.filePath(QStringLiteral("%1-%2-%3.png").arg(name, theme, suffix));
-        const QPixmap picture = window.grab();
+        QPixmap picture = window.grab();
+        addMenus(picture, window);
         if (picture.isNull() || !picture.save(file, "PNG")) {
             std::fprintf(stderr, "cannot write %s\n", qUtf8Printable(file));
             written = false;
@@ -45,6 +58,7 @@ bool writePictures(const QDir& folder, const QString& theme, const QString& suff
         write(editor.panel, name);
         read(editor.panel, name);
     });
+    tests::forEveryMenu(write);
     tests::forEveryWindow([&](QWidget& window, const QString& name) {
         write(window, name);
         for (QWidget* child : window.findChildren<QWidget*>()) {
