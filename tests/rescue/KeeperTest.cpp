@@ -167,6 +167,28 @@ TEST_F(KeeperTest, TouchesNoDiskDuringATransferAndMakesUpForItAfterwards) {
     EXPECT_FALSE(fs::exists(folder));
 }
 
+TEST_F(KeeperTest, KeepsAtOnceWhatWasNotDueYet) {
+    keeper.keepNow(now);
+    EXPECT_THAT(temporary.names(), IsEmpty());
+    change(keeper, 1);
+    keeper.keepNow(now);
+    EXPECT_THAT(onDisk(), ElementsAre(1));
+    EXPECT_FALSE(keeper.due());
+    save(keeper, 1);
+    keeper.keepNow(now);
+    EXPECT_FALSE(fs::exists(folder));
+}
+
+TEST_F(KeeperTest, TellsLaterWhatItCouldNotKeepAtOnce) {
+    files::CallScript script;
+    script.fail("mkostemp", ENOSPC, 2);
+    change(keeper, 1);
+    keeper.keepNow(now);
+    EXPECT_EQ(keeper.due(), now);
+    EXPECT_EQ(pass(keeper, 0s), "Unsaved work cannot be kept: No space left on device");
+    EXPECT_FALSE(keeper.due());
+}
+
 TEST_F(KeeperTest, KeepsTheWorkWhenTheProgramEndsWithinATransfer) {
     change(keeper, 1);
     keeper.transferBegins();

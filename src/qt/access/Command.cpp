@@ -51,7 +51,7 @@ protected:
     [[nodiscard]] bool isEnabled() const override { return action_->isEnabled(); }
     void completeState(QAccessible::State& state) const override {
         state.hotTracked = true;
-        state.invisible = !menu()->isVisible();
+        state.invisible = !menu()->isVisible() || !action_->isVisible();
         state.focused = menu()->isVisible() && menu()->activeAction() == action_;
         state.selected = state.focused;
     }

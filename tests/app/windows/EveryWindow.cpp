@@ -318,26 +318,22 @@ void showUnsavedWork(app::Demo& demo, const Visit& visit) {
     editor.unsavedWork.discard(editor.unsavedWork.offers().front());
 }
 
-QMenu& open(QMenu& menu, const QPoint& place) {
-    menu.popup(place);
-    QApplication::processEvents();
-    return menu;
-}
-
 /// The list of what can be brought back opens where there is one.
 void showFileMenu(QMainWindow& window, const char* name, const Visit& visit) {
     QAction* action = window.menuBar()->actions().front();
-    const QPoint below = window.menuBar()->actionGeometry(action).bottomLeft();
-    QMenu& file = open(*action->menu(), window.menuBar()->mapToGlobal(below));
+    window.menuBar()->setActiveAction(action);
+    QMenu& file = *action->menu();
     auto& list = find<QMenu>(window, "listBringBack");
     if (list.menuAction()->isVisible()) {
         file.setActiveAction(list.menuAction());
-        open(list, file.mapToGlobal(file.actionGeometry(list.menuAction()).topRight()));
+        list.popup(file.mapToGlobal(file.actionGeometry(list.menuAction()).topRight()));
         list.setActiveAction(list.actions().front());
     }
+    QApplication::processEvents();
     visit(window, QString::fromLatin1(name));
     list.close();
     file.close();
+    window.menuBar()->setActiveAction(nullptr);
 }
 
 void showLongName(app::Demo& demo, const Visit& visit) {

@@ -142,6 +142,11 @@ TEST_F(UnsavedWorkInTheMenu, CanBeReadByAScreenReader) {
         EXPECT_EQ(access->role(), QAccessible::MenuItem);
         EXPECT_EQ(access->text(QAccessible::Name).toStdString(), wordsOf(0));
     }
+    const auto isHidden = [this](const char* outlet) {
+        return QAccessible::queryAccessibleInterface(&action(outlet))->state().invisible;
+    };
+    EXPECT_TRUE(isHidden("actionBringBack")) << "the list is there instead";
+    EXPECT_FALSE(isHidden("actionQuit"));
 }
 
 }  // namespace
