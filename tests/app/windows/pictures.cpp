@@ -13,6 +13,7 @@
 #include <QPixmap>
 #include <QProcess>
 #include <QStyleFactory>
+#include <QTemporaryFile>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -34,6 +35,23 @@ void addMenus(QPixmap& picture, const QWidget& window) {
         }
     }
 }
+
+/// Stands in for a display, with room for menus side by side at 2x. To be made before the
+/// application.
+class LargeScreen {
+public:
+    LargeScreen() {
+        if (file_.open()) {
+            file_.write(R"({"screens": [{"name": "large", "x": 0, "y": 0, "width": 3840,)"
+                        R"( "height": 2400, "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+            file_.close();
+        }
+        qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + file_.fileName().toLocal8Bit());
+    }
+
+private:
+    QTemporaryFile file_;
+};
 
 bool writePictures(const QDir& folder, const QString& theme, const QString& suffix) {
     bool written = true;
@@ -90,10 +108,10 @@ int main(int count, char** arguments) {
         std::fputs("Usage: window-pictures FOLDER [SCALE]\n", stderr);
         return 2;
     }
-    qputenv("QT_QPA_PLATFORM", "offscreen");
     if (words.size() == 2) {
         return writeAtEveryScale(words[0], words[1]) ? 0 : 1;
     }
+    const LargeScreen screen;
     qputenv("QT_SCALE_FACTOR", words[2].c_str());  // read when the application is made
     const QApplication application(count, arguments);
     app::setIdentity();
