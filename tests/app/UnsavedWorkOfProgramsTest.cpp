@@ -79,6 +79,23 @@ TEST(UnsavedWorkOfAProgram, OutlivesAKillOnceItIsOnDiskWhichItComesToByItself) {
     expectOffered(home);
 }
 
+TEST(UnsavedWorkOfAProgram, IsLeftAloneByAnotherThatRunsAtTheSameTime) {
+    const Home home;
+    Running first(TORMELK_WYRO, QStringLiteral("edit"), home);
+    ASSERT_TRUE(first.says("edited channel 4"));
+    EXPECT_TRUE(QTest::qWaitFor([&home] { return copiesIn(home).size() == 1; }, patience));
+    Running second(TORMELK_WYRO, QStringLiteral("edit"), home);
+    ASSERT_TRUE(second.says("edited channel 4"));
+    EXPECT_TRUE(QTest::qWaitFor([&home] { return copiesIn(home).size() == 2; }, patience));
+    EXPECT_THAT(statusAtTheNextStart(home), HasSubstr("(being written), unsaved-"));
+    first.get(SIGKILL);
+    EXPECT_EQ(first.status(), 128 + SIGKILL);
+    EXPECT_THAT(statusAtTheNextStart(home), HasSubstr("operator: status: Unsaved work from "));
+    second.get(SIGTERM);
+    EXPECT_EQ(second.status(), 128 + SIGTERM);
+    EXPECT_EQ(copiesIn(home).size(), 2);
+}
+
 TEST(UnsavedWorkOfAProgram, IsNotMissedWhereThereIsNoHome) {
     const Home home;
     QProcessEnvironment none;

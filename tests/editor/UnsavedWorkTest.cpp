@@ -23,13 +23,13 @@ using testing::IsEmpty;
 using testing::SizeIs;
 using testing::StartsWith;
 
-constexpr int control = 5;
+constexpr int sixthControl = 5;
 
 rescue::Work workIn(const EditorState& state) {
     return rescue::workOf(state.sysData, state.stores);
 }
 
-std::string when(const Leftover& offer) {
+std::string timeOf(const Leftover& offer) {
     return rescue::whenWords(offer.written, std::chrono::system_clock::now());
 }
 
@@ -50,7 +50,7 @@ protected:
         if (state.modes.machn_mod != userDefinedMode) {
             editor.chooseMode(userDefinedMode);
         }
-        editor.click(control);
+        editor.click(sixthControl);
         window.combo_chan.choose(channel);
     }
     /// What an editor that is started now would offer.
@@ -66,7 +66,7 @@ protected:
         TestEditor other;
         UnsavedWork its(other.controller, other.window, place);
         other.chooseMode(userDefinedMode);
-        other.click(control);
+        other.click(sixthControl);
         other.window.combo_chan.choose(channel);
         other.chooseMode(mode);
         its.end();
@@ -278,7 +278,7 @@ TEST_F(UnsavedWorkTest, IsOfferedAtTheStartAndNothingElseHappens) {
     leaveBehind(7);
     const std::vector<std::string> files = files::namesIn(place);
     unsavedWork.lookAround();
-    EXPECT_EQ(status(), "Unsaved work from " + when(offer()) +
+    EXPECT_EQ(status(), "Unsaved work from " + timeOf(offer()) +
                             " can be brought back: File > Bring Back Unsaved Work");
     TestEditor fresh;
     fresh.window.status.setStringValue(status());
@@ -329,7 +329,7 @@ TEST_F(UnsavedWorkTest, IsOfferedOnlyByWholeCopiesAndTheOthersAreNamedInOneLine)
 TEST_F(UnsavedWorkTest, ComesBackAsOneStepThatCanBeUndone) {
     const rescue::Work left = leaveBehind(7);
     const std::string before = everythingIn(editor);
-    const std::string from = "unsaved work from " + when(offer());
+    const std::string from = "unsaved work from " + timeOf(offer());
     unsavedWork.bringBack(offer());
     EXPECT_EQ(workIn(state), left);
     EXPECT_EQ(status(), "Brought back " + from);
@@ -348,7 +348,7 @@ TEST_F(UnsavedWorkTest, ComesBackWithTheAssignmentsBehindADawMode) {
     EXPECT_EQ(state.modes.machn_mod, logicMode);
     EXPECT_EQ(workIn(state), left);
     editor.chooseMode(userDefinedMode);
-    EXPECT_EQ(editor.channelOf(0, control), 11);
+    EXPECT_EQ(editor.channelOf(0, sixthControl), 11);
 }
 
 TEST_F(UnsavedWorkTest, ComesBackWhateverBytesTheFileHolds) {
@@ -446,9 +446,9 @@ TEST_F(UnsavedWorkTest, IsNotTakenFromAnotherEditorThatHasIt) {
     const std::string gone = ": it is gone, or another editor has it";
     const std::string before = everythingIn(editor);
     unsavedWork.bringBack(both);
-    EXPECT_EQ(status(), "Unsaved work from " + when(both) + " cannot be brought back" + gone);
+    EXPECT_EQ(status(), "Unsaved work from " + timeOf(both) + " cannot be brought back" + gone);
     unsavedWork.discard(both);
-    EXPECT_EQ(status(), "Unsaved work from " + when(both) + " cannot be discarded" + gone);
+    EXPECT_EQ(status(), "Unsaved work from " + timeOf(both) + " cannot be discarded" + gone);
     EXPECT_EQ(everythingIn(editor), before);
     EXPECT_THAT(unsavedWork.offers(), IsEmpty());
     EXPECT_THAT(files::namesIn(place), SizeIs(3));
@@ -460,7 +460,7 @@ TEST_F(UnsavedWorkTest, IsGoneWhenItIsDiscarded) {
     leaveBehind(7);
     const Leftover copy = offer();
     unsavedWork.discard(copy);
-    EXPECT_EQ(status(), "Discarded unsaved work from " + when(copy));
+    EXPECT_EQ(status(), "Discarded unsaved work from " + timeOf(copy));
     EXPECT_FALSE(isHeld());
     EXPECT_THAT(unsavedWork.offers(), IsEmpty());
     EXPECT_FALSE(controller.canUndo());

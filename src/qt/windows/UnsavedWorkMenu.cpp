@@ -1,7 +1,6 @@
 #include "qt/windows/UnsavedWorkMenu.h"
 
 #include <chrono>
-#include <utility>
 
 #include "qt/access/Command.h"
 #include "qt/widgets/asText.h"
@@ -61,7 +60,7 @@ void UnsavedWorkMenu::refreshList(const Entry& entry) {
     }
 }
 
-void UnsavedWorkMenu::perform(Act act, rescue::Leftover offer) {
+void UnsavedWorkMenu::perform(Act act, const rescue::Leftover& offer) {
     (unsavedWork_.*act)(offer);
     // Not before the entry that was chosen is done with: it goes with the list.
     QMetaObject::invokeMethod(

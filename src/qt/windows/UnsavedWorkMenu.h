@@ -30,8 +30,7 @@ private:
                                   const char* caption, Act act);
     void refresh();
     void refreshList(const Entry& entry);
-    /// `offer` is a copy: what is done changes the offers.
-    void perform(Act act, rescue::Leftover offer);
+    void perform(Act act, const rescue::Leftover& offer);
 
     editor::UnsavedWork& unsavedWork_;
     std::array<Entry, 2> entries_;
