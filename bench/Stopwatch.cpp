@@ -1,6 +1,7 @@
 #include "Stopwatch.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <utility>
@@ -54,19 +55,32 @@ void print(const std::string& what, const Timing& timing) {
                 timing.slowestInAHundred);
 }
 
-void printWithin(const Timing& timing, double aim) {
-    std::printf("  the slowest in a hundred took %.0f %% of %.0f ms: %s\n\n",
-                100 * timing.slowestInAHundred / aim, aim / 1000,
-                timing.slowestInAHundred <= aim ? "met" : "MISSED");
+void printGoal(const std::string& what, const std::string& goal, bool isMet) {
+    std::printf("    %s; the goal is %s: %s\n", what.c_str(), goal.c_str(),
+                isMet ? "met" : "MISSED");
 }
 
-void printRatio(const Timing& ours, const Timing& plain, double aim) {
-    const double ratio = plain.median / ours.median;
-    std::printf("  %.1f times as fast", ratio);
-    if (aim > 0) {
-        std::printf("; the aim is %.0f: %s", aim, ratio >= aim ? "met" : "MISSED");
-    }
-    std::printf("\n\n");
+void printGoal(const std::string& what, const std::string& goal, double timesTheGoal) {
+    std::array<char, 32> ratio{};
+    std::snprintf(ratio.data(), ratio.size(), " (%.2f times that)", timesTheGoal);
+    printGoal(what, goal + ratio.data(), timesTheGoal <= 1);
+}
+
+void printWithin(const std::string& what, const Timing& timing, double goal) {
+    print(what, timing);
+    const std::string milliseconds = std::to_string(static_cast<int>(goal) / 1000);
+    printGoal(what + ", the slowest in a hundred", milliseconds + " ms",
+              timing.slowestInAHundred / goal);
+}
+
+void printRatio(const Timing& ours, const Timing& plain) {
+    std::printf("    %.1f times as fast\n\n", plain.median / ours.median);
+}
+
+void printRatio(const std::string& what, const Timing& ours, const Timing& plain, double goal) {
+    const std::string times = std::to_string(static_cast<int>(goal));
+    printGoal(what, times + " times as fast as the plain way", plain.median / ours.median >= goal);
+    printRatio(ours, plain);
 }
 
 }  // namespace bench

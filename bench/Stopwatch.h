@@ -26,10 +26,20 @@ void use(const void* result);
 /// Prints a line: what it was, its median run, and its slowest in a hundred.
 void print(const std::string& what, const Timing& timing);
 
-/// Prints whether the slowest in a hundred stays within a number of microseconds.
-void printWithin(const Timing& timing, double aim);
+/// Prints how something measured up to its goal, and in a word whether that is met. It is a line of
+/// its own with the name of what was measured, since scripts/bench gathers the lines of those that
+/// were missed.
+void printGoal(const std::string& what, const std::string& goal, bool isMet);
+/// The same, with how many times the goal it took.
+void printGoal(const std::string& what, const std::string& goal, double timesTheGoal);
 
-/// Prints by how many times the first is faster, and what is aimed at (0: nothing).
-void printRatio(const Timing& ours, const Timing& plain, double aim);
+/// Prints a line as `print` does, and that its slowest in a hundred is to stay within a number of
+/// microseconds.
+void printWithin(const std::string& what, const Timing& timing, double goal);
+
+/// Prints by how many times the first is faster.
+void printRatio(const Timing& ours, const Timing& plain);
+/// The same where it is to be so many times as fast.
+void printRatio(const std::string& what, const Timing& ours, const Timing& plain, double goal);
 
 }  // namespace bench

@@ -95,7 +95,7 @@ void benchReading(const fs::path& path, std::string text) {
     });
     print("our reader, from memory", inMemory[0]);
     print("fscanf loop, from memory", inMemory[1]);
-    printRatio(inMemory[0], inMemory[1], 5);
+    printRatio("reading from memory", inMemory[0], inMemory[1], 5);
 
     std::printf("Reading a preset file: opened, read, closed\n");
     const auto fromFile = timeInTurn({
@@ -111,7 +111,7 @@ void benchReading(const fs::path& path, std::string text) {
     });
     print("our reader", fromFile[0]);
     print("fopen, fscanf loop, fclose", fromFile[1]);
-    printRatio(fromFile[0], fromFile[1], 5);
+    printRatio("reading a file", fromFile[0], fromFile[1], 5);
 }
 
 void benchWriting(const fs::path& path, const config::Image& image) {
@@ -134,7 +134,7 @@ void benchWriting(const fs::path& path, const config::Image& image) {
     });
     print("our writer, to memory", inMemory[0]);
     print("fprintf loop, to memory", inMemory[1]);
-    printRatio(inMemory[0], inMemory[1], 0);
+    printRatio(inMemory[0], inMemory[1]);
 
     std::printf("Saving a preset file: ours is whole or not at all, and on the disk\n");
     const auto toFile = timeInTurn({
@@ -157,7 +157,7 @@ void benchWriting(const fs::path& path, const config::Image& image) {
     print("our save", toFile[0]);
     print("fopen, fprintf loop, fsync, fclose", toFile[1]);
     print("the same without fsync: lost in a power cut", toFile[2]);
-    printRatio(toFile[0], toFile[1], 0);
+    printRatio(toFile[0], toFile[1]);
 }
 
 /// A person who picks the same file every time.
@@ -196,8 +196,7 @@ void benchLoadCommand(const fs::path& path) {
     std::printf("Load, from the picked file to the last widget that shows it\n");
     constexpr double frame = 16'000;
     const bench::Timing loading = timeInTurn({[&] { controller.loadFile(); }}).front();
-    print("the whole command, painting not included", loading);
-    bench::printWithin(loading, frame);
+    bench::printWithin("the whole command, painting not included", loading, frame);
 }
 
 }  // namespace

@@ -1,12 +1,15 @@
 # shellcheck shell=bash
 # Programs with windows on machines without a screen.
 
-# on_virtual_display COMMAND...: runs the command on an X display that exists in memory only, large
-# enough for all the windows side by side. The command's exit status is kept. Without resets: the
-# server would tell of one by a signal that disturbs xvfb-run while it cleans up.
+# Large enough for all the windows side by side; a script may set another.
+screen_size=1920x1200
+
+# on_virtual_display COMMAND...: runs the command on an X display that exists in memory only. The
+# command's exit status is kept. Without resets: the server would tell of one by a signal that
+# disturbs xvfb-run while it cleans up.
 on_virtual_display() {
     env --unset=WAYLAND_DISPLAY --unset=QT_SCALE_FACTOR QT_QPA_PLATFORM=xcb \
-        xvfb-run --auto-servernum --server-args='-screen 0 1920x1200x24 -noreset' "$@"
+        xvfb-run --auto-servernum --server-args="-screen 0 ${screen_size}x24 -noreset" "$@"
 }
 
 # The same surroundings for every user and on every machine: texts in UTF-8, messages in English, and
