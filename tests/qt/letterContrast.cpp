@@ -25,6 +25,7 @@ struct Lettering {
 std::vector<Lettering> letteringOf(const qt::surface::FacePanel& panel) {
     std::vector<Lettering> all;
     const qreal unit = panel.unit();
+    qt::surface::Lettering lettering;
     for (const qt::surface::Engraving& engraving : panel.plan().engravings) {
         all.push_back(
             {engraving.text,
@@ -32,7 +33,7 @@ std::vector<Lettering> letteringOf(const qt::surface::FacePanel& panel) {
     }
     for (const qt::surface::FaceButton* button : panel.faces()) {
         const qt::surface::FaceLook look = button->look();
-        const qt::surface::FaceLines lines = qt::surface::linesOf(look);
+        const qt::surface::FaceLines lines = qt::surface::linesOf(look, lettering);
         const bool hasCaption = look.shape == qt::surface::FaceShape::Pad ||
                                 look.shape == qt::surface::FaceShape::Layer;
         const QPointF origin = button->pos();

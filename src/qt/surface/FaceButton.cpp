@@ -27,7 +27,10 @@ void FaceButton::showAssignment(const describe::Assignment& assignment) {
     const QString sent = widgets::asText(assignment.fullText());
     setAccessibleDescription(sent);
     setToolTip(accessibleName() + QLatin1Char('\n') + sent);
-    update();
+    constexpr int reach = 2;  // of strokes that lean out of their line
+    update(letteredAreaOf(look(), art_.lettering())
+               .toAlignedRect()
+               .adjusted(-reach, -reach, reach, reach));
 }
 
 void FaceButton::setUnit(qreal unit) {
@@ -62,8 +65,16 @@ FaceLook FaceButton::look() const {
 void FaceButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const FaceLook shown = look();
-    painter.drawPixmap(0, 0, art_.body(shown, devicePixelRatioF()));
-    paintFaceLetters(painter, shown, art_.colours());
+    painter.drawPixmap(0, 0, art_.ground(shown, pos(), devicePixelRatioF()));
+    paintFaceLetters(painter, shown, art_.colours(), art_.lettering());
+}
+
+bool FaceButton::event(QEvent* event) {
+    const bool isTaken = widgets::ButtonView::event(event);
+    if (event->type() == QEvent::Polish || event->type() == QEvent::StyleChange) {
+        setAttribute(Qt::WA_OpaquePaintEvent);  // styles take that from buttons
+    }
+    return isTaken;
 }
 
 void FaceButton::keyPressEvent(QKeyEvent* event) {

@@ -40,6 +40,8 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
+    /// It fills all of its area, so that nothing has to be painted beneath it.
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;

@@ -28,7 +28,10 @@ QSize scaled(const QSizeF& plan, qreal unit) {
 }  // namespace
 
 FacePanel::FacePanel(CasePlan plan, const QString& outlet, const QString& name, QWidget* parent)
-    : QWidget(parent), Described(this), plan_(std::move(plan)), art_(palette()) {
+    : QWidget(parent),
+      Described(this),
+      plan_(std::move(plan)),
+      art_(palette(), [this]() -> const QPixmap& { return drawnCase(); }) {
     widgets::nameWidget(*this, outlet, name);
     setToolTip({});
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -120,7 +123,7 @@ void FacePanel::arrange() {
         face->setGeometry(QRectF(origin + area.topLeft() * scale, area.size() * scale).toRect());
     }
     case_ = {};
-    art_.forgetBodies();
+    art_.forget();
 }
 
 QSize FacePanel::sizeHint() const {
@@ -135,9 +138,9 @@ QSize FacePanel::minimumSizeHint() const {
     return scaled(plan_.size, smallestUnit);
 }
 
-void FacePanel::paintEvent(QPaintEvent*) {
-    if (case_.isNull()) {
-        const qreal ratio = devicePixelRatioF();
+const QPixmap& FacePanel::drawnCase() {
+    const qreal ratio = devicePixelRatioF();
+    if (case_.isNull() || case_.devicePixelRatio() != ratio) {
         case_ = QPixmap((QSizeF(size()) * ratio).toSize());
         case_.setDevicePixelRatio(ratio);
         case_.fill(Qt::transparent);
@@ -145,7 +148,11 @@ void FacePanel::paintEvent(QPaintEvent*) {
         painter.translate(corner());
         paintCase(painter, plan_, unit(), font(), art_.colours());
     }
-    QPainter(this).drawPixmap(0, 0, case_);
+    return case_;
+}
+
+void FacePanel::paintEvent(QPaintEvent*) {
+    QPainter(this).drawPixmap(0, 0, drawnCase());
 }
 
 void FacePanel::resizeEvent(QResizeEvent*) {

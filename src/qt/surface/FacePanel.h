@@ -56,13 +56,14 @@ protected:
 private:
     [[nodiscard]] FaceButton* litFaceBefore(int end) const;
     void arrange();
+    [[nodiscard]] const QPixmap& drawnCase();
 
     CasePlan plan_;
     FaceArt art_;
     std::vector<FaceButton*> faces_;
     std::vector<QRectF> areas_;  ///< of the faces, in units of the drawing
     FaceButton* tabStop_ = nullptr;
-    QPixmap case_;  ///< painted once for a size, a palette and a font
+    QPixmap case_;  ///< painted once for a size, a palette, a font and a device pixel ratio
 };
 
 }  // namespace qt::surface

@@ -87,6 +87,12 @@ qreal secondSizeOf(const FaceLook& look) {
     return (look.shape == FaceShape::Pad ? padSecondLineSize : secondLineSize) * look.unit;
 }
 
+QFont strongOf(const FaceLook& look) {
+    QFont font = look.font;
+    font.setWeight(QFont::DemiBold);
+    return font;
+}
+
 /// Space of the signs before and behind the second line.
 qreal signsWidthOf(const FaceLook& look, bool hasSecondLine) {
     const qreal gap = hasSecondLine ? signGap : 0;
@@ -202,20 +208,20 @@ void drawFader(QPainter& painter, const FaceLook& look, const SurfaceColours& co
                      QPointF(cap.right() - 3 * unit, cap.center().y()));
 }
 
-/// From its base line, which takes half the time of laying it out within a rectangle.
-void drawLine(QPainter& painter, const FittedText& line, const QRectF& area) {
-    const qreal top = area.center().y() - line.height / 2;
-    painter.setFont(line.font);
-    painter.drawText(QPointF(area.left(), top + line.ascent), line.text);
+void drawLine(QPainter& painter, const LaidText& line, const QRectF& area) {
+    const QPointF start(area.left(), area.center().y() - line.height / 2 + line.ascent);
+    for (const QGlyphRun& glyphs : line.glyphs) {
+        painter.drawGlyphRun(start, glyphs);
+    }
 }
 
-void drawLines(QPainter& painter, const FaceLook& look, const Style& style) {
-    const FaceLines lines = linesOf(look);
+void drawLines(QPainter& painter, const FaceLook& look, const Style& style, Lettering& lettering) {
+    const FaceLines lines = linesOf(look, lettering);
     painter.setPen(style.lettering);
     drawLine(painter, lines.first, lines.firstArea);
-    drawKindSign(painter, lines.kindSign, look.assignment.kind, style.sign);
+    lettering.signs().drawKind(painter, lines.kindSign, look.assignment.kind, style.sign);
     if (look.assignment.toggles) {
-        drawToggleSign(painter, lines.toggleSign, style.lesserLettering, style.fill);
+        lettering.signs().drawToggle(painter, lines.toggleSign, style.lesserLettering, style.fill);
     }
     painter.setPen(style.lesserLettering);
     drawLine(painter, lines.second, lines.secondArea);
@@ -260,23 +266,27 @@ void drawFocus(QPainter& painter, const FaceLook& look, const SurfaceColours& co
 }  // namespace
 
 /// The signs stand beside the second line; where that would be cut, beside the first.
-FaceLines linesOf(const FaceLook& look) {
+FaceLines linesOf(const FaceLook& look, Lettering& lettering) {
     if (look.shape == FaceShape::Layer) {
         return {};
     }
     const auto [first, second] = look.assignment.faceLines();
-    QFont strong = look.font;
-    strong.setWeight(QFont::DemiBold);
+    const QFont strong = strongOf(look);
     const qreal width = widestLettering(look);
     const qreal signs = signsWidthOf(look, !second.empty());
 
+    const auto fit = [&lettering, &first = first, &second = second, &look, &strong](
+                         FaceLines& lines, qreal firstWidest, qreal secondWidest) {
+        lines.first =
+            lettering.fitted(widgets::asText(first), strong, firstSizeOf(look), firstWidest);
+        lines.second =
+            lettering.fitted(widgets::asText(second), look.font, secondSizeOf(look), secondWidest);
+    };
     FaceLines lines;
-    lines.first = fitText(widgets::asText(first), strong, firstSizeOf(look), width);
-    lines.second = fitText(widgets::asText(second), look.font, secondSizeOf(look), width - signs);
+    fit(lines, width, width - signs);
     const bool besideFirst = lines.second.isCut;
     if (besideFirst) {
-        lines.first = fitText(widgets::asText(first), strong, firstSizeOf(look), width - signs);
-        lines.second = fitText(widgets::asText(second), look.font, secondSizeOf(look), width);
+        fit(lines, width - signs, width);
     }
 
     const qreal side = kindSignSide * look.unit;
@@ -290,6 +300,20 @@ FaceLines linesOf(const FaceLook& look) {
                         secondHeight};
     placeSigns(lines, look, besideFirst ? lines.firstArea : lines.secondArea);
     return lines;
+}
+
+QRectF letteredAreaOf(const FaceLook& look, Lettering& lettering) {
+    if (look.shape == FaceShape::Layer) {
+        return look.area;
+    }
+    const qreal width = widestLettering(look);
+    const auto highest = [&](const QFont& font, qreal size) {
+        return lettering.fitted({}, font, size, width).height;
+    };
+    const qreal height = highest(strongOf(look), firstSizeOf(look)) +
+                         std::max(highest(look.font, secondSizeOf(look)), kindSignSide * look.unit);
+    const QRectF area = lettersAreaOf(look);
+    return {area.left(), area.center().y() - height / 2, area.width(), height};
 }
 
 QRectF captionAreaOf(const FaceLook& look) {
@@ -318,13 +342,14 @@ void paintFaceBody(QPainter& painter, const FaceLook& look, const SurfaceColours
     }
 }
 
-void paintFaceLetters(QPainter& painter, const FaceLook& look, const SurfaceColours& colours) {
+void paintFaceLetters(QPainter& painter, const FaceLook& look, const SurfaceColours& colours,
+                      Lettering& lettering) {
     painter.setRenderHint(QPainter::Antialiasing);
     const Style style = styleOf(look, colours);
     if (look.shape == FaceShape::Layer) {
         drawLayerNumber(painter, look, style);
     } else {
-        drawLines(painter, look, style);
+        drawLines(painter, look, style, lettering);
     }
     if (look.shape == FaceShape::Pad) {
         drawCaption(painter, look, style);

@@ -8,10 +8,10 @@
 #include <QString>
 
 #include "describe/assignment.h"
+#include "qt/surface/Lettering.h"
 #include "qt/surface/SurfaceColours.h"
 #include "qt/surface/buttonPainting.h"
 #include "qt/surface/casePlan.h"
-#include "qt/surface/fittedText.h"
 
 namespace qt::surface {
 
@@ -29,19 +29,23 @@ struct FaceLook : ButtonState {  ///< checked: selected; of a layer button: lit
 void paintFaceBody(QPainter& painter, const FaceLook& look, const SurfaceColours& colours);
 
 /// What stands on it: lettering, signs, and the ring of the focus around it.
-void paintFaceLetters(QPainter& painter, const FaceLook& look, const SurfaceColours& colours);
+void paintFaceLetters(QPainter& painter, const FaceLook& look, const SurfaceColours& colours,
+                      Lettering& lettering);
 
 /// The lines of a face and where they stand, in pixels from the widget's corner. Layer buttons have
 /// none; a face with a single line has an empty second one.
 struct FaceLines {
-    FittedText first;
+    LaidText first;
     QRectF firstArea;
-    FittedText second;
+    LaidText second;
     QRectF secondArea;
     QRectF kindSign;
     QRectF toggleSign;  ///< empty where the control does not toggle
 };
-[[nodiscard]] FaceLines linesOf(const FaceLook& look);
+[[nodiscard]] FaceLines linesOf(const FaceLook& look, Lettering& lettering);
+
+/// What all lines and signs of this face, whatever it is assigned, stay within.
+[[nodiscard]] QRectF letteredAreaOf(const FaceLook& look, Lettering& lettering);
 
 /// Where a pad's or a layer button's own caption stands.
 [[nodiscard]] QRectF captionAreaOf(const FaceLook& look);

@@ -19,10 +19,11 @@
 namespace tests {
 namespace {
 
-/// Which faces were painted.
+/// Which faces were painted, and whether the panel beneath them was.
 class PaintWatch final : public QObject {
 public:
-    explicit PaintWatch(const SurfaceEditor& editor) {
+    explicit PaintWatch(SurfaceEditor& editor) {
+        editor.panel.installEventFilter(this);
         for (QPushButton* face : editor.panel.findChildren<QPushButton*>()) {
             face->installEventFilter(this);
         }
@@ -64,6 +65,7 @@ protected:
     }
 
     SurfaceEditor editor;
+    qt::surface::Lettering lettering;
 };
 
 TEST_F(SurfaceFaces, ShowWhatTheirControlSends) {
@@ -146,6 +148,24 @@ TEST_F(SurfaceFaces, ArePaintedAfreshOnlyWhereSomethingChanged) {
     EXPECT_EQ(watch.take(), (std::set<std::string>{"encoder10", "encoder50"}));
 }
 
+TEST_F(SurfaceFaces, AreAllPaintedAtOnceWithoutTheCaseBeneath) {
+    PaintWatch watch(editor);
+    editor.window.moLaCtrls[2].click();
+    settle();
+    std::set<std::string> painted = watch.take();
+    EXPECT_GE(painted.size(), 40U);
+    EXPECT_FALSE(painted.contains("surface"));
+
+    editor.panel.setStyleSheet(QStringLiteral("QToolTip { color: black; }"));  // another style
+    settle();
+    (void)watch.take();
+    editor.window.moLaCtrls[0].click();
+    settle();
+    painted = watch.take();
+    EXPECT_GE(painted.size(), 40U);
+    EXPECT_FALSE(painted.contains("surface"));
+}
+
 TEST_F(SurfaceFaces, KeepTheProportionsOfTheController) {
     for (const QSize size :
          {QSize(903, 489), QSize(1400, 600), QSize(1000, 1000), QSize(3200, 1900)}) {
@@ -214,7 +234,7 @@ TEST_F(SurfaceFaces, LookDifferentInEachState) {
                 picture.fill(colours.plate);
                 QPainter painter(&picture);
                 qt::surface::paintFaceBody(painter, look, colours);
-                qt::surface::paintFaceLetters(painter, look, colours);
+                qt::surface::paintFaceLetters(painter, look, colours, lettering);
                 painter.end();
                 return greyOf(picture);
             };
@@ -250,13 +270,13 @@ TEST_F(SurfaceFaces, TellKindsAndTogglesApartWithoutColour) {
             qt::surface::FaceLook look = editor.faceOf(5).look();
             look.assignment.kind = kind;
             look.assignment.toggles = toggles;
-            const qt::surface::FaceLines lines = qt::surface::linesOf(look);
+            const qt::surface::FaceLines lines = qt::surface::linesOf(look, lettering);
             EXPECT_EQ(!lines.toggleSign.isEmpty(), toggles);
             QImage picture(look.area.size().toSize(), QImage::Format_RGB32);
             QPainter painter(&picture);
             const qt::surface::SurfaceColours colours(lightPalette());
             qt::surface::paintFaceBody(painter, look, colours);
-            qt::surface::paintFaceLetters(painter, look, colours);
+            qt::surface::paintFaceLetters(painter, look, colours, lettering);
             painter.end();
             pictures.push_back(
                 picture.copy(lines.kindSign.toAlignedRect()).convertToFormat(QImage::Format_Mono));

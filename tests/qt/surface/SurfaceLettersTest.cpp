@@ -15,6 +15,8 @@ namespace {
 
 class SurfaceLetters : public testing::Test {
 public:
+    qt::surface::Lettering lettering;
+
     SurfaceLetters() = default;
     SurfaceLetters(const SurfaceLetters&) = delete;
     SurfaceLetters& operator=(const SurfaceLetters&) = delete;
@@ -67,8 +69,8 @@ TEST_F(SurfaceLetters, AreNeverCutInAFactoryAssignment) {
     SurfaceEditor editor;
     for (const QSize size : {editor.panel.minimumSizeHint(), editor.panel.sizeHint()}) {
         editor.panel.resize(size);
-        forEveryFace(editor, [](const qt::surface::FaceButton& face) {
-            const qt::surface::FaceLines lines = qt::surface::linesOf(face.look());
+        forEveryFace(editor, [this](const qt::surface::FaceButton& face) {
+            const qt::surface::FaceLines lines = qt::surface::linesOf(face.look(), lettering);
             EXPECT_FALSE(lines.first.isCut || lines.second.isCut) << face.toolTip().toStdString();
         });
     }
@@ -87,10 +89,13 @@ TEST_F(SurfaceLetters, AreNeverCutInAnyUserDefinedAssignment) {
             look.assignment.number = value;
             look.assignment.channel = value % 16;
             look.assignment.hostFunction = {};
-            const qt::surface::FaceLines lines = qt::surface::linesOf(look);
+            const qt::surface::FaceLines lines = qt::surface::linesOf(look, lettering);
             EXPECT_FALSE(lines.first.isCut || lines.second.isCut) << look.assignment.fullText();
             EXPECT_GE(lines.kindSign.left(), look.area.left());
             EXPECT_LE(lines.toggleSign.right(), look.area.right());
+            const QRectF painted = qt::surface::letteredAreaOf(look, lettering);
+            EXPECT_TRUE(painted.adjusted(-1, -1, 1, 1).contains(lines.kindSign));
+            EXPECT_TRUE(painted.adjusted(-1, -1, 1, 1).contains(lines.toggleSign));
         }
     }
 }
@@ -98,15 +103,18 @@ TEST_F(SurfaceLetters, AreNeverCutInAnyUserDefinedAssignment) {
 TEST_F(SurfaceLetters, StayWithinTheirFaceAndAreNeverTiny) {
     SurfaceEditor editor;
     editor.panel.resize(editor.panel.minimumSizeHint());
-    forEveryFace(editor, [](const qt::surface::FaceButton& face) {
+    forEveryFace(editor, [this](const qt::surface::FaceButton& face) {
         const qt::surface::FaceLook look = face.look();
-        const qt::surface::FaceLines lines = qt::surface::linesOf(look);
+        const qt::surface::FaceLines lines = qt::surface::linesOf(look, lettering);
         for (const auto& [fitted, area] :
              {std::pair(lines.first, lines.firstArea), std::pair(lines.second, lines.secondArea)}) {
             EXPECT_LE(fitted.width, look.area.width());
             EXPECT_GE(area.top(), look.area.top());
             EXPECT_LE(area.bottom(), look.area.bottom());
             EXPECT_GE(fitted.font.pixelSize(), 9);
+            const QRectF painted = qt::surface::letteredAreaOf(look, lettering);
+            EXPECT_TRUE(area.isEmpty() || painted.adjusted(-1, -1, 1, 1).contains(area))
+                << "only this area is painted where an assignment changed";
         }
     });
 }
@@ -125,9 +133,11 @@ TEST_F(SurfaceLetters, AreCutWithDotsWhereNothingElseHelps) {
 
 TEST_F(SurfaceLetters, GrowWithTheController) {
     SurfaceEditor editor;
-    const int before = qt::surface::linesOf(editor.faceOf(5).look()).first.font.pixelSize();
+    const int before =
+        qt::surface::linesOf(editor.faceOf(5).look(), lettering).first.font.pixelSize();
     editor.panel.resize(editor.panel.size() * 2);
-    EXPECT_GE(qt::surface::linesOf(editor.faceOf(5).look()).first.font.pixelSize(), 2 * before - 1);
+    EXPECT_GE(qt::surface::linesOf(editor.faceOf(5).look(), lettering).first.font.pixelSize(),
+              2 * before - 1);
 }
 
 TEST_F(SurfaceLetters, ALargerDesktopFontOpensALargerController) {
