@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QTest>
 #include <set>
 #include <string>
@@ -146,6 +147,39 @@ TEST_F(SurfaceFaces, ArePaintedAfreshOnlyWhereSomethingChanged) {
     editor.click(50);
     settle();
     EXPECT_EQ(watch.take(), (std::set<std::string>{"encoder10", "encoder50"}));
+}
+
+TEST_F(SurfaceFaces, OnTheScreenAreAsIfAllWerePaintedAfresh) {
+    const auto onScreen = [this] {
+        settle();
+        return editor.panel.screen()
+            ->grabWindow(editor.panel.winId())
+            .toImage()
+            .convertToFormat(QImage::Format_RGB32);
+    };
+    const auto afresh = [this] {
+        settle();
+        return editor.panel.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    };
+    ASSERT_EQ(onScreen(), afresh());
+    for (const int layer : {2, 1, 3, 0}) {
+        const QImage before = onScreen();
+        editor.window.moLaCtrls.at(static_cast<std::size_t>(layer)).click();
+        EXPECT_NE(onScreen(), before);
+        EXPECT_EQ(onScreen(), afresh()) << layer;
+    }
+    editor.click(49);
+    editor.window.combo_type.choose(editor::kindProgramChange);
+    editor.window.combo_cc.choose(127);
+    EXPECT_EQ(onScreen(), afresh());
+    for (const int mode : {editor::liveMode, editor::huiMode, editor::userDefinedMode}) {
+        editor.chooseMode(mode);
+        EXPECT_EQ(onScreen(), afresh()) << mode;
+    }
+    editor.panel.resize(1111, 777);
+    EXPECT_EQ(onScreen(), afresh());
+    QApplication::setPalette(darkPalette());
+    EXPECT_EQ(onScreen(), afresh());
 }
 
 TEST_F(SurfaceFaces, AreAllPaintedAtOnceWithoutTheCaseBeneath) {
