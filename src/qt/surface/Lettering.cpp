@@ -1,5 +1,6 @@
 #include "qt/surface/Lettering.h"
 
+#include <QFontMetricsF>
 #include <QTextLayout>
 #include <utility>
 
@@ -7,20 +8,38 @@ namespace qt::surface {
 
 namespace {
 
-/// Where the same text, painted by its base line, would have its glyphs.
-QList<QGlyphRun> glyphsOf(const FittedText& fitted) {
-    QTextLayout layout(fitted.text, fitted.font);
+/// Sets glyphs and width from text and font.
+void layOut(LaidText& laid) {
+    QTextLayout layout(laid.text, laid.font);
     QTextOption oneLine;
     oneLine.setWrapMode(QTextOption::NoWrap);
     layout.setTextOption(oneLine);
     layout.beginLayout();
     QTextLine line = layout.createLine();
     layout.endLayout();
-    if (!line.isValid()) {
-        return {};
+    if (line.isValid()) {
+        line.setPosition(QPointF(0, -line.ascent()));
+        laid.width = line.horizontalAdvance();
+        laid.glyphs = layout.glyphRuns();
     }
-    line.setPosition(QPointF(0, -line.ascent()));
-    return layout.glyphRuns();
+}
+
+/// Most texts fit at once: those are laid out a single time, to be measured and to be painted.
+LaidText laidOut(const QString& text, const QFont& font, qreal size, qreal widest) {
+    LaidText laid;
+    laid.text = text;
+    laid.font = font;
+    laid.font.setPixelSize(letteringPixels(size));
+    layOut(laid);
+    if (laid.width > widest) {
+        static_cast<FittedText&>(laid) = fitText(text, font, size, widest);
+        layOut(laid);
+        return laid;
+    }
+    const QFontMetricsF metrics(laid.font);
+    laid.height = metrics.height();
+    laid.ascent = metrics.ascent();
+    return laid;
 }
 
 }  // namespace
@@ -30,8 +49,7 @@ LaidText Lettering::fitted(const QString& text, const QFont& font, qreal size, q
     if (const LaidText* known = texts_.object(key)) {
         return *known;
     }
-    LaidText laid{fitText(text, font, size, widest), {}};
-    laid.glyphs = glyphsOf(laid);
+    LaidText laid = laidOut(text, font, size, widest);
     texts_.insert(std::move(key), new LaidText(laid));
     return laid;
 }

@@ -6,11 +6,15 @@
 
 namespace qt::surface {
 
+int letteringPixels(qreal size) {
+    return std::max(static_cast<int>(std::lround(size)), smallestLettering);
+}
+
 FittedText fitText(const QString& text, const QFont& font, qreal size, qreal widest) {
     FittedText fitted;
     fitted.text = text;
     fitted.font = font;
-    int pixels = std::max(static_cast<int>(std::lround(size)), smallestLettering);
+    int pixels = letteringPixels(size);
     while (true) {
         fitted.font.setPixelSize(pixels);
         const QFontMetricsF metrics(fitted.font);

@@ -20,6 +20,9 @@ struct FittedText {
     bool isCut = false;
 };
 
+/// The pixels of a font that is wanted this high.
+[[nodiscard]] int letteringPixels(qreal size);
+
 /// `size` is the wanted height of the font in pixels.
 [[nodiscard]] FittedText fitText(const QString& text, const QFont& font, qreal size, qreal widest);
 

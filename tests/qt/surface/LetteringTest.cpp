@@ -44,6 +44,7 @@ TEST(Lettering, FitsATextAsOneThatIsNotKept) {
         EXPECT_EQ(laid.text, plain.text);
         EXPECT_EQ(laid.font, plain.font);
         EXPECT_EQ(laid.width, plain.width);
+        EXPECT_EQ(laid.height, plain.height);
         EXPECT_EQ(laid.ascent, plain.ascent);
         EXPECT_EQ(laid.isCut, plain.isCut);
     }
