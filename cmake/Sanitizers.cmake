@@ -1,10 +1,8 @@
 # TORMELK_SANITIZE instruments the whole tree; a finding ends the program, so that no test can
 # pass over it. Checked containers go with it: the standard library then reports bad indexes.
-# Instrumented code makes the compiler suspect uninitialised values in the standard library's own
-# headers (std::regex), so that one warning is left to the other builds.
 if(TORMELK_SANITIZE)
   add_compile_options(-fsanitize=${TORMELK_SANITIZE} -fno-sanitize-recover=all
-                      -fno-omit-frame-pointer -Wno-maybe-uninitialized)
+                      -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${TORMELK_SANITIZE})
   add_compile_definitions(_GLIBCXX_ASSERTIONS)
 endif()
@@ -34,6 +32,6 @@ endif()
 function(tormelk_optimise_sanitized)
   if(TORMELK_SANITIZE)
     set_source_files_properties(${ARGN} PROPERTIES
-      COMPILE_OPTIONS "${TORMELK_SANITIZER_OPTIMISATION}")
+      COMPILE_OPTIONS "${TORMELK_SANITIZER_OPTIMISATION}" SKIP_PRECOMPILE_HEADERS ON)
   endif()
 endfunction()

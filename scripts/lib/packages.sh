@@ -16,7 +16,7 @@
     )
     packages_to_test=(
         libgtest-dev libgmock-dev libxcb1-dev
-        clang-format clang-tidy
+        clang libclang-rt-dev clang-format clang-tidy
         openbox xdotool x11-utils
         dbus at-spi2-core python3-pyatspi
         desktop-file-utils shared-mime-info

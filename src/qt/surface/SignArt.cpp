@@ -9,8 +9,8 @@ namespace qt::surface {
 namespace {
 
 constexpr int switchShape = static_cast<int>(config::MessageKind::Unknown) + 1;
-constexpr int parts = 64;  // of a pixel
-constexpr int margin = 2;  // pixels around a sign, for lines that reach out of its area
+constexpr int parts = 64;     // of a pixel
+constexpr int clearance = 2;  // pixels around a sign, for lines that reach out of its area
 
 int partsOf(qreal pixels) {
     return static_cast<int>(std::lround(pixels * parts));
@@ -21,7 +21,7 @@ int wholeOf(int inParts) {
 }
 
 int pixelsFor(qreal length) {
-    return static_cast<int>(std::ceil(length)) + 2 * margin + 1;
+    return static_cast<int>(std::ceil(length)) + 2 * clearance + 1;
 }
 
 }  // namespace
@@ -40,7 +40,7 @@ void SignArt::draw(QPainter& painter, const QRectF& area, Sign sign) {
     const qreal ratio = painter.device()->devicePixelRatioF();
     const int left = partsOf(area.left() * ratio);
     const int top = partsOf(area.top() * ratio);
-    const QPointF corner(wholeOf(left) - margin, wholeOf(top) - margin);
+    const QPointF corner(wholeOf(left) - clearance, wholeOf(top) - clearance);
     sign.ratio = ratio;
     sign.right = left - wholeOf(left) * parts;
     sign.down = top - wholeOf(top) * parts;
@@ -53,8 +53,8 @@ void SignArt::draw(QPainter& painter, const QRectF& area, Sign sign) {
     pixmap.fill(Qt::transparent);
     QPainter artist(&pixmap);
     artist.setRenderHint(QPainter::Antialiasing);
-    const QPointF start(margin + static_cast<qreal>(sign.right) / parts,
-                        margin + static_cast<qreal>(sign.down) / parts);
+    const QPointF start(clearance + static_cast<qreal>(sign.right) / parts,
+                        clearance + static_cast<qreal>(sign.down) / parts);
     const QRectF within(start / ratio, sign.size);
     if (sign.shape == switchShape) {
         drawToggleSign(artist, within, QColor::fromRgba(sign.colour),
