@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -125,7 +126,9 @@ int run(int count, char** arguments, bool large) {
     app::setIdentity();
     platform::software::SoftwareMidiService midiService;
     qt::desktop::QtDesktop desktop([](int status) { std::exit(status); });
-    app::Editor editor(midiService, desktop);
+    const QTemporaryDir folder;
+    app::Editor editor(midiService, desktop,
+                       folder.filePath(QStringLiteral("unsaved")).toStdString());
     editor.window.combo_mode.choose(editor::userDefinedMode);
     if (large) {
         editor.view.resize(1920, 1080);

@@ -97,7 +97,8 @@ int main(int count, char** arguments) {
     });
     qt::desktop::QtDesktop desktop([](int) {});
     const QTemporaryDir folder;
-    app::Editor editor(midiService, desktop, folder.filePath(QStringLiteral("unsaved")).toStdString());
+    app::Editor editor(midiService, desktop,
+                       folder.filePath(QStringLiteral("unsaved")).toStdString());
     editor.show();
     (void)QTest::qWaitForWindowExposed(&editor.view);
     tormelk.receive(sending::update);

@@ -165,7 +165,8 @@ int main(int argumentCount, char** arguments) {
     platform::software::SoftwareMidiService midiService;
     qt::desktop::QtDesktop desktop([](int status) { std::exit(status); });
     const QTemporaryDir folder;
-    app::Editor editor(midiService, desktop, folder.filePath(QStringLiteral("unsaved")).toStdString());
+    app::Editor editor(midiService, desktop,
+                       folder.filePath(QStringLiteral("unsaved")).toStdString());
     editor.window.combo_mode.choose(editor::userDefinedMode);
     editor.show();
     paintAll();

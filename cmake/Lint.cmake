@@ -72,3 +72,18 @@ function(tormelk_lint_together name)
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/src" "${PROJECT_SOURCE_DIR}/tests")
   target_link_libraries(${name} PRIVATE ${ARGN} tormelk-warnings)
 endfunction()
+
+# tormelk_lint_headers(NAME): has the headers of this folder and those below it read by themselves, for
+# the paths through their inline functions; as part of the target that tormelk_lint_together has made.
+function(tormelk_lint_headers name)
+  if(NOT TORMELK_LINT)
+    return()
+  endif()
+  file(GLOB_RECURSE headers CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
+  list(TRANSFORM headers REPLACE "(.+)" "#include \"\\1\"\n")
+  list(JOIN headers "" headers)
+  set(file "${CMAKE_CURRENT_BINARY_DIR}/everyHeader.cpp")
+  file(CONFIGURE OUTPUT "${file}" CONTENT "${headers}" @ONLY)
+  set_source_files_properties("${file}" PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+  target_sources(${name} PRIVATE "${file}")
+endfunction()

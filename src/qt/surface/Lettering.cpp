@@ -2,7 +2,6 @@
 
 #include <QFontMetricsF>
 #include <QTextLayout>
-#include <utility>
 
 namespace qt::surface {
 
@@ -45,12 +44,12 @@ LaidText laidOut(const QString& text, const QFont& font, qreal size, qreal wides
 }  // namespace
 
 LaidText Lettering::fitted(const QString& text, const QFont& font, qreal size, qreal widest) {
-    Key key{text, font, size, widest};
+    const Key key{text, font, size, widest};
     if (const LaidText* known = texts_.object(key)) {
         return *known;
     }
     LaidText laid = laidOut(text, font, size, widest);
-    texts_.insert(std::move(key), new LaidText(laid));
+    texts_.insert(key, new LaidText(laid));
     return laid;
 }
 

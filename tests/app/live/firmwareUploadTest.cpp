@@ -113,7 +113,8 @@ protected:
     std::vector<int> exits;
     qt::desktop::QtDesktop desktop{[this](int status) { exits.push_back(status); }};
     const QTemporaryDir folder;
-    app::Editor editor{midiService, desktop, folder.filePath(QStringLiteral("unsaved")).toStdString()};
+    app::Editor editor{midiService, desktop,
+                       folder.filePath(QStringLiteral("unsaved")).toStdString()};
 };
 
 void FirmwareUpload::prepare(QDialog& window, const std::string& file) const {
