@@ -1,11 +1,11 @@
 #include "midi/archivedClasses.h"
 
 #include <limits>
-#include <random>
 
 #include "midi/MidiTest.h"
 #include "midi/ZQMIDIVirtualDestination.h"
 #include "midi/ZQMIDIVirtualSource.h"
+#include "midi/archive/garbled.h"
 
 namespace midi {
 namespace {
@@ -206,37 +206,7 @@ TEST_F(ArchivedEndpoints, SurvivesGarbledBytes) {
     const Bytes whole =
         archive::KeyedArchiver().archivedData({manager().realSources().at(0).get(), &descriptor,
                                                nullptr, manager().realDestinations().at(0).get()});
-    archive::KeyedUnarchiver unarchiver(archivedClasses(manager()));
-    std::mt19937 random(20240229);  // the same bytes in every run
-    const auto below = [&](std::size_t end) {
-        return std::uniform_int_distribution<std::size_t>(0, end - 1)(random);
-    };
-    int accepted = 0;
-    for (int round = 0; round < 20'000; ++round) {
-        Bytes bytes = whole;
-        for (std::size_t changes = 1 + below(4); changes > 0; --changes) {
-            switch (below(3)) {
-                case 0:
-                    bytes[below(bytes.size())] = static_cast<std::uint8_t>(below(256));
-                    break;
-                case 1:
-                    bytes.erase(bytes.begin() + static_cast<std::ptrdiff_t>(below(bytes.size())));
-                    break;
-                default:
-                    bytes.insert(bytes.begin() + static_cast<std::ptrdiff_t>(below(bytes.size())),
-                                 static_cast<std::uint8_t>(below(256)));
-            }
-        }
-        const auto objects = unarchiver.unarchiveList(bytes);
-        if (objects) {
-            ++accepted;
-            EXPECT_LE(objects->size(), bytes.size());
-        }
-    }
-    // Some changes only touch a name or a number, so both answers must have been
-    // given.
-    EXPECT_GT(accepted, 0);
-    EXPECT_LT(accepted, 20'000);
+    archive::readGarbledCopies(whole, archive::KeyedUnarchiver(archivedClasses(manager())));
 }
 
 }  // namespace
