@@ -157,6 +157,33 @@ void benchUndoing(app::Editor& editor) {
     timed("a DAW mode", 1);
 }
 
+double residentMebibytes() {
+    constexpr double kibibytesInAMebibyte = 1024;
+    std::ifstream status("/proc/self/status");
+    for (std::string word; status >> word;) {
+        double kibibytes = 0;
+        if (word == "VmRSS:" && status >> kibibytes) {
+            return kibibytes / kibibytesInAMebibyte;
+        }
+    }
+    return 0;
+}
+
+/// What ten thousand of the largest steps there are leave in memory.
+void benchHistory(app::Editor& editor) {
+    constexpr int steps = 10'000;
+    constexpr double goal = 64;
+    const double before = residentMebibytes();
+    for (int step = 0; step < steps; ++step) {
+        editor.window.combo_mode.choose(step % 2 == 0 ? editor::logicMode
+                                                      : editor::userDefinedMode);
+    }
+    const double grown = residentMebibytes() - before;
+    std::printf("Memory of %d steps, each a DAW mode\n  %.1f MiB\n", steps, grown);
+    bench::printGoal("10,000 steps in memory", "64 MiB", grown / goal);
+    std::printf("\n");
+}
+
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
@@ -173,5 +200,6 @@ int main(int argumentCount, char** arguments) {
     benchLoading(editor);
     benchClicking(editor);
     benchUndoing(editor);
+    benchHistory(editor);
     return 0;
 }

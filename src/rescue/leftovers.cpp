@@ -56,7 +56,10 @@ Findings everythingIn(const fs::path& folder) {
     Findings findings;
     std::error_code error;
     const std::vector<CopyName> names = namesIn(folder, error);
-    if (error && error != std::errc::no_such_file_or_directory) {
+    // In a home that is missing, or somebody else's, there is none: that is told when something is
+    // to be kept there.
+    std::error_code unseen;
+    if (error && fs::exists(folder, unseen)) {
         findings.leftAlone.push_back({folder.filename().string(), Obstacle::Unreadable});
     }
     for (const std::string& stem : stemsOf(names)) {

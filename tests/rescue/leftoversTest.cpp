@@ -115,6 +115,13 @@ TEST_F(Leftovers, CannotBeLookedForInWhatIsNoFolderOrIsClosed) {
     });
 }
 
+TEST_F(Leftovers, AreNoneInAHomeThatIsSomebodyElses) {
+    fs::create_directories(folder);
+    fs::permissions(folder.parent_path(), fs::perms::none);
+    files::asOrdinaryUser([&] { EXPECT_THAT(lookInto(folder).leftAlone, IsEmpty()); });
+    fs::permissions(folder.parent_path(), fs::perms::owner_all);
+}
+
 TEST_F(Leftovers, TheOldestAreDroppedSoThatSoManyStay) {
     for (int number = 0; number < 13; ++number) {
         leave(number, number);
